@@ -1,0 +1,82 @@
+/// Classes of ours in the host's object system.
+///
+/// The host must see the mixer's classes under their own names, read their fields by key and reach their methods
+/// by selector. A description is data: the instance variables in declared order and the methods with their
+/// implementations. The C++ object behind a handle is the block of instance variables itself: it lives inside
+/// the host object, is constructed when the object is allocated and destroyed with its last reference.
+#pragma once
+
+#include "platform/CoreGraphics.h"
+#include "platform/NSObject.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <type_traits>
+
+namespace panotra {
+
+/// One instance variable. `encoding` is the runtime's type code: "@" object, "B" boolean, "f" float, "d" double.
+struct InstanceVariable {
+    const char* name;
+    const char* encoding;
+    std::size_t offset;
+    std::size_t size;
+    std::size_t alignment;
+};
+
+/// One method. `encoding` is the runtime's type code of the whole signature, receiver and selector included.
+struct Method {
+    const char* selector;
+    const char* encoding;
+    IMP implementation;
+};
+
+struct ClassDescription {
+    const char* name;
+    const char* superclass;
+    std::span<const InstanceVariable> instanceVariables;
+    std::span<const Method> methods;
+    /// Size of the block of instance variables.
+    std::size_t size;
+    /// Constructs the block in memory of that size and alignment.
+    void (*construct)(void* memory);
+    /// `dealloc`: gives up what the object owns, in its own order, and destroys the block. Runs while `self` is
+    /// still whole; the superclass's `dealloc` follows.
+    void (*destroy)(id self, void* memory);
+};
+
+/// A new object of the class, counted once, its superclass not yet initialised. The first use registers the
+/// class; registering it twice is impossible. Null where the superclass is missing.
+id allocate(const ClassDescription&) noexcept;
+/// `[super init]` for an object of the class. May answer another object, or null. Null gives null.
+id superInit(id self, const ClassDescription&) noexcept;
+/// The block of instance variables. Null for null and for an object of any other class.
+void* instanceVariables(id object, const ClassDescription&) noexcept;
+
+// The type code of a C++ type, for the tables of fields and methods.
+
+template <typename T, typename = void> struct TypeEncoding;
+template <> struct TypeEncoding<void> {
+    static constexpr char value[] = "v";
+};
+template <> struct TypeEncoding<bool> {
+    static constexpr char value[] = "B";
+};
+template <> struct TypeEncoding<float> {
+    static constexpr char value[] = "f";
+};
+template <> struct TypeEncoding<double> {
+    static constexpr char value[] = "d";
+};
+template <> struct TypeEncoding<std::int64_t> {
+    static constexpr char value[] = "q";
+};
+template <> struct TypeEncoding<std::uint16_t> {
+    static constexpr char value[] = "S";
+};
+template <typename T> struct TypeEncoding<T, std::enable_if_t<std::is_base_of_v<NSObject, T>>> {
+    static constexpr char value[] = "@";
+};
+
+} // namespace panotra

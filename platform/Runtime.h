@@ -1,0 +1,38 @@
+/// The host's object system: the handles that cross the seam, classes by name, and method replacement.
+///
+/// Everything under platform/ is called on the host's main thread, the hooking functions excepted: they run on
+/// the thread that loads the library. Declarations only; a backend is chosen by the list of files linked.
+#pragma once
+
+namespace panotra {
+
+struct HostObject;
+struct HostSelector;
+struct HostClass;
+
+/// A host object as it crosses the seam: borrowed, never counted. Null is a value (see NSObject.h).
+using id = HostObject*;
+/// A method name as hooks receive it. Only ever handed back to the host.
+using SEL = const HostSelector*;
+/// A host class. Null where the process lacks it.
+using Class = HostClass*;
+/// A method's implementation. Cast to its true type, `R (*)(id self, SEL selector, …)`, before it is called.
+using IMP = void (*)();
+
+/// The class called `name`, or null if this process has none.
+Class objc_getClass(const char* name) noexcept;
+
+/// Makes `replacement` the implementation of instance method `selector` of `hostClass` and stores the one it
+/// replaces, inherited ones included, in `*previous` before the replacement can be called.
+/// A null class, or a method that the class neither has nor inherits: nothing happens, `*previous` stays.
+void MSHookMessageEx(Class hostClass, const char* selector, IMP replacement, IMP* previous) noexcept;
+
+/// Counting. Null: nothing happens.
+void retain(id object) noexcept;
+void release(id object) noexcept;
+
+/// Hands a counted object to the host's autorelease pool and returns it, for methods that answer an object.
+/// Null gives null.
+id autorelease(id object) noexcept;
+
+} // namespace panotra

@@ -1,0 +1,23 @@
+/// UIWindow: the root of a view tree on the screen.
+#pragma once
+
+#include "platform/UIView.h"
+
+namespace panotra {
+
+/// The level of alerts; windows above it cover them.
+inline constexpr CGFloat UIWindowLevelAlert = 2000;
+
+class UIWindow : public UIView {
+public:
+    using UIView::UIView;
+
+    void setWindowLevel(CGFloat level) const noexcept;
+    void makeKeyAndVisible() const noexcept;
+    /// `[super initWithFrame:]` for an allocated object of a subclass of ours; answers what the superclass answers.
+    static id superInitWithFrame(id self, const ClassDescription&, CGRect frame) noexcept;
+    /// `[super hitTest:withEvent:]`: the view under `point` (in the window's points), null for none.
+    UIView superHitTest(const ClassDescription&, CGPoint point, const NSObject& event) const noexcept;
+};
+
+} // namespace panotra

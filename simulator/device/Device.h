@@ -1,0 +1,78 @@
+/// The simulated device: one home-screen (or other) process made of memory, on a virtual clock.
+///
+/// It is the host: it knows nothing of the library that is loaded into it, calls it only through method tables,
+/// observers and deferred work, and reports what its own implementations do as trace events. One device lives at
+/// a time; it is the process that the simulated backend of the seam talks to.
+#pragma once
+
+#include "simulator/device/Object.h"
+
+#include <nlohmann/json.hpp>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace panotra::sim {
+
+/// A trace event without its time stamp, or any other JSON value; fields keep their order.
+using Json = nlohmann::ordered_json;
+
+class AudioService;
+class ClassTable;
+class DarwinNotifications;
+class HomeScreen;
+class PreferenceDomains;
+class RunLoop;
+class Screen;
+class Touches;
+class ViewNames;
+
+class Device {
+public:
+    /// `preferencesFolder`: where domains live as property lists; none keeps them in memory.
+    explicit Device(std::optional<std::string> preferencesFolder = std::nullopt);
+    /// The process ends: its memory goes at once, no object runs its dealloc.
+    ~Device();
+    Device(const Device&) = delete;
+    Device& operator=(const Device&) = delete;
+
+    /// The device that lives now, or null.
+    static Device* current();
+
+    /// Who gets the trace: called with {"t": …, "event": …, fields…}. None: events cost nothing.
+    std::function<void(const Json&)> traceSink;
+    /// Reports an event; `fields()` gives its fields and is not called when nobody listens.
+    template <typename Fields> void trace(const char* event, Fields fields)
+    {
+        if (traceSink)
+            report(event, fields());
+    }
+    void trace(const char* event)
+    {
+        if (traceSink)
+            report(event, Json::object());
+    }
+
+    /// The bundle identifier of the process; "com.apple.springboard" until set.
+    std::string bundleIdentifier = "com.apple.springboard";
+
+    std::unique_ptr<RunLoop> runLoop; ///< clock, deferred work, animations
+    std::unique_ptr<ClassTable> classes; ///< classes by name, registration, live objects
+    std::unique_ptr<PreferenceDomains> preferences; ///< domains in memory or as files
+    std::unique_ptr<DarwinNotifications> darwin; ///< names, tokens, states, observers
+    std::unique_ptr<AudioService> audio; ///< levels by category, route, active category, echo
+    std::unique_ptr<Screen> screen; ///< size, scale, orientation, status bar
+    std::unique_ptr<HomeScreen> home; ///< the process's own classes, and the events that drive them
+    std::unique_ptr<Touches> touches; ///< fingers, hit tests and recognisers
+
+    /// The name of a view or other object for the trace: the field that holds it. Null for null, and for an
+    /// object that no field has ever held.
+    Json nameOf(HostObject* object);
+
+private:
+    void report(const char* event, Json fields);
+};
+
+} // namespace panotra::sim

@@ -1,0 +1,60 @@
+/// The process's own classes with their own implementations, and the events by which the outside drives them.
+///
+/// Every event goes the way it goes on a phone: through the class table, so that installed hooks see it. An
+/// event on a class that is lacking does nothing. None of these turns the run loop.
+#pragma once
+
+#include "simulator/device/Device.h"
+
+namespace panotra::sim {
+
+enum class Button { Up, Down };
+
+class HomeScreen {
+public:
+    explicit HomeScreen(Device& device);
+    ~HomeScreen();
+
+    // What other programs and the hardware set without telling anybody.
+    std::int64_t volumeMode = 0; ///< `_mode` of VolumeControl
+    bool volumeUpIsDown = false;
+    bool volumeDownIsDown = false;
+    bool assistantVisible = false;
+    double rotationDuration = 0.3; ///< seconds
+
+    // Events.
+    void finishLaunching();
+    /// Absent values leave their key out of the announcement.
+    void announce(const std::optional<std::string>& category, const std::optional<std::string>& reason,
+        std::optional<float> level);
+    void getActiveCategoryVolume(bool named);
+    void setVolume(const std::string& category, float level);
+    void press(Button button);
+    void release(Button button);
+    void presentHUD(double autoDismissDelay);
+    void presentVolumeHUD(std::int64_t mode, float level);
+    void reorientHUD(bool flag);
+    /// `statusBarClass` is "UIStatusBar" or "_UIStatusBar".
+    void setStatusBarFrame(const std::string& statusBarClass, double x, double y, double width, double height);
+    void setRingerMuted(bool muted);
+    /// An untyped sound does not respond to `soundType`.
+    void playSound(std::optional<std::int64_t> type);
+    /// `motionBegan:withEvent:` with an event of that type.
+    void motionBegan(std::int64_t type);
+    /// A Darwin notification from outside.
+    void notify(const std::string& name);
+    void sendActivatorEvent(const std::string& listener);
+    /// `question` is "group", "title", "description" or "icon". Traced as `answer`.
+    void askActivator(const std::string& question, const std::string& listener);
+    /// Slider `slot`'s recogniser sends a state (the platform's number) with the finger at `x` in the slider.
+    void pan(int slot, std::int64_t state, double x);
+
+    /// The mixer's window: the window that is shown, or null.
+    HostObject* window();
+
+private:
+    struct Implementation;
+    std::unique_ptr<Implementation> m_implementation;
+};
+
+} // namespace panotra::sim

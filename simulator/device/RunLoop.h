@@ -1,0 +1,58 @@
+/// The virtual clock, the one queue of deferred work, and block animations.
+#pragma once
+
+#include "simulator/device/Device.h"
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <vector>
+
+namespace panotra::sim {
+
+class Animation;
+struct View;
+
+class RunLoop {
+public:
+    explicit RunLoop(Device& device);
+    ~RunLoop();
+
+    double now() const;
+    /// Runs everything due by now, also what that work makes due by now.
+    void turn();
+    /// Runs everything due up to now + seconds in order, the clock standing at each item's due time meanwhile.
+    void wait(double seconds);
+    /// When the next item is due, or none. For hosts that follow real time.
+    std::optional<double> nextDue() const;
+
+    /// `performSelector:withObject:afterDelay:`. Keeps target and object alive. Traced as `schedule`.
+    void perform(HostObject* target, const HostSelector* selector, HostObject* object, double delay);
+    /// `cancelPreviousPerformRequestsWithTarget:selector:object:`. Traced as `cancel`.
+    void cancelPerforms(HostObject* target, const HostSelector* selector, HostObject* object);
+    /// A block on the main queue. Traced as `dispatch`.
+    void dispatch(double delay, std::function<void()> block);
+    /// Work of the host's own, due now, without events and not listed as pending.
+    void defer(std::function<void()> work);
+
+    /// `animateWithDuration:delay:options:animations:completion:`. Traced as `animate`.
+    void animate(double duration, double delay, std::uint64_t options, const std::function<void()>& animations,
+        std::function<void(bool finished)> completion);
+    /// Called by a view on which a property is being set: the innermost animation block's animation animates it.
+    void noteSet(View& view);
+    /// `removeAllAnimations` of a view's layer.
+    void removeAllAnimations(View& view);
+
+    /// The deferred performs in the order of the queue: {"selector", "object", "due"}.
+    Json pending() const;
+    std::size_t pendingCount() const; ///< everything in the queue
+    std::size_t runningAnimations() const;
+    /// The animations that run now, oldest first, for those who draw what is between the values.
+    const std::list<std::shared_ptr<Animation>>& animations() const;
+
+private:
+    struct Implementation;
+    std::unique_ptr<Implementation> m_implementation;
+};
+
+} // namespace panotra::sim
