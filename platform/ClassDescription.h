@@ -58,25 +58,45 @@ void* instanceVariables(id object, const ClassDescription&) noexcept;
 
 template <typename T, typename = void> struct TypeEncoding;
 template <> struct TypeEncoding<void> {
-    static constexpr char value[] = "v";
+    static constexpr const char* value = "v";
 };
 template <> struct TypeEncoding<bool> {
-    static constexpr char value[] = "B";
+    static constexpr const char* value = "B";
 };
 template <> struct TypeEncoding<float> {
-    static constexpr char value[] = "f";
+    static constexpr const char* value = "f";
 };
 template <> struct TypeEncoding<double> {
-    static constexpr char value[] = "d";
+    static constexpr const char* value = "d";
 };
 template <> struct TypeEncoding<std::int64_t> {
-    static constexpr char value[] = "q";
+    static constexpr const char* value = "q";
 };
 template <> struct TypeEncoding<std::uint16_t> {
-    static constexpr char value[] = "S";
+    static constexpr const char* value = "S";
+};
+template <> struct TypeEncoding<CGPoint> {
+    static constexpr const char* value = sizeof(CGFloat) == 8 ? "{CGPoint=dd}" : "{CGPoint=ff}";
+};
+template <> struct TypeEncoding<CGRect> {
+    static constexpr const char* value
+        = sizeof(CGFloat) == 8 ? "{CGRect={CGPoint=dd}{CGSize=dd}}" : "{CGRect={CGPoint=ff}{CGSize=ff}}";
+};
+template <> struct TypeEncoding<CGAffineTransform> {
+    static constexpr const char* value
+        = sizeof(CGFloat) == 8 ? "{CGAffineTransform=dddddd}" : "{CGAffineTransform=ffffff}";
+};
+template <> struct TypeEncoding<CGFloat*> {
+    static constexpr const char* value = sizeof(CGFloat) == 8 ? "^d" : "^f";
 };
 template <typename T> struct TypeEncoding<T, std::enable_if_t<std::is_base_of_v<NSObject, T>>> {
-    static constexpr char value[] = "@";
+    static constexpr const char* value = "@";
 };
+
+/// A row of a field table: `offset` is the member's place in the block of instance variables.
+template <typename Member> constexpr InstanceVariable instanceVariable(const char* name, std::size_t offset)
+{
+    return { name, TypeEncoding<Member>::value, offset, sizeof(Member), alignof(Member) };
+}
 
 } // namespace panotra

@@ -15,9 +15,9 @@ public:
     /// Brings in what other processes have written. To be called before the first read.
     void synchronize() const noexcept;
     /// Null where the key is absent.
-    NSObject objectForKey(const char* key) const noexcept;
+    NSObject objectForKey(const NSString& key) const noexcept;
     /// Persisted by the preferences system in its own time, at the latest when the handle goes.
-    void setObject(const NSNumber& value, const char* key) const noexcept;
+    void setObject(const NSNumber& value, const NSString& key) const noexcept;
 };
 
 } // namespace panotra

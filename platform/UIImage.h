@@ -14,7 +14,7 @@ public:
     using NSObject::NSObject;
 
     /// Null where the bundle is null or has no such image.
-    static UIImage imageNamed(const char* name, const NSBundle& bundle) noexcept;
+    static UIImage imageNamed(const NSString& name, const NSBundle& bundle) noexcept;
     UIImage imageWithRenderingMode(std::int64_t mode) const noexcept;
 };
 

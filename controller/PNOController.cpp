@@ -1,0 +1,178 @@
+/// The controller's class, its singleton and the measures of the screen.
+#include "controller/PNOController.h"
+
+#include "controller/PNOHelperController.h"
+#include "model/ProcessValues.h"
+#include "platform/MethodEntry.h"
+#include "platform/UIScreen.h"
+#include "views/MixerDelegate.h"
+
+#include <cstddef>
+#include <memory>
+
+namespace panotra {
+namespace {
+
+using Fields = PNOController::InstanceVariables;
+
+constexpr std::array instanceVariableTable {
+    instanceVariable<PNOWindow>("_window", offsetof(Fields, _window)),
+    instanceVariable<UIView>("_rootView", offsetof(Fields, _rootView)),
+    instanceVariable<CGFloat>("_boundsWidth", offsetof(Fields, _boundsWidth)),
+    instanceVariable<CGFloat>("_boundsHeight", offsetof(Fields, _boundsHeight)),
+    instanceVariable<CGFloat>("_iphone4Width", offsetof(Fields, _iphone4Width)),
+    instanceVariable<CGFloat>("_iphone4Height", offsetof(Fields, _iphone4Height)),
+    instanceVariable<UIView>("_containerView", offsetof(Fields, _containerView)),
+    instanceVariable<UIBackdropView>("_rootBackdropView", offsetof(Fields, _rootBackdropView)),
+    instanceVariable<UIBackdropView>("_blurBackdropView", offsetof(Fields, _blurBackdropView)),
+    instanceVariable<UIView>("_groupView0", offsetof(Fields, _groupView0)),
+    instanceVariable<UIView>("_groupView1", offsetof(Fields, _groupView1)),
+    instanceVariable<UIView>("_groupView2", offsetof(Fields, _groupView2)),
+    instanceVariable<UILabel>("_groupLabel0", offsetof(Fields, _groupLabel0)),
+    instanceVariable<UILabel>("_groupLabel1", offsetof(Fields, _groupLabel1)),
+    instanceVariable<UILabel>("_groupLabel2", offsetof(Fields, _groupLabel2)),
+    instanceVariable<PNOVolumeView>("_volumeView0", offsetof(Fields, _volumeView0)),
+    instanceVariable<PNOVolumeView>("_volumeView1", offsetof(Fields, _volumeView1)),
+    instanceVariable<PNOVolumeView>("_volumeView2", offsetof(Fields, _volumeView2)),
+    instanceVariable<PNOVolumeView>("_volumeView3", offsetof(Fields, _volumeView3)),
+    instanceVariable<PNOVolumeView>("_volumeView4", offsetof(Fields, _volumeView4)),
+    instanceVariable<PNOVolumeView>("_volumeView5", offsetof(Fields, _volumeView5)),
+    instanceVariable<PNOVolumeView>("_volumeView6", offsetof(Fields, _volumeView6)),
+    instanceVariable<PNOVolumeView>("_volumeView7", offsetof(Fields, _volumeView7)),
+    instanceVariable<PNOVolumeView>("_volumeView8", offsetof(Fields, _volumeView8)),
+    instanceVariable<PNOVolumeView>("_volumeView9", offsetof(Fields, _volumeView9)),
+    instanceVariable<PNOVolumeView>("_volumeView10", offsetof(Fields, _volumeView10)),
+    instanceVariable<PNOVolumeView>("_volumeView11", offsetof(Fields, _volumeView11)),
+    instanceVariable<float>("_volume", offsetof(Fields, _volume)),
+};
+
+} // namespace
+
+const ClassDescription& PNOController::description() noexcept
+{
+    static const Method methodTable[] = {
+        methodEntry<&PNOController::init>("init"),
+        methodEntry<&PNOController::createUI>("createUI"),
+        methodEntry<&PNOController::destroyHUDWindow>("destroyHUDWindow"),
+        methodEntry<&PNOController::releaseObjects>("releaseObjects"),
+        methodEntry<&PNOController::setVolumeLevel>("setVolumeLevel:forCategory:andRoute:"),
+        methodEntry<&PNOController::getVolumeLevel>("getVolumeLevelForCategory:andRoute:"),
+        methodEntry<&PNOController::pickedRoute>("pickedRoute"),
+        methodEntry<&PNOController::saveVolume>("saveVolume:forKey:"),
+        methodEntry<&PNOController::getVolume>("getVolumeForKey:"),
+        methodEntry<&PNOController::saveVolumeLevelsToDisk>("saveVolumeLevelsToDisk"),
+        methodEntry<&PNOController::importVolumeLevelsToRam>("importVolumeLevelsToRam"),
+        methodEntry<&PNOController::mixerSkinOptions>("mixerSkinOptions"),
+        methodEntry<&PNOController::rootViewTransform>("rootViewTransform"),
+        methodEntry<&PNOController::layoutSubviews>("layoutSubviews"),
+        methodEntry<&PNOController::animateForCategory>("animateForCategory:andRoute:"),
+        methodEntry<&PNOController::autoAnimateView>("autoAnimateView:"),
+        methodEntry<&PNOController::resetAnimation>("resetAnimation:"),
+        methodEntry<&PNOController::resetTransforms>("resetTransforms"),
+        methodEntry<&PNOController::returnViewFromTouchedView>("returnViewFromTouchedView:"),
+    };
+    static const ClassDescription description {
+        "PNOController",
+        "NSObject",
+        instanceVariableTable,
+        methodTable,
+        sizeof(Fields),
+        [](void* memory) { std::construct_at(static_cast<Fields*>(memory)); },
+        // The singleton is never freed while the process runs; only a refused one, with nothing built, gets here.
+        [](id, void* memory) { std::destroy_at(static_cast<Fields*>(memory)); },
+    };
+    return description;
+}
+
+PNOController PNOController::sharedInstance() noexcept
+{
+    if (!processValues.sharedController)
+        processValues.sharedController.set(adopt<PNOController>(allocate(description())).init());
+    return retained<PNOController>(processValues.sharedController.get().get());
+}
+
+PNOController PNOController::init() const
+{
+    PNOController self = retained<PNOController>(superInit(get(), description()));
+    if (Fields* const fields = self.fields()) {
+        const UIScreen screen = UIScreen::mainScreen();
+        CGSize size;
+        if (screen.respondsToSelector("_realDisplayBounds")) {
+            const CGSize pixels = screen.realDisplayBounds().size;
+            size = { pixels.width / screen.scale(), pixels.height / screen.scale() };
+        } else {
+            size = screen.referenceBounds().size;
+        }
+        const CGSize reference = referenceSizeForScreen(size);
+        fields->_boundsWidth = size.width;
+        fields->_boundsHeight = size.height;
+        fields->_iphone4Width = reference.width;
+        fields->_iphone4Height = reference.height;
+    }
+    return isSpringBoardProcess() ? self : nullptr;
+}
+
+PNOController::InstanceVariables* PNOController::fields() const noexcept
+{
+    return static_cast<Fields*>(instanceVariables(get(), description()));
+}
+
+PNOWindow PNOController::window() const
+{
+    const Fields* const self = fields();
+    return self != nullptr ? self->_window : nullptr;
+}
+
+UIView PNOController::rootView() const
+{
+    const Fields* const self = fields();
+    return self != nullptr ? self->_rootView : nullptr;
+}
+
+PNOVolumeView PNOController::volumeView(SlotNumber slot) const
+{
+    Fields* const self = fields();
+    return self != nullptr && slot < volumeSlotCount ? self->volumeView(slot) : nullptr;
+}
+
+// What the views ask of the controller.
+
+namespace mixerDelegate {
+
+void saveVolumeLevelsToDisk() noexcept
+{
+    PNOController::sharedInstance().saveVolumeLevelsToDisk();
+}
+
+NSString pickedRoute() noexcept
+{
+    return PNOController::sharedInstance().pickedRoute();
+}
+
+void autoAnimateView(const PNOVolumeView& view) noexcept
+{
+    PNOController::sharedInstance().autoAnimateView(view);
+}
+
+void resetTransforms() noexcept
+{
+    PNOController::sharedInstance().resetTransforms();
+}
+
+void rescheduleDismissal(double seconds) noexcept
+{
+    PNOController::sharedInstance().rescheduleDismissal(seconds);
+}
+
+UIView returnViewFromTouchedView(const UIView& touchedView) noexcept
+{
+    return PNOController::sharedInstance().returnViewFromTouchedView(touchedView);
+}
+
+NSBundle resourceBundle() noexcept
+{
+    return PNOHelperController::sharedInstance().bundle();
+}
+
+} // namespace mixerDelegate
+} // namespace panotra

@@ -1,0 +1,87 @@
+/// Orientation and layout: turns the root view and gives panel, groups, titles and sliders their frames.
+/// Runs on every reorientation and every change of the status bar; it makes and removes no view.
+#include "controller/MixerStyle.h"
+#include "controller/PNOController.h"
+#include "model/ProcessValues.h"
+#include "platform/SpringBoard.h"
+
+namespace panotra {
+
+CGAffineTransform PNOController::rootViewTransform() const
+{
+    if (fields() == nullptr)
+        return {};
+    return rootTransform(UIApplication::sharedApplication().activeInterfaceOrientation());
+}
+
+/// Every call spends the process's one layout without a rotation animation, even one that finds no window.
+void PNOController::layoutSubviews() const
+{
+    const InstanceVariables* const self = fields();
+    if (self == nullptr)
+        return;
+    if (self->_window) {
+        const std::int64_t orientation = UIApplication::sharedApplication().activeInterfaceOrientation();
+        turnRootView(orientation);
+        processValues.previousOrientation = orientation;
+        if (processValues.activeStyle == panelStyle)
+            layOutPanel(isPortraitOrientation(orientation));
+        else if (processValues.activeStyle == bannerStyle)
+            centerBanner(isPortraitOrientation(orientation));
+    }
+    processValues.justCreated = false;
+}
+
+void PNOController::turnRootView(std::int64_t orientation) const
+{
+    if (processValues.justCreated)
+        return;
+    double duration = SpringBoard::sharedApplication().windowRotationDuration();
+    if (isHalfTurn(processValues.previousOrientation, orientation))
+        duration *= 2;
+    UIView::animateWithDuration(duration, 0, UIViewAnimationOptionAllowUserInteraction,
+        [controller = *this] {
+            const InstanceVariables* const self = controller.fields();
+            self->_rootView.setTransform(controller.rootViewTransform());
+            self->_rootView.setFrame(self->_window.frame());
+        },
+        {});
+}
+
+/// Laid out at full reference size, then shrunk as a whole.
+void PNOController::layOutPanel(bool isPortrait) const
+{
+    InstanceVariables* const self = fields();
+    resetTransforms();
+    self->_containerView.setTransform(CGAffineTransformIdentity);
+    self->_containerView.setFrame(
+        panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), isPortrait));
+    const MixerLayout layout = panelLayout(self->_rootBackdropView.contentView().frame().size, isPortrait);
+    for (std::size_t group = 0; group < groupCount; ++group)
+        self->groupView(group).setFrame(layout.groups[group]);
+    for (const VolumeSlot& slot : volumeSlots) {
+        const PNOVolumeView& slider = self->volumeView(slot.number);
+        slider.setFrame(layout.cells[slot.cell], slider.volume());
+    }
+    for (std::size_t group = 0; group < groupCount; ++group)
+        self->groupLabel(group).setFrame(layout.title);
+    self->_containerView.setTransform(CGAffineTransformMakeScale(processValues.scale, processValues.scale));
+}
+
+/// The banner's frames were set once, when it was built; only its horizontal centre follows the orientation.
+void PNOController::centerBanner(bool isPortrait) const
+{
+    const InstanceVariables* const self = fields();
+    resetTransforms();
+    const CGPoint root = self->_rootView.center();
+    CGFloat x = root.x;
+    if (!isPortrait) {
+        // The root view is turned a quarter: its y runs across the screen.
+        x = SpringBoard::sharedApplication().isSpringBoardStatusBarHidden()
+            ? root.y
+            : UIApplication::sharedApplication().statusBar().center().x;
+    }
+    self->_containerView.setCenter({ x, self->_containerView.center().y });
+}
+
+} // namespace panotra

@@ -1,0 +1,223 @@
+/// createUI: what the overlay is built of, in which order, and how it fades in.
+#include "controller/MixerStyle.h"
+#include "controller/PNOController.h"
+#include "model/ProcessValues.h"
+#include "views/MixerMaterials.h"
+
+namespace panotra {
+namespace {
+
+constexpr CGFloat levelAboveAlerts = 100;
+constexpr std::int64_t fullScreenBlurStyle = 2;
+constexpr std::int64_t bannerBackdropStyle = 2010;
+constexpr CGFloat panelBorderWidth = 1.5;
+constexpr CGFloat titleFontSize = 14;
+
+constexpr CGFloat fadedInBlurRadius = 30;
+constexpr CGFloat initialBlurRadius = 5;
+/// The blur deepens in the first half of the fade-in, the panel appears in the second.
+constexpr double halfFadeInSeconds = 0.15;
+
+constexpr Rgba bannerBorderColor { CGFloat(0.2), CGFloat(0.2), CGFloat(0.2), CGFloat(0.15) };
+/// All but invisible: it makes the whole screen take touches, so that one outside the banner can close it.
+constexpr Rgba touchCatchingColor { CGFloat(0.95), CGFloat(0.95), CGFloat(0.95), CGFloat(0.006) };
+
+struct GroupTitle {
+    const char* panel;
+    const char* banner;
+};
+
+constexpr std::array<GroupTitle, groupCount> groupTitles { {
+    { "Media Volume Level", "Media" },
+    { "PhoneCall Volume Level", "PhoneCall" },
+    { "Extra Volumes Level", "Extras" },
+} };
+
+/// Slider 6 is laid out with slider 5's level. It is wrong and stays so: the stored level arrives right after.
+constexpr SlotNumber levelSourceOf(SlotNumber slot)
+{
+    return slot == 6 ? 5 : slot;
+}
+
+/// A backdrop that takes touches, so that none slips through the mixer.
+UIBackdropView makeTouchableBackdrop(std::int64_t style)
+{
+    const UIBackdropView backdrop = makeBackdrop(style);
+    backdrop.setUserInteractionEnabled(true);
+    return backdrop;
+}
+
+void shapeContainer(const UIView& container, CGFloat cornerRadius)
+{
+    const CALayer layer = container.layer();
+    layer.setMasksToBounds(true);
+    if (layer.respondsToSelector("setContinuousCorners:"))
+        layer.setContinuousCorners(true);
+    layer.setCornerRadius(cornerRadius);
+    layer.setBorderWidth(panelBorderWidth);
+}
+
+} // namespace
+
+void PNOController::createUI() const
+{
+    const InstanceVariables* const self = fields();
+    if (self == nullptr)
+        return;
+    if (processValues.replaceHUD && !processValues.presentedViaActivator)
+        refreshShownMixer();
+    if (!self->_window)
+        buildWindow();
+    self->_window.makeKeyAndVisible();
+}
+
+/// Stops a fade in either direction and starts the time to the dismissal anew. Runs before the first build as well:
+/// the timer is armed all the same.
+void PNOController::refreshShownMixer() const
+{
+    const InstanceVariables* const self = fields();
+    self->_containerView.layer().removeAllAnimations();
+    self->_containerView.setAlpha(1);
+    self->_blurBackdropView.layer().removeAllAnimations();
+    self->_blurBackdropView.setBlurRadius(fadedInBlurRadius);
+    rescheduleDismissal(processValues.autoDismiss);
+}
+
+void PNOController::buildWindow() const
+{
+    InstanceVariables* const self = fields();
+    self->_window = PNOWindow::initWithFrame(CGRectMake(0, 0, self->_boundsWidth, self->_boundsHeight));
+    self->_window.setWindowLevel(UIWindowLevelAlert + levelAboveAlerts);
+
+    self->_rootView = UIView::initWithFrame(self->_window.frame());
+    self->_rootView.setTransform(rootViewTransform());
+    self->_rootView.setFrame(self->_window.frame()); // turned, it still covers the window
+
+    switch (processValues.activeStyle) {
+    case panelStyle:
+        buildPanel();
+        break;
+    case bannerStyle:
+        buildBanner();
+        break;
+    default:
+        self->_window.addSubview(self->_rootView);
+        break;
+    }
+}
+
+void PNOController::buildPanel() const
+{
+    InstanceVariables* const self = fields();
+    self->_blurBackdropView = makeTouchableBackdrop(fullScreenBlurStyle);
+    self->_blurBackdropView.setBlurRadius(initialBlurRadius);
+
+    self->_containerView = UIView::init();
+    self->_rootView.addSubview(self->_containerView);
+    self->_containerView.setFrame(
+        panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), true));
+    self->_containerView.setAlpha(0);
+    shapeContainer(self->_containerView, panelCornerRadius(self->_containerView.frame().size));
+
+    self->_rootBackdropView = makeTouchableBackdrop(plainBackdropStyle);
+    self->_containerView.addSubview(self->_rootBackdropView);
+    buildGroups();
+    buildSliders();
+
+    self->_window.addSubview(self->_blurBackdropView);
+    self->_window.addSubview(self->_rootView);
+    self->_window.bringSubviewToFront(self->_rootView);
+    mixerSkinOptions();
+    importVolumeLevelsToRam();
+    layoutSubviews();
+    fadeIn();
+}
+
+void PNOController::buildBanner() const
+{
+    InstanceVariables* const self = fields();
+    self->_containerView = UIView::init();
+    self->_rootView.addSubview(self->_containerView);
+    self->_containerView.setFrame(bannerFrame(self->_window.frame().size.width, self->referenceSize()));
+    self->_containerView.setAlpha(0);
+    if (processValues.dismissOnTouch)
+        self->_rootView.setBackgroundColor(makeColor(touchCatchingColor));
+    shapeContainer(self->_containerView, bannerCornerRadius(self->_containerView.frame().size));
+    self->_containerView.layer().setBorderColor(makeColor(bannerBorderColor));
+
+    self->_rootBackdropView = makeTouchableBackdrop(plainBackdropStyle);
+    self->_rootBackdropView.transitionToStyle(bannerBackdropStyle);
+    self->_containerView.addSubview(self->_rootBackdropView);
+    buildGroups();
+    buildSliders();
+    layOutBanner();
+
+    self->_window.addSubview(self->_rootView);
+    self->_window.bringSubviewToFront(self->_rootView);
+    mixerSkinOptions();
+    importVolumeLevelsToRam();
+    layoutSubviews();
+    fadeIn();
+    self->_containerView.setTransform(CGAffineTransformMakeScale(processValues.scale, processValues.scale));
+}
+
+/// The groups in order, then their titles in order. The panel's get their frames from the layout; the banner's are
+/// placed once and for all.
+void PNOController::buildGroups() const
+{
+    InstanceVariables* const self = fields();
+    const bool isPanel = processValues.activeStyle == panelStyle;
+    for (std::size_t group = 0; group < groupCount; ++group) {
+        self->groupView(group) = UIView::init();
+        self->_rootBackdropView.contentView().addSubview(self->groupView(group));
+    }
+    for (std::size_t group = 0; group < groupCount; ++group) {
+        const UILabel title = makeLabel(titleFontSize);
+        title.setText(NSString::stringWithUTF8String(isPanel ? groupTitles[group].panel : groupTitles[group].banner));
+        self->groupView(group).addSubview(title);
+        self->groupLabel(group) = title;
+    }
+}
+
+void PNOController::buildSliders() const
+{
+    InstanceVariables* const self = fields();
+    const bool isPanel = processValues.activeStyle == panelStyle;
+    for (const VolumeSlot& slot : volumeSlots) {
+        const PNOVolumeView slider = PNOVolumeView::alloc();
+        if (isPanel)
+            slider.initWithName(NSString::stringWithUTF8String(slot.name), slot.number, slot.canGoToZero);
+        else
+            slider.initWithImage(NSString::stringWithUTF8String(slot.image), slot.number, slot.canGoToZero);
+        self->volumeView(slot.number) = slider;
+        self->groupView(static_cast<std::size_t>(slot.group)).addSubview(slider);
+    }
+}
+
+void PNOController::layOutBanner() const
+{
+    InstanceVariables* const self = fields();
+    const MixerLayout layout = bannerLayout(self->_containerView.frame().size);
+    for (std::size_t group = 0; group < groupCount; ++group) {
+        self->groupView(group).setFrame(layout.groups[group]);
+        self->groupLabel(group).setFrame(layout.title);
+    }
+    for (const VolumeSlot& slot : volumeSlots) {
+        const CGFloat level = self->volumeView(levelSourceOf(slot.number)).volume();
+        self->volumeView(slot.number).setFrame2(layout.cells[slot.cell], level);
+    }
+}
+
+void PNOController::fadeIn() const
+{
+    const InstanceVariables* const self = fields();
+    UIView::animateWithDuration(
+        halfFadeInSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
+        [self] { self->_blurBackdropView.setBlurRadius(fadedInBlurRadius); }, // absent in the banner
+        [controller = *this](bool) {
+            UIView::animateWithDuration(halfFadeInSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
+                [&controller] { controller.fields()->_containerView.setAlpha(1); }, {});
+        });
+}
+
+} // namespace panotra

@@ -1,0 +1,44 @@
+/// Panotra: the library's entry. The constructor installs the hooks and observers; nothing is ever removed.
+///
+/// The functions below are what the host calls. They run on the home screen's main thread, the constructor on the
+/// thread that loads the library, the shake hook on the main thread of whichever process it is in.
+#pragma once
+
+#include "platform/CoreGraphics.h"
+#include "platform/Runtime.h"
+
+#include <cstdint>
+
+namespace panotra {
+
+/// What the loader runs, once, when the library is loaded.
+void constructor() noexcept;
+
+/// Copies the settings of the mixer's own preference domain into the process-wide values.
+void settingsChanged() noexcept;
+/// Copies the auto-dismiss delay from the sibling tool's domain.
+void brv2SettingsChanged() noexcept;
+/// The screen went off or on.
+void screenChanged() noexcept;
+/// Another process reports a shake.
+void uikitShaken() noexcept;
+
+namespace hooks {
+
+// One function a hooked method; each has the signature of the method it replaces. In table order.
+
+void motionBegan(id self, SEL, std::int64_t motion, id event) noexcept;
+void applicationDidFinishLaunching(id self, SEL, id application) noexcept;
+bool getActiveCategoryVolume(id self, SEL, float* volume, id* name, id fallbackCategory) noexcept;
+void postEffectiveVolumeNotification(id self, SEL, id notification) noexcept;
+bool setVolumeTo(id self, SEL, float level, id category) noexcept;
+bool playSound(id self, SEL, id sound, std::uint64_t environments, id completion) noexcept;
+void setRingerMuted(id self, SEL, bool muted) noexcept;
+void presentHUDView(id self, SEL, id view, double autoDismissDelay) noexcept;
+void reorientHUDIfNeeded(id self, SEL, bool flag) noexcept;
+void presentVolumeHUD(id self, SEL, std::int64_t mode, float volume) noexcept;
+void setStatusBarFrame(id self, SEL, CGRect frame) noexcept;
+void setModernStatusBarFrame(id self, SEL, CGRect frame) noexcept;
+
+} // namespace hooks
+} // namespace panotra

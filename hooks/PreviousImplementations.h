@@ -1,0 +1,44 @@
+/// What each hook replaced: the host's own behaviour, or another library's hook.
+#pragma once
+
+#include "platform/CoreGraphics.h"
+#include "platform/Runtime.h"
+
+#include <cstdint>
+
+namespace panotra {
+
+/// The implementation that a hook replaced, called with the types of the method. Null where the class was missing:
+/// the call then answers zero.
+template <typename Signature> struct PreviousImplementation;
+
+template <typename Result, typename... Arguments> struct PreviousImplementation<Result(Arguments...)> {
+    IMP implementation = nullptr;
+
+    Result operator()(id self, SEL selector, Arguments... arguments) const noexcept
+    {
+        if (implementation == nullptr)
+            return Result();
+        return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(implementation)(self, selector, arguments...);
+    }
+};
+
+/// One field a row of the hook table.
+struct PreviousImplementations {
+    PreviousImplementation<void(std::int64_t, id)> motionBegan; ///< kept like the others, never called
+    PreviousImplementation<void(id)> applicationDidFinishLaunching;
+    PreviousImplementation<bool(float*, id*, id)> getActiveCategoryVolume;
+    PreviousImplementation<void(id)> postEffectiveVolumeNotification;
+    PreviousImplementation<bool(float, id)> setVolumeTo;
+    PreviousImplementation<bool(id, std::uint64_t, id)> playSound;
+    PreviousImplementation<void(bool)> setRingerMuted;
+    PreviousImplementation<void(id, double)> presentHUDView;
+    PreviousImplementation<void(bool)> reorientHUDIfNeeded;
+    PreviousImplementation<void(std::int64_t, float)> presentVolumeHUD;
+    PreviousImplementation<void(CGRect)> setStatusBarFrame;
+    PreviousImplementation<void(CGRect)> setModernStatusBarFrame;
+};
+
+extern constinit PreviousImplementations previous;
+
+} // namespace panotra

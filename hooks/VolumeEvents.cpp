@@ -1,0 +1,140 @@
+/// Announcements of the audio service: the heart of the mixer.
+///
+/// A change of the active category or route pushes the pair's remembered level back into the system; a change by
+/// the user is remembered, presents the mixer and brings the pair's slider into focus.
+#include "controller/PNOController.h"
+#include "hooks/Panotra.h"
+#include "hooks/PreviousImplementations.h"
+#include "model/ProcessValues.h"
+#include "platform/AVSystemController.h"
+#include "platform/Dispatch.h"
+#include "platform/SpringBoard.h"
+#include "platform/VolumeOverlays.h"
+
+namespace panotra {
+namespace {
+
+constexpr const char* categoryKey = "AudioCategory";
+constexpr const char* reasonKey = "AudioVolumeChangeReason";
+constexpr const char* levelKey = "AudioVolume";
+
+constexpr double recordSeconds = 0.15;
+constexpr std::int64_t ringerRestoreNanoseconds = 100'000'000;
+/// One step of the volume buttons.
+constexpr double oneSixteenth = 0.0625;
+
+/// Two other overlays may share the process; they are hidden while the mixer stands in for the indicator.
+void driveOtherOverlays()
+{
+    const bool isHidden = processValues.replaceHUD;
+    MeliorWindow::sharedInstance().firstSubview().setHidden(isHidden);
+    const ABVolumeHUDManager manager = ABVolumeHUDManager::sharedManager();
+    if (isHidden)
+        manager.visibilityManager().hideImmediatelyIfPossible();
+    manager.targetView().setHidden(isHidden);
+}
+
+/// After a notification sound older systems must be given the ringer's own level back; newer ones, which have
+/// the class, restore it themselves.
+void restoreRingerAfterSound(const AVSystemController& audio)
+{
+    if (processValues.isAppCallNotification || objc_getClass("UIViewPropertyAnimator") != nullptr)
+        return;
+    dispatch_after(ringerRestoreNanoseconds, [audio] {
+        const NSString ringtone = NSString::stringWithUTF8String(category::ringtone);
+        audio.setVolumeTo(PNOController::sharedInstance().getVolumeLevel(ringtone, nullptr), ringtone);
+    });
+}
+
+/// `_mode` is asked for afresh: the host may change it in between.
+std::int64_t volumeMode()
+{
+    return VolumeControl::sharedVolumeControl().valueForKey("_mode").integerValue();
+}
+
+/// At full volume the sliders always come to rest. In mode 0 every other level but zero is focused, in any other
+/// mode only levels above one sixteenth. The asymmetry is intended.
+bool deservesFocus(double level)
+{
+    if (level == 1.0)
+        return false;
+    if (volumeMode() == 0 && level != 0.0)
+        return true;
+    return volumeMode() != 0 && level > oneSixteenth;
+}
+
+void recordAndFocus(float level, const NSString& route)
+{
+    UIView::animateWithDuration(recordSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
+        [level, &route] {
+            PNOController::sharedInstance().setVolumeLevel(level, processValues.globalCategory.get(), route);
+        },
+        {});
+    if (deservesFocus(level))
+        PNOController::sharedInstance().animateForCategory(processValues.globalCategory.get(), route);
+    else
+        PNOController::sharedInstance().resetTransforms();
+}
+
+void handleAnnouncement(const AVSystemController& audio, const NSDictionary& announcement)
+{
+    processValues.globalCategory.set(NSString::checked(announcement.objectForKey(categoryKey)));
+    const NSString category = processValues.globalCategory.get();
+    const NSString reason = NSString::checked(announcement.objectForKey(reasonKey));
+    const NSString route = PNOController::sharedInstance().pickedRoute();
+    const float level = announcement.objectForKey(levelKey).floatValue();
+    const float stored = PNOController::sharedInstance().getVolumeLevel(category, route);
+    const bool isNewLevel = level != stored;
+
+    if (reason.isEqualToString("CategoryChange") || reason.isEqualToString("RouteChange")) {
+        if (isNewLevel)
+            audio.setVolumeTo(stored, category);
+        return;
+    }
+    if (!reason.isEqualToString("ExplicitVolumeChange"))
+        return;
+    if (processValues.replaceHUD)
+        PNOController::sharedInstance().createUI();
+    if (!isNewLevel)
+        return;
+    processValues.manualSet = false;
+    if (!processValues.isPanning) // else the drag owns the level
+        recordAndFocus(level, route);
+}
+
+} // namespace
+
+/// The announcement of a notification sound's own level is swallowed: neither the system's indicator nor any
+/// other listener sees the ringer at that level.
+void hooks::postEffectiveVolumeNotification(id self, SEL selector, id notification) noexcept
+{
+    driveOtherOverlays();
+    const auto audio = retained<AVSystemController>(self);
+    if (processValues.isHackedRingtoneVolume) {
+        processValues.isHackedRingtoneVolume = false;
+        restoreRingerAfterSound(audio);
+        return;
+    }
+    handleAnnouncement(audio, NSDictionary::checked(retained<NSObject>(notification)));
+    previous.postEffectiveVolumeNotification(self, selector, notification);
+}
+
+/// The first call in the life of the process that asks for a name seeds the category; later ones never touch it.
+bool hooks::getActiveCategoryVolume(id self, SEL selector, float* volume, id* name, id fallbackCategory) noexcept
+{
+    const bool result = previous.getActiveCategoryVolume(self, selector, volume, name, fallbackCategory);
+    if (name != nullptr && !processValues.globalCategoryWasSeeded) {
+        processValues.globalCategoryWasSeeded = true;
+        processValues.globalCategory.set(NSString::checked(retained<NSObject>(*name)));
+    }
+    return result;
+}
+
+/// Sees every such call in the process, the mixer's own included.
+bool hooks::setVolumeTo(id self, SEL selector, float level, id category) noexcept
+{
+    processValues.manualSet = true;
+    return previous.setVolumeTo(self, selector, level, category);
+}
+
+} // namespace panotra

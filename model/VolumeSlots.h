@@ -1,0 +1,151 @@
+/// The twelve volume slots: which pair of audio category and route each one remembers, and everything else that
+/// is known of a slot without a host. Setter, getter, focus, seeds, view tree and drags all read this table.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace panotra {
+
+inline constexpr std::size_t volumeSlotCount = 12;
+
+/// A slot's number: its field (`_volumeView0` …), its slider's tag and its preference key carry it.
+using SlotNumber = std::uint8_t;
+
+/// Answered for a pair that no slot remembers.
+inline constexpr SlotNumber noSlot = 0xff;
+
+/// Audio categories of the platform, compared exactly.
+namespace category {
+inline constexpr const char* audioVideo = "Audio/Video";
+inline constexpr const char* phoneCall = "PhoneCall";
+inline constexpr const char* ringtone = "Ringtone";
+inline constexpr const char* alarm = "Alarm";
+inline constexpr const char* notifications = "Notifications";
+inline constexpr const char* voiceCommand = "VoiceCommand";
+} // namespace category
+
+/// Audio routes of the platform, compared exactly; any other route is unknown.
+namespace route {
+inline constexpr const char* receiver = "Receiver";
+inline constexpr const char* speaker = "Speaker";
+inline constexpr const char* headphone = "Headphone";
+inline constexpr const char* headset = "Headset";
+inline constexpr const char* headphonesBT = "HeadphonesBT";
+inline constexpr const char* headsetBT = "HeadsetBT";
+} // namespace route
+
+/// The group of the mixer in which a slot's slider stands.
+enum class Group : std::uint8_t { Media, PhoneCall, Extras };
+inline constexpr std::size_t groupCount = 3;
+
+/// The place of a slider in its group: reading order of the grid, top to bottom of the column.
+using Cell = std::uint8_t;
+inline constexpr std::size_t cellsPerGroup = 4;
+
+struct VolumeSlot {
+    SlotNumber number;
+    const char* category;
+    /// The one or two routes of the slot; both null where the route does not matter.
+    std::array<const char*, 2> routes;
+    const char* preferenceKey;
+    /// The platform category whose level stands in while nothing is remembered.
+    const char* seedCategory;
+
+    Group group;
+    Cell cell;
+    /// Caption of the named slider (centred panel).
+    const char* name;
+    /// Base name of the icon slider's image (banner).
+    const char* image;
+    /// Whether a drag may take the level to zero; else it stops at one sixteenth.
+    bool canGoToZero;
+
+    // The deliberate differences between the users of the map.
+
+    /// False: the setter does not know the pair and stores nothing for it.
+    bool setterKnowsIt;
+    /// The slot whose slider swells when this pair's level changes.
+    SlotNumber focusSlot;
+    /// False: a drag only remembers the level and never touches the system's.
+    bool dragSetsSystemVolume;
+
+    constexpr bool isForAnyRoute() const { return routes[0] == nullptr; }
+    constexpr bool takesRoute(std::string_view activeRoute) const
+    {
+        return isForAnyRoute() || activeRoute == routes[0] || (routes[1] != nullptr && activeRoute == routes[1]);
+    }
+};
+
+/// In the order of resolution, which is also the order in which sliders are created: media through the earpiece
+/// comes first although it bears the highest number.
+inline constexpr std::array<VolumeSlot, volumeSlotCount> volumeSlots { {
+    // clang-format off
+    //    category                 routes                                     key         seeded from              group             cell name           image           zero   setter focus drag
+    { 11, category::audioVideo,    { route::receiver, nullptr },              "volume11", category::audioVideo,    Group::Media,     0, "Receiver",      "receiver",     true,  true,  11, true  },
+    { 0,  category::audioVideo,    { route::speaker, nullptr },               "volume0",  category::audioVideo,    Group::Media,     1, "Speaker",       "speaker",      true,  true,  0,  true  },
+    { 1,  category::audioVideo,    { route::headphone, route::headset },      "volume1",  category::audioVideo,    Group::Media,     2, "Headphones",    "headphone",    true,  true,  1,  true  },
+    { 2,  category::audioVideo,    { route::headphonesBT, route::headsetBT }, "volume2",  category::audioVideo,    Group::Media,     3, "HeadphonesBT",  "headphonebt",  true,  true,  2,  true  },
+    { 3,  category::phoneCall,     { route::receiver, nullptr },              "volume3",  category::phoneCall,     Group::PhoneCall, 0, "Receiver",      "receiver",     false, true,  3,  true  },
+    { 4,  category::phoneCall,     { route::speaker, nullptr },               "volume4",  category::phoneCall,     Group::PhoneCall, 1, "Speaker",       "speaker",      false, true,  4,  true  },
+    { 5,  category::phoneCall,     { route::headphone, route::headset },      "volume5",  category::phoneCall,     Group::PhoneCall, 2, "Headset",       "headset",      false, true,  5,  true  },
+    { 6,  category::phoneCall,     { route::headphonesBT, route::headsetBT }, "volume6",  category::phoneCall,     Group::PhoneCall, 3, "HeadsetBT",     "headsetbt",    false, true,  6,  true  },
+    { 7,  category::ringtone,      { nullptr, nullptr },                      "volume7",  category::ringtone,      Group::Extras,    0, "Ringtone",      "ringer",       false, true,  7,  true  },
+    { 8,  category::alarm,         { nullptr, nullptr },                      "volume8",  category::alarm,         Group::Extras,    1, "Alarm",         "alarm",        false, true,  8,  true  },
+    // Notifications stand apart on purpose: seeded from the ringer, unknown to the setter, and it is the alarm's
+    // slider that swells for them.
+    { 9,  category::notifications, { nullptr, nullptr },                      "volume9",  category::ringtone,      Group::Extras,    2, "Notifications", "notification", false, false, 8,  false },
+    { 10, category::voiceCommand,  { nullptr, nullptr },                      "volume10", category::voiceCommand,  Group::Extras,    3, "Siri",          "siri",         false, true,  10, true  },
+    // clang-format on
+} };
+
+/// The row of the slot with that number.
+constexpr const VolumeSlot& volumeSlot(SlotNumber number)
+{
+    return volumeSlots[number == 11 ? 0 : static_cast<std::size_t>(number) + 1];
+}
+
+static_assert(
+    [] {
+        for (SlotNumber number = 0; number < volumeSlotCount; ++number) {
+            if (volumeSlot(number).number != number)
+                return false;
+        }
+        return true;
+    }(),
+    "every slot has its row");
+
+/// The row of the first slot that takes the pair, null for none. An empty view stands for a null string.
+constexpr const VolumeSlot* findVolumeSlot(std::string_view audioCategory, std::string_view activeRoute)
+{
+    for (const VolumeSlot& slot : volumeSlots) {
+        if (audioCategory == slot.category && slot.takesRoute(activeRoute))
+            return &slot;
+    }
+    return nullptr;
+}
+
+/// The getter's slot: notifications included.
+constexpr SlotNumber slotToRead(std::string_view audioCategory, std::string_view activeRoute)
+{
+    const VolumeSlot* const slot = findVolumeSlot(audioCategory, activeRoute);
+    return slot != nullptr ? slot->number : noSlot;
+}
+
+/// The setter's slot: no notifications.
+constexpr SlotNumber slotToWrite(std::string_view audioCategory, std::string_view activeRoute)
+{
+    const VolumeSlot* const slot = findVolumeSlot(audioCategory, activeRoute);
+    return slot != nullptr && slot->setterKnowsIt ? slot->number : noSlot;
+}
+
+/// The slot whose slider is brought into focus: the alarm's for notifications.
+constexpr SlotNumber slotToFocus(std::string_view audioCategory, std::string_view activeRoute)
+{
+    const VolumeSlot* const slot = findVolumeSlot(audioCategory, activeRoute);
+    return slot != nullptr ? slot->focusSlot : noSlot;
+}
+
+} // namespace panotra
