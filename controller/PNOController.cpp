@@ -71,11 +71,13 @@ const ClassDescription& PNOController::description() noexcept
         methodEntry<&PNOController::resetTransforms>("resetTransforms"),
         methodEntry<&PNOController::returnViewFromTouchedView>("returnViewFromTouchedView:"),
     };
+    static const Method classMethodTable[] = { methodEntry<&PNOController::sharedInstance>("sharedInstance") };
     static const ClassDescription description {
         "PNOController",
         "NSObject",
         instanceVariableTable,
         methodTable,
+        classMethodTable,
         sizeof(Fields),
         [](void* memory) { std::construct_at(static_cast<Fields*>(memory)); },
         // The singleton is never freed while the process runs; only a refused one, with nothing built, gets here.

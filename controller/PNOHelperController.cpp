@@ -88,11 +88,13 @@ const ClassDescription& PNOHelperController::description() noexcept
             "activator:requiresSmallIconDataForListenerName:scale:"),
         methodEntry<&PNOHelperController::receiveEvent>("activator:receiveEvent:forListenerName:"),
     };
+    static const Method classMethodTable[] = { methodEntry<&PNOHelperController::sharedInstance>("sharedInstance") };
     static const ClassDescription description {
         "PNOHelperController",
         "NSObject",
         instanceVariableTable,
         methodTable,
+        classMethodTable,
         sizeof(Fields),
         [](void* memory) { std::construct_at(static_cast<Fields*>(memory)); },
         [](id, void* memory) { std::destroy_at(static_cast<Fields*>(memory)); },

@@ -37,6 +37,8 @@ struct ClassDescription {
     const char* superclass;
     std::span<const InstanceVariable> instanceVariables;
     std::span<const Method> methods;
+    /// Methods of the class itself, such as `sharedInstance`.
+    std::span<const Method> classMethods;
     /// Size of the block of instance variables.
     std::size_t size;
     /// Constructs the block in memory of that size and alignment.

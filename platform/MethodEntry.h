@@ -68,6 +68,16 @@ struct MethodThunk<Function> {
     static constexpr const char* encoding = SignatureEncoding<Result, std::remove_cvref_t<Arguments>...>::value.data();
 };
 
+/// A static member function as a method of the class: the receiver, the class itself, is not used.
+template <typename Result, typename... Arguments, Result (*Function)(Arguments...) noexcept>
+struct MethodThunk<Function> {
+    static auto call(id, SEL, typename Crossing<std::remove_cvref_t<Arguments>>::Foreign... arguments) noexcept
+    {
+        return Crossing<Result>::out(Function(Crossing<std::remove_cvref_t<Arguments>>::in(arguments)...));
+    }
+    static constexpr const char* encoding = SignatureEncoding<Result, std::remove_cvref_t<Arguments>...>::value.data();
+};
+
 template <auto Function> Method methodEntry(const char* selector) noexcept
 {
     return { selector, MethodThunk<Function>::encoding, reinterpret_cast<IMP>(&MethodThunk<Function>::call) };
