@@ -1,0 +1,144 @@
+/// The command `panotra prefs`: another process that looks at the settings and changes them.
+#include "simulator/preferences/PrefsCommand.h"
+
+#include "simulator/preferences/DefaultFolder.h"
+#include "simulator/preferences/DomainNames.h"
+#include "simulator/preferences/PropertyListFile.h"
+#include "simulator/preferences/SettingText.h"
+#include "simulator/preferences/Utf8.h"
+
+#include <ostream>
+
+namespace panotra::preferences {
+
+namespace {
+
+class Command {
+public:
+    Command(const PrefsRequest& request, std::ostream& output, std::ostream& errors)
+        : m_request(request)
+        , m_output(output)
+        , m_errors(errors)
+    {
+    }
+
+    PrefsStatus run()
+    {
+        if (auto mistake = mistakeInWords())
+            return fail(PrefsStatus::WrongUsage, *mistake);
+        if (auto objection = objectionToDomain(m_request.domain))
+            return fail(PrefsStatus::WrongUsage, "domain " + inQuotes(m_request.domain) + ": " + *objection);
+        const auto folder = m_request.folder ? std::filesystem::path(*m_request.folder) : defaultFolder();
+        if (!folder)
+            return fail(PrefsStatus::FileTrouble, "no home folder to keep preferences in: give one with --prefs");
+        PropertyListFile file(fileOfDomain(*folder, m_request.domain), [this](const std::string& line) { say(line); });
+        return run(file);
+    }
+
+private:
+    std::optional<std::string> mistakeInWords() const
+    {
+        const bool needsKey = m_request.action != PrefsAction::List;
+        const bool needsValue = m_request.action == PrefsAction::Set;
+        if (m_request.key.has_value() != needsKey)
+            return needsKey ? "expected a key after the domain" : "expected nothing after the domain";
+        if (m_request.type.has_value() != needsValue || m_request.value.has_value() != needsValue)
+            return needsValue ? "expected a type and a value after the key" : "expected nothing after the key";
+        if (needsKey && !isUtf8(*m_request.key))
+            return "expected a key in UTF-8";
+        return std::nullopt;
+    }
+
+    PrefsStatus run(PropertyListFile& file)
+    {
+        switch (m_request.action) {
+        case PrefsAction::List:
+            return list(file);
+        case PrefsAction::Get:
+            return get(file);
+        case PrefsAction::Set:
+            return set(file);
+        case PrefsAction::Unset:
+            return unset(file);
+        }
+        return PrefsStatus::WrongUsage;
+    }
+
+    PrefsStatus list(PropertyListFile& file)
+    {
+        if (!file.read(Damaged::Leave))
+            return PrefsStatus::FileTrouble;
+        for (const auto& [key, value] : file.settings()) {
+            m_output << key << ' ' << typeOf(value);
+            if (!value.is_null())
+                m_output << ' ' << (value.is_string() ? inQuotes(textOf(value)) : textOf(value));
+            m_output << '\n';
+        }
+        return PrefsStatus::Done;
+    }
+
+    PrefsStatus get(PropertyListFile& file)
+    {
+        if (!file.read(Damaged::Leave))
+            return PrefsStatus::FileTrouble;
+        const Json* value = file.settings().find(*m_request.key);
+        if (value == nullptr)
+            return failForAbsentKey();
+        if (value->is_null())
+            return fail(PrefsStatus::KeyAbsent, inQuotes(*m_request.key) + " is no number, boolean or string");
+        m_output << textOf(*value) << '\n';
+        return PrefsStatus::Done;
+    }
+
+    PrefsStatus set(PropertyListFile& file)
+    {
+        const ReadSetting setting = readSetting(*m_request.type, *m_request.value);
+        if (!setting.value) {
+            const auto words = inQuotes(*m_request.type) + " " + inQuotes(*m_request.value);
+            return fail(PrefsStatus::WrongUsage, words + ": expected " + setting.expected);
+        }
+        file.set(*m_request.key, *setting.value);
+        return save(file);
+    }
+
+    PrefsStatus unset(PropertyListFile& file)
+    {
+        if (!file.read(Damaged::Leave))
+            return PrefsStatus::FileTrouble;
+        if (file.settings().find(*m_request.key) == nullptr)
+            return failForAbsentKey();
+        file.unset(*m_request.key);
+        return save(file);
+    }
+
+    PrefsStatus save(PropertyListFile& file)
+    {
+        return file.save() == Saved::Failed ? PrefsStatus::FileTrouble : PrefsStatus::Done;
+    }
+
+    PrefsStatus failForAbsentKey()
+    {
+        return fail(PrefsStatus::KeyAbsent, "no key " + inQuotes(*m_request.key) + " in " + m_request.domain);
+    }
+
+    PrefsStatus fail(PrefsStatus status, const std::string& reason)
+    {
+        say(reason);
+        return status;
+    }
+
+    void say(const std::string& line) { m_errors << "panotra prefs: " << line << '\n'; }
+
+    const PrefsRequest& m_request;
+    std::ostream& m_output;
+    std::ostream& m_errors;
+};
+
+} // namespace
+
+PrefsStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors)
+{
+    return Command(request, output, errors).run();
+}
+
+} // namespace panotra::preferences

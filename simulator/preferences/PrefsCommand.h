@@ -1,0 +1,35 @@
+/// The command `panotra prefs`: another process that looks at the settings and changes them.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+namespace panotra::preferences {
+
+enum class PrefsAction { List, Get, Set, Unset };
+
+/// `panotra prefs ACTION [--prefs FOLDER] DOMAIN [KEY [TYPE VALUE]]` as it was typed.
+struct PrefsRequest {
+    PrefsAction action = PrefsAction::List;
+    std::optional<std::string> folder; ///< none: the default folder
+    std::string domain;
+    std::optional<std::string> key;
+    std::optional<std::string> type;
+    std::optional<std::string> value;
+};
+
+/// The exit statuses of the command.
+enum class PrefsStatus {
+    Done = 0,
+    KeyAbsent = 1,
+    WrongUsage = 2,
+    FileTrouble = 3, ///< the file could not be read or written
+};
+
+/// `list` prints a line `KEY TYPE VALUE` for each key, strings in double quotes; `get` prints the value alone.
+/// A value that is no number, boolean or string is listed as `other` and cannot be got. What went wrong is one
+/// line on `errors`.
+PrefsStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors);
+
+} // namespace panotra::preferences
