@@ -1,0 +1,98 @@
+/// The C library's streams: they tell the reason of a failure.
+#include "simulator/Files.h"
+
+#include "simulator/scenario/Text.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace panotra::sim {
+
+namespace {
+
+FileError fileError(const std::string& name, int reason)
+{
+    return { printable(name) + ": " + std::generic_category().message(reason) };
+}
+
+/// Standard streams are not ours to close.
+int leaveOpen(std::FILE*)
+{
+    return 0;
+}
+
+} // namespace
+
+std::variant<std::string, FileError> readFile(const std::string& name)
+{
+    const bool isStandardInput = name == "-";
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(
+        isStandardInput ? stdin : std::fopen(name.c_str(), "re"), isStandardInput ? leaveOpen : std::fclose);
+    const auto shownName = isStandardInput ? "standard input" : name;
+    if (!stream)
+        return fileError(shownName, errno);
+    std::string text;
+    std::array<char, 65536> buffer {};
+    while (const auto length = std::fread(buffer.data(), 1, buffer.size(), stream.get()))
+        text.append(buffer.data(), length);
+    if (std::ferror(stream.get()) != 0)
+        return fileError(shownName, errno);
+    return text;
+}
+
+OutputFile::OutputFile(std::FILE* stream, std::string name)
+    : m_stream(stream, stream == stdout ? leaveOpen : std::fclose)
+    , m_name(std::move(name))
+{
+    if (!m_stream)
+        noteError(errno);
+}
+
+OutputFile OutputFile::standardOutput()
+{
+    return { stdout, "standard output" };
+}
+
+OutputFile OutputFile::named(const std::string& name)
+{
+    return { std::fopen(name.c_str(), "we"), name };
+}
+
+void OutputFile::write(std::string_view text)
+{
+    if (!m_error && std::fwrite(text.data(), 1, text.size(), m_stream.get()) != text.size())
+        noteError(errno);
+}
+
+void OutputFile::close()
+{
+    if (!m_stream)
+        return;
+    if (std::fflush(m_stream.get()) != 0)
+        noteError(errno);
+    // A file system may keep its complaint until the very end.
+    auto* const stream = m_stream.release();
+    if (m_stream.get_deleter()(stream) != 0)
+        noteError(errno);
+}
+
+void OutputFile::noteError(int reason)
+{
+    if (!m_error)
+        m_error = fileError(m_name, reason);
+}
+
+void keepStandardStreams()
+{
+    for (const int descriptor : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
+        // The lowest free number is the one that is missing. Reading from it ends at once; writing fails.
+        if (fcntl(descriptor, F_GETFD) == -1 && errno == EBADF)
+            static_cast<void>(open("/dev/null", O_RDONLY));
+    }
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,46 @@
+/// Files as the command line meets them: whole texts in, a trace out, and what went wrong in one line.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace panotra::sim {
+
+/// "NAME: reason".
+struct FileError {
+    std::string message;
+};
+
+/// The whole of a file; "-" is standard input.
+std::variant<std::string, FileError> readFile(const std::string& name);
+
+/// A file being written, or standard output. Remembers the first error; what comes after it is dropped.
+class OutputFile {
+public:
+    static OutputFile standardOutput();
+    /// Empties the file, or makes it.
+    static OutputFile named(const std::string& name);
+
+    void write(std::string_view text);
+    /// Everything that was written is with the system afterwards, or error() says why not.
+    void close();
+    const std::optional<FileError>& error() const { return m_error; }
+
+private:
+    OutputFile(std::FILE* stream, std::string name);
+    void noteError(int reason);
+
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> m_stream;
+    std::string m_name;
+    std::optional<FileError> m_error;
+};
+
+/// Gives standard input, output and error something to be if the caller left them closed: otherwise a file that is
+/// opened later would take their place, and the trace would end up in it.
+void keepStandardStreams();
+
+} // namespace panotra::sim

@@ -1,0 +1,34 @@
+/// `panotra play`: a scenario from its file to its trace.
+#pragma once
+
+#include "simulator/scenario/Library.h"
+#include "simulator/scenario/TraceWriter.h"
+
+#include <optional>
+#include <string>
+
+namespace panotra::sim {
+
+/// How the program ends.
+enum class ExitStatus {
+    AllWell = 0,
+    ExpectationFailed = 1,
+    WrongInput = 2, ///< the scenario or the command line; nothing was run
+    FileFailed = 3, ///< a file could not be read or written
+};
+
+struct PlayOptions {
+    std::string scenarioFile; ///< "-": standard input
+    std::optional<std::string> preferencesFolder; ///< none: domains live in memory
+    TraceFormat format = TraceFormat::Text;
+    std::optional<std::string> traceFile; ///< none: standard output
+    std::string picturesFolder = ".";
+};
+
+/// Plays the scenario on a device of its own. Complaints go to standard error, a line each.
+ExitStatus play(const PlayOptions& options, const Library& library);
+
+/// Writes a complaint of the program itself to standard error, "panotra: …".
+void complain(const std::string& message);
+
+} // namespace panotra::sim

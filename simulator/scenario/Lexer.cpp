@@ -1,0 +1,90 @@
+/// One pass over a line's characters.
+#include "simulator/scenario/Lexer.h"
+
+#include "simulator/scenario/Text.h"
+
+#include <array>
+#include <cstdio>
+
+namespace panotra::sim {
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+
+std::string describeBadByte(std::string_view source, std::size_t position)
+{
+    std::array<char, 96> message {};
+    std::snprintf(message.data(), message.size(),
+        "found the byte 0x%02x at column %zu, expected UTF-8 text without NUL",
+        static_cast<unsigned>(static_cast<unsigned char>(source[position])), position + 1);
+    return message.data();
+}
+
+/// Reads the word at `position`, which is no blank and no comment, and moves past it. Answers whether every
+/// quote was closed.
+bool readWord(std::string_view source, std::size_t& position, Word& word)
+{
+    bool isOpen = false;
+    for (; position < source.size(); ++position) {
+        const char character = source[position];
+        if (character == '"') {
+            isOpen = !isOpen;
+            word.quoted = true;
+        } else if (isOpen && character == '\\' && position + 1 < source.size()
+            && (source[position + 1] == '"' || source[position + 1] == '\\')) {
+            word.text += source[++position];
+        } else if (!isOpen && (character == '#' || blanks.find(character) != blanks.npos)) {
+            break;
+        } else {
+            word.text += character;
+        }
+    }
+    return !isOpen;
+}
+
+void readWords(Line& line, std::string_view source)
+{
+    std::size_t position = 0;
+    while (true) {
+        position = source.find_first_not_of(blanks, position);
+        if (position == source.npos || source[position] == '#')
+            return;
+        if (!readWord(source, position, line.words.emplace_back()) && !line.mistake)
+            line.mistake = "found a quote that is not closed, expected \" before the end of the line";
+    }
+}
+
+std::string_view withoutBlanksAround(std::string_view source)
+{
+    const auto first = source.find_first_not_of(blanks);
+    if (first == source.npos)
+        return {};
+    return source.substr(first, source.find_last_not_of(blanks) - first + 1);
+}
+
+} // namespace
+
+std::vector<Line> readLines(std::string_view text)
+{
+    std::vector<Line> lines;
+    std::size_t number = 0;
+    while (!text.empty()) {
+        const auto end = text.find('\n');
+        auto source = text.substr(0, end);
+        text.remove_prefix(end == text.npos ? text.size() : end + 1);
+        // Files from elsewhere end their lines with a carriage return as well.
+        if (source.ends_with('\r'))
+            source.remove_suffix(1);
+
+        Line line { .number = ++number, .source = withoutBlanksAround(source), .words = {}, .mistake = {} };
+        if (const auto bad = firstBadByte(source))
+            line.mistake = describeBadByte(source, *bad);
+        readWords(line, source);
+        if (!line.words.empty() || line.mistake)
+            lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,31 @@
+/// Lines and words of a scenario.
+///
+/// Words are separated by spaces and tabs; a part in double quotes may stand anywhere in a word and hold blanks,
+/// `#`, `\"` and `\\`; `#` outside quotes starts a comment.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace panotra::sim {
+
+struct Word {
+    std::string text;
+    /// Whether any part of it stood in quotes, which keeps `"nil"` a name.
+    bool quoted = false;
+};
+
+struct Line {
+    std::size_t number; ///< from 1
+    std::string_view source; ///< as written, in the text that was read; no blanks around it
+    std::vector<Word> words; ///< at least one, unless there is a mistake
+    std::optional<std::string> mistake; ///< "found …, expected …"
+};
+
+/// The lines of `text` that hold words or a mistake. `text` must outlive them.
+std::vector<Line> readLines(std::string_view text);
+
+} // namespace panotra::sim

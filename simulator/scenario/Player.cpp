@@ -1,0 +1,88 @@
+/// The loop over the commands, and the commands that watch instead of act.
+#include "simulator/scenario/Player.h"
+
+#include "simulator/device/Preferences.h"
+#include "simulator/device/RunLoop.h"
+#include "simulator/device/Services.h"
+#include "simulator/scenario/Expectation.h"
+#include "simulator/scenario/Forms.h"
+#include "simulator/scenario/StateReport.h"
+#include "simulator/scenario/Text.h"
+#include "simulator/scenario/TreeReport.h"
+
+#include <utility>
+
+namespace panotra::sim {
+
+Player::Player(Device& device, Library library, Audience audience, Pictures* pictures)
+    : m_device(device)
+    , m_library(std::move(library))
+    , m_audience(std::move(audience))
+    , m_pictures(pictures)
+{
+}
+
+void Player::play(const Scenario& scenario)
+{
+    for (const auto& command : scenario.commands) {
+        m_line = command.line;
+        if (m_audience.commandBegins)
+            m_audience.commandBegins(command);
+        command.form->play(*this, command.arguments);
+        m_device.runLoop->turn();
+        m_device.classes->drainAutoreleasePool();
+        passOnWarnings();
+    }
+}
+
+void Player::reportState()
+{
+    m_device.trace("state", [this] { return stateReport(m_device, m_library); });
+}
+
+void Player::reportTree()
+{
+    m_device.trace("tree", [this] { return treeReport(m_device); });
+}
+
+void Player::shoot(const std::string& name)
+{
+    const auto fileName = name + ".png";
+    const auto failure = m_pictures != nullptr ? m_pictures->write(m_device, fileName)
+                                               : std::optional(fileName + ": this build draws no pictures");
+    if (failure) {
+        failFile(*failure);
+        return;
+    }
+    m_device.trace("shot", [&] { return Json { { "file", fileName } }; });
+}
+
+void Player::expect(const std::string& path, const std::optional<std::string>& value)
+{
+    const auto state = stateReport(m_device, m_library);
+    const auto* const found = valueAt(state, path);
+    if (found != nullptr && matches(*found, value))
+        return;
+    m_expectationsHeld = false;
+    if (m_audience.expectationFailed) {
+        m_audience.expectationFailed(m_line,
+            "found " + (found != nullptr ? inScenarioWords(*found) : std::string("nothing")) + " at " + printable(path)
+                + ", expected " + (value ? printable(*value) : "nil"));
+    }
+}
+
+void Player::failFile(const std::string& message)
+{
+    m_filesWorked = false;
+    if (m_audience.fileFailed)
+        m_audience.fileFailed(message);
+}
+
+void Player::passOnWarnings()
+{
+    const auto& warnings = m_device.preferences->warnings();
+    while (m_warningsPassedOn < warnings.size())
+        failFile(warnings[m_warningsPassedOn++]);
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,19 @@
+/// What events say to a person.
+#pragma once
+
+#include "simulator/device/Device.h"
+
+#include <string>
+#include <vector>
+
+namespace panotra::sim {
+
+/// Whether `next` is told on the line of the events in `run`, which is not empty: those of one moment that follow
+/// each other and are of a kind that comes in rows.
+bool continuesRun(const std::vector<Json>& run, const Json& next);
+
+/// The events of a run on one line, its first word aside: what happened, in columns, then with what. `state` and
+/// `tree` go on in an indented block.
+std::string describeRun(const std::vector<Json>& run);
+
+} // namespace panotra::sim

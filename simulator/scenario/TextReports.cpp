@@ -1,0 +1,116 @@
+/// Blocks of text under their event's line.
+#include "simulator/scenario/TextReports.h"
+
+#include "simulator/scenario/TextFormat.h"
+#include "simulator/scenario/TextTemplate.h"
+
+#include <string_view>
+#include <vector>
+
+namespace panotra::sim {
+
+namespace {
+
+constexpr std::size_t blockIndent = timeColumnWidth + 2;
+constexpr std::size_t titleWidth = 11;
+
+/// "name value" for every field.
+std::vector<std::string> namedValues(const Json& object)
+{
+    std::vector<std::string> items;
+    for (const auto& [name, value] : object.items())
+        items.push_back(shortValue(name) + ' ' + shortValue(value));
+    return items;
+}
+
+std::string titled(std::string title, const std::vector<std::string>& items)
+{
+    title.resize(titleWidth, ' ');
+    const std::size_t column = blockIndent + titleWidth;
+    return '\n' + std::string(blockIndent, ' ') + title + (items.empty() ? "none" : wrapped("", items, column));
+}
+
+/// A title, and each item on a line of its own.
+std::string titledLines(std::string title, const std::vector<std::string>& items)
+{
+    title.resize(titleWidth, ' ');
+    std::string text;
+    for (const auto& item : items) {
+        text += '\n' + std::string(blockIndent, ' ') + title + item;
+        title.assign(titleWidth, ' ');
+    }
+    return text.empty() ? titled(title, items) : text;
+}
+
+/// What a node shows of the fields that only its class has.
+constexpr std::string_view classWords
+    = "[, level {level}][, tag {tag}, {volume%}]{canGoToZero?, may be silent:}[, \"{text}\"]"
+      "[, {fontSize} pt {fontWeight} {textColor}][, image {image}]{template?, tinted:}"
+      "[ {tint}][, style {style}][, quality {quality}]{autosizes?, autosizes:}"
+      "[, blur {blurRadius}][, effect {effectAlpha}]";
+/// The same for all views. What a plain view has is not worth a word.
+constexpr std::string_view layerWords
+    = "{masksToBounds?, clipped:}[, {continuousCorners?continuous :}corners {cornerRadius!}]"
+      "[, border {borderWidth!} {borderColor}]";
+
+std::string describeTransform(const Json& transform)
+{
+    if (transform == Json::array({ 1, 0, 0, 1, 0, 0 }))
+        return {};
+    const auto& scale = transform.at(0);
+    if (transform == Json::array({ scale, 0, 0, scale, 0, 0 }))
+        return ", scale " + shortValue(scale);
+    return ", transform " + shortValue(transform);
+}
+
+void describeNode(const Json& node, std::size_t indent, std::string& text)
+{
+    text += '\n' + std::string(indent, ' ');
+    text += fillTemplate("{name} {class} {frame}{hidden?, hidden:}", node);
+    text += describeTransform(node.at("transform"));
+    if (node.at("alpha") != 1)
+        text += fillTemplate(", alpha {alpha}", node);
+    text += fillTemplate("{interaction?:, takes no touch}[, background {background}]", node);
+    text += fillTemplate(layerWords, node.at("layer")) + fillTemplate(classWords, node);
+    for (const auto& subview : node.at("subviews"))
+        describeNode(subview, indent + 2, text);
+}
+
+} // namespace
+
+std::string describeState(const Json& event)
+{
+    std::vector<std::string> sliders;
+    for (const auto& [slot, slider] : event.at("sliders").items()) {
+        if (!slider.is_null())
+            sliders.push_back(
+                slot + "  " + fillTemplate("{volume%}, text {text}, scale {scale}, frame {frame}", slider));
+    }
+    std::vector<std::string> levels;
+    for (const auto& [category, level] : event.at("system").items())
+        levels.push_back(shortValue(category) + ' ' + percent(level));
+    std::vector<std::string> pending;
+    for (const auto& perform : event.at("pending"))
+        pending.push_back(fillTemplate("{selector}[ {object}] at {due} s", perform));
+
+    const auto& controller = event.at("controller");
+    auto text = titled("globals", namedValues(event.at("globals")));
+    text += titled("controller", controller.is_null() ? std::vector<std::string>() : namedValues(controller));
+    text += titledLines("sliders", sliders) + titled("system", levels);
+    for (const auto& [domain, values] : event.at("prefs").items())
+        text += titled("prefs", { shortValue(domain) }) + titled("", namedValues(values));
+    text += titled("pending", pending) + titled("running", { fillTemplate("{running} animations", event) });
+    return text;
+}
+
+std::string describeTree(const Json& event)
+{
+    std::string text;
+    const auto& root = event.at("root");
+    if (root.is_null())
+        return "no window";
+    describeNode(root, blockIndent, text);
+    return text;
+}
+
+} // namespace panotra::sim
