@@ -27,7 +27,6 @@ class PreferenceDomains;
 class RunLoop;
 class Screen;
 class Touches;
-class ViewNames;
 
 class Device {
 public:
@@ -57,6 +56,9 @@ public:
 
     /// The bundle identifier of the process; "com.apple.springboard" until set.
     std::string bundleIdentifier = "com.apple.springboard";
+
+    /// Where the bundle's pictures are, `NAME@2x.png` or `NAME.png`; empty: every picture is a single pixel.
+    std::string resourceFolder;
 
     std::unique_ptr<RunLoop> runLoop; ///< clock, deferred work, animations
     std::unique_ptr<ClassTable> classes; ///< classes by name, registration, live objects

@@ -49,8 +49,21 @@ public:
     /// Slider `slot`'s recogniser sends a state (the platform's number) with the finger at `x` in the slider.
     void pan(int slot, std::int64_t state, double x);
 
-    /// The mixer's window: the window that is shown, or null.
+    // What the process holds, borrowed.
+
+    /// The one object of a class that has a shared one, or null where the class is lacking. `UIApplication` and
+    /// `SpringBoard` share the application.
+    HostObject* shared(const std::string& className);
+    /// The screen's object. It responds to `_realDisplayBounds` only if the screen has them.
+    HostObject* mainScreen();
+    /// The status bar, its centre where the screen says.
+    HostObject* statusBar();
+    /// The mixer's window, which it keeps in its field `_window`, or null.
     HostObject* window();
+    /// Makes an object the gesture framework's listener. Traced as `listener`.
+    void registerListener(HostObject* listener, const std::string& name);
+    /// The audio service calls its `postEffectiveVolumeNotification:`.
+    void announceChange(const std::string& category, float level);
 
 private:
     struct Implementation;

@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,11 +20,14 @@ struct HostSelector {
     std::string name;
 };
 
-/// A field of a class that was registered at run time, readable by key. `encoding` is "@", "B", "f", "d" or "q".
+/// A field that is readable by key. `encoding` is "@", "B", "f", "d", "q" or "S".
 struct HostField {
     std::string name;
-    char encoding;
-    std::size_t offset;
+    char encoding = '@';
+    /// Where the field lies in the block of instance variables.
+    std::size_t offset = 0;
+    /// Reads a scalar that the host keeps elsewhere; null where the block holds the field.
+    std::int64_t (*read)() = nullptr;
 };
 
 /// A class of the process. `present` is false for a class that the process lacks: it then cannot be found by name.
@@ -36,7 +38,14 @@ struct HostClass {
     HostClass* superclass = nullptr;
     bool present = true;
     std::map<const HostSelector*, Implementation> methods;
+    /// Of the class itself; there is no class object here, so they are called with a null receiver.
+    std::map<const HostSelector*, Implementation> classMethods;
     std::vector<HostField> fields;
+    /// Makes a bare object of the kind that instances are; null: as the superclass does.
+    struct HostObject* (*make)() = nullptr;
+
+    // Of a class that was registered at run time: its block of instance variables.
+    bool isRegistered = false;
     std::size_t instanceSize = 0;
     void (*construct)(void* memory) = nullptr;
     void (*destroy)(struct HostObject* self, void* memory) = nullptr;
@@ -46,10 +55,12 @@ struct HostClass {
     bool inheritsFrom(std::string_view className) const;
 };
 
-/// Any object of the process, counted by hand. Made by sim::Device only.
+/// Any object of the process, counted by hand. Made by sim::ClassTable only.
 struct HostObject {
     HostClass* isa = nullptr;
     std::size_t references = 1;
+    /// Set while its dealloc runs: counting it then neither saves nor frees it a second time.
+    bool isDeallocating = false;
     /// The instance variables of the most derived class that was registered at run time; else null.
     std::unique_ptr<std::byte[]> instanceVariables;
     /// The name that traces call it by, once it has one.
@@ -65,6 +76,27 @@ namespace sim {
 
 const HostSelector* selector(std::string_view name);
 
+/// A function with the host's signature as a method table keeps it.
+template <typename Function> HostClass::Implementation implementation(Function* function)
+{
+    return reinterpret_cast<HostClass::Implementation>(function);
+}
+
+// Counting, for whoever holds an object. Null: nothing happens; nor does anything once the process has ended.
+void retain(HostObject* object);
+void release(HostObject* object);
+
+/// Calls a method's implementation with its true type. Null answers Result().
+template <typename Result, typename... Arguments>
+Result call(
+    HostClass::Implementation implementation, HostObject* self, const HostSelector* name, Arguments... arguments)
+{
+    if (implementation == nullptr)
+        return Result();
+    using Method = Result (*)(HostObject*, const HostSelector*, Arguments...);
+    return reinterpret_cast<Method>(implementation)(self, name, arguments...);
+}
+
 /// Sends a message: finds the implementation and calls it with its true type. A null receiver or a selector that
 /// the class does not know answers Result().
 template <typename Result, typename... Arguments>
@@ -72,11 +104,7 @@ Result send(HostObject* receiver, const HostSelector* name, Arguments... argumen
 {
     if (receiver == nullptr)
         return Result();
-    const auto implementation = receiver->isa->find(name);
-    if (implementation == nullptr)
-        return Result();
-    return reinterpret_cast<Result (*)(HostObject*, const HostSelector*, Arguments...)>(implementation)(
-        receiver, name, arguments...);
+    return call<Result>(receiver->isa->find(name), receiver, name, arguments...);
 }
 
 } // namespace sim

@@ -38,9 +38,11 @@ public:
     /// `animateWithDuration:delay:options:animations:completion:`. Traced as `animate`.
     void animate(double duration, double delay, std::uint64_t options, const std::function<void()>& animations,
         std::function<void(bool finished)> completion);
-    /// Called by a view on which a property is being set: the innermost animation block's animation animates it.
-    void noteSet(View& view);
-    /// `removeAllAnimations` of a view's layer.
+    /// The animation whose block is running, the innermost one; null outside of blocks. A view on which a property
+    /// is set then is animated by it.
+    Animation* animationOfBlock() const;
+    /// `removeAllAnimations` of a view's layer: takes the view out of every animation that runs now, oldest first.
+    /// One that loses its last view ends inside the call, not finished; one that never had a view goes on.
     void removeAllAnimations(View& view);
 
     /// The deferred performs in the order of the queue: {"selector", "object", "due"}.

@@ -1,0 +1,66 @@
+/// The device's life, and its trace.
+#include "simulator/device/Device.h"
+
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/Preferences.h"
+#include "simulator/device/RunLoop.h"
+#include "simulator/device/Services.h"
+
+#include <cassert>
+#include <utility>
+
+namespace panotra::sim {
+
+namespace {
+
+Device* currentDevice = nullptr;
+
+} // namespace
+
+Device::Device(std::optional<std::string> preferencesFolder)
+    : runLoop(std::make_unique<RunLoop>(*this))
+    , classes(std::make_unique<ClassTable>(*this))
+    , preferences(std::make_unique<PreferenceDomains>(*this, std::move(preferencesFolder)))
+    , darwin(std::make_unique<DarwinNotifications>(*this))
+    , audio(std::make_unique<AudioService>())
+    , screen(std::make_unique<Screen>())
+    , home(std::make_unique<HomeScreen>(*this))
+    , touches(std::make_unique<Touches>(*this))
+{
+    assert(currentDevice == nullptr);
+    currentDevice = this;
+}
+
+Device::~Device()
+{
+    // From here on counting is nothing: what deferred work and objects hold goes without a dealloc.
+    currentDevice = nullptr;
+    touches.reset();
+    runLoop.reset();
+    home.reset();
+    classes.reset();
+}
+
+Device* Device::current()
+{
+    return currentDevice;
+}
+
+Json Device::nameOf(HostObject* object)
+{
+    if (object == nullptr)
+        return nullptr;
+    if (object->name.empty())
+        classes->nameHeldObjects();
+    return object->name.empty() ? Json() : Json(object->name);
+}
+
+void Device::report(const char* event, Json fields)
+{
+    Json line { { "t", runLoop->now() }, { "event", event } };
+    for (auto& [name, value] : fields.items())
+        line[name] = std::move(value);
+    traceSink(line);
+}
+
+} // namespace panotra::sim

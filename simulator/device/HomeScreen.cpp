@@ -1,0 +1,292 @@
+/// The events that come from outside, each sent through the class table, and the objects that they reach.
+#include "simulator/device/HomeScreen.h"
+
+#include "simulator/device/RunLoop.h"
+#include "simulator/device/Services.h"
+#include "simulator/device/Values.h"
+#include "simulator/device/View.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace panotra::sim {
+
+namespace {
+
+/// What one press of a volume button is worth.
+constexpr double volumeStep = 0.0625;
+
+constexpr std::int64_t shakeSubtype = 1; ///< UIEventSubtypeMotionShake
+
+constexpr const char* explicitChange = "ExplicitVolumeChange";
+
+/// What the gesture framework asks a listener, by the word for it.
+constexpr std::pair<std::string_view, const char*> listenerQuestions[] = {
+    { "group", "activator:requiresLocalizedGroupForListenerName:" },
+    { "title", "activator:requiresLocalizedTitleForListenerName:" },
+    { "description", "activator:requiresLocalizedDescriptionForListenerName:" },
+};
+
+/// `_realDisplayBounds` of the screen: pixels, upright.
+Rect realDisplayBoundsOfScreen(HostObject*, const HostSelector*)
+{
+    const Screen& screen = *Device::current()->screen;
+    return { 0, 0, screen.width * screen.scale, screen.height * screen.scale };
+}
+
+} // namespace
+
+struct HomeScreen::Implementation {
+    explicit Implementation(Device& owner)
+        : device(owner)
+    {
+    }
+
+    Device& device;
+    std::map<std::string, HostObject*, std::less<>> shared; ///< counted; by class
+    std::vector<std::pair<std::string, HostObject*>> listeners; ///< counted; in the order of registration
+
+    ClassTable& classes() const { return *device.classes; }
+
+    /// The listener object: the one of that name, or else the first that registered at all, which then answers for
+    /// any name. Null before, and without the framework.
+    HostObject* listener(const std::string& name) const
+    {
+        if (listeners.empty() || classes().find("LAActivator") == nullptr)
+            return nullptr;
+        const auto named = std::ranges::find(listeners, name, &std::pair<std::string, HostObject*>::first);
+        return named == listeners.end() ? listeners.front().second : named->second;
+    }
+
+    HostObject* string(const std::string& text) const { return autoreleasedString(text); }
+
+    template <typename Object, typename... Arguments>
+    Object* autoreleased(const char* className, Arguments&&... arguments) const
+    {
+        auto* const object = classes().make<Object>(className, std::forward<Arguments>(arguments)...);
+        classes().autorelease(object);
+        return object;
+    }
+};
+
+HomeScreen::HomeScreen(Device& device)
+    : m_implementation(std::make_unique<Implementation>(device))
+{
+}
+
+HomeScreen::~HomeScreen() = default;
+
+HostObject* HomeScreen::shared(const std::string& className)
+{
+    HostClass* isa = m_implementation->classes().find(className);
+    if (isa == nullptr)
+        return nullptr;
+    if (className == "UIApplication") {
+        if (HostClass* const application = m_implementation->classes().find("SpringBoard"))
+            isa = application;
+    }
+    HostObject*& object = m_implementation->shared[isa->name];
+    if (object == nullptr)
+        object = m_implementation->classes().instantiate(*isa);
+    return object;
+}
+
+HostObject* HomeScreen::statusBar()
+{
+    HostObject* bar = nullptr;
+    for (const char* const className : { "UIStatusBar", "_UIStatusBar", "UIView" }) {
+        if (bar == nullptr)
+            bar = shared(className);
+    }
+    auto* const view = static_cast<View*>(bar);
+    if (view != nullptr) {
+        const auto [x, y] = m_implementation->device.screen->currentStatusBarCenter();
+        view->center = { x, y };
+    }
+    return view;
+}
+
+HostObject* HomeScreen::mainScreen()
+{
+    HostObject* const screen = shared("UIScreen");
+    if (screen == nullptr)
+        return nullptr;
+    const HostSelector* const realDisplayBounds = selector("_realDisplayBounds");
+    if (m_implementation->device.screen->hasRealDisplayBounds)
+        screen->isa->methods.emplace(realDisplayBounds, implementation(realDisplayBoundsOfScreen));
+    else
+        screen->isa->methods.erase(realDisplayBounds);
+    return screen;
+}
+
+HostObject* HomeScreen::window()
+{
+    return m_implementation->classes().heldInField("_window");
+}
+
+void HomeScreen::finishLaunching()
+{
+    HostObject* const application = shared("SpringBoard");
+    send<void>(application, selector("applicationDidFinishLaunching:"), application);
+}
+
+void HomeScreen::announce(
+    const std::optional<std::string>& category, const std::optional<std::string>& reason, std::optional<float> level)
+{
+    HostObject* const service = shared("AVSystemController");
+    if (service == nullptr)
+        return;
+    ClassTable& classes = m_implementation->classes();
+    auto* const announcement = m_implementation->autoreleased<Dictionary>("NSDictionary");
+    if (category.has_value())
+        announcement->adopt("AudioCategory", classes.make<String>("NSString", *category));
+    if (reason.has_value())
+        announcement->adopt("AudioVolumeChangeReason", classes.make<String>("NSString", *reason));
+    if (level.has_value())
+        announcement->adopt("AudioVolume", classes.make<Number>("NSNumber", static_cast<double>(*level)));
+    send<void, HostObject*>(service, selector("postEffectiveVolumeNotification:"), announcement);
+}
+
+void HomeScreen::announceChange(const std::string& category, float level)
+{
+    announce(category, explicitChange, level);
+}
+
+void HomeScreen::getActiveCategoryVolume(bool named)
+{
+    float level = 0;
+    HostObject* name = nullptr;
+    send<bool, float*, HostObject**, HostObject*>(shared("AVSystemController"),
+        selector("getActiveCategoryVolume:andName:fallbackCategory:"), &level, named ? &name : nullptr, nullptr);
+}
+
+void HomeScreen::setVolume(const std::string& category, float level)
+{
+    send<bool>(
+        shared("AVSystemController"), selector("setVolumeTo:forCategory:"), level, m_implementation->string(category));
+}
+
+void HomeScreen::press(Button button)
+{
+    (button == Button::Up ? volumeUpIsDown : volumeDownIsDown) = true;
+    AudioService& audio = *m_implementation->device.audio;
+    const std::string category = audio.activeCategory;
+    const double step = button == Button::Up ? volumeStep : -volumeStep;
+    const auto level = static_cast<float>(std::clamp(double { audio.level(category) } + step, 0.0, 1.0));
+    audio.store(category, level);
+    announceChange(category, level);
+    presentVolumeHUD(volumeMode, level);
+}
+
+void HomeScreen::release(Button button)
+{
+    (button == Button::Up ? volumeUpIsDown : volumeDownIsDown) = false;
+}
+
+void HomeScreen::presentHUD(double autoDismissDelay)
+{
+    HostObject* const view = m_implementation->autoreleased<View>("UIView");
+    send<void>(shared("SBHUDController"), selector("presentHUDView:autoDismissWithDelay:"), view, autoDismissDelay);
+}
+
+void HomeScreen::presentVolumeHUD(std::int64_t mode, float level)
+{
+    send<void>(shared("VolumeControl"), selector("_presentVolumeHUDWithMode:volume:"), mode, level);
+}
+
+void HomeScreen::reorientHUD(bool flag)
+{
+    send<void>(shared("SBHUDController"), selector("reorientHUDIfNeeded:"), flag);
+}
+
+void HomeScreen::setStatusBarFrame(const std::string& statusBarClass, double x, double y, double width, double height)
+{
+    send<void>(shared(statusBarClass), selector("setFrame:"), Rect { x, y, width, height });
+}
+
+void HomeScreen::setRingerMuted(bool muted)
+{
+    send<void>(shared("SBMediaController"), selector("setRingerMuted:"), muted);
+}
+
+void HomeScreen::playSound(std::optional<std::int64_t> type)
+{
+    HostObject* sound = nullptr;
+    if (type.has_value())
+        sound = m_implementation->autoreleased<Sound>("SBSound", *type);
+    else
+        sound = m_implementation->autoreleased<HostObject>("NSObject");
+    send<bool, HostObject*, std::uint64_t, HostObject*>(
+        shared("SBSoundController"), selector("playSound:environments:completion:"), sound, 0, nullptr);
+}
+
+void HomeScreen::motionBegan(std::int64_t type)
+{
+    HostObject* const event = m_implementation->autoreleased<Event>("UIEvent", type);
+    send<void>(shared("UIResponder"), selector("motionBegan:withEvent:"), shakeSubtype, event);
+}
+
+void HomeScreen::notify(const std::string& name)
+{
+    m_implementation->device.darwin->deliver(name);
+}
+
+void HomeScreen::registerListener(HostObject* listener, const std::string& name)
+{
+    m_implementation->device.trace("listener", [&] { return Json { { "name", name } }; });
+    if (listener == nullptr)
+        return;
+    retain(listener);
+    m_implementation->listeners.emplace_back(name, listener);
+}
+
+void HomeScreen::sendActivatorEvent(const std::string& listener)
+{
+    HostObject* const event = m_implementation->autoreleased<GestureEvent>("LAEvent", listener);
+    send<void>(m_implementation->listener(listener), selector("activator:receiveEvent:forListenerName:"),
+        shared("LAActivator"), event, m_implementation->string(listener));
+}
+
+void HomeScreen::askActivator(const std::string& question, const std::string& listener)
+{
+    HostObject* const asked = m_implementation->listener(listener);
+    if (asked == nullptr)
+        return;
+    HostObject* const activator = shared("LAActivator");
+    HostObject* const name = m_implementation->string(listener);
+    Json value;
+    if (question == "icon") {
+        double scale = m_implementation->device.screen->scale;
+        const auto* const data = dynamic_cast<const Data*>(send<HostObject*>(
+            asked, selector("activator:requiresSmallIconDataForListenerName:scale:"), activator, name, &scale));
+        if (data != nullptr)
+            value = data->bytes.size();
+    } else {
+        const auto row
+            = std::ranges::find(listenerQuestions, question, &std::pair<std::string_view, const char*>::first);
+        if (row == std::end(listenerQuestions))
+            return;
+        if (const std::string* const text = textOf(send<HostObject*>(asked, selector(row->second), activator, name)))
+            value = *text;
+    }
+    m_implementation->device.trace("answer", [&] {
+        return Json { { "listener", listener }, { "question", question }, { "value", std::move(value) } };
+    });
+}
+
+void HomeScreen::pan(int slot, std::int64_t state, double x)
+{
+    auto* const slider
+        = dynamic_cast<View*>(m_implementation->classes().heldInField("_volumeView" + std::to_string(slot)));
+    if (slider == nullptr || slider->recognizers.empty())
+        return;
+    PanRecognizer& recognizer = *slider->recognizers.front();
+    retain(&recognizer);
+    recognizer.fixedX = x;
+    recognizer.send(state);
+    recognizer.fixedX.reset();
+    sim::release(&recognizer);
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,148 @@
+/// Own implementations of the application, events, the assistant, other overlays and the gesture framework.
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/PlatformMethods.h"
+#include "simulator/device/Services.h"
+#include "simulator/device/SharedObjects.h"
+#include "simulator/device/Values.h"
+
+namespace panotra::sim {
+
+namespace {
+
+using Selector = const HostSelector*;
+
+Device& device()
+{
+    return *Device::current();
+}
+
+// UIApplication and SpringBoard
+
+void applicationDidFinishLaunching(HostObject*, Selector, HostObject*)
+{
+    device().trace("launched");
+}
+
+std::int64_t activeInterfaceOrientation(HostObject*, Selector)
+{
+    return device().screen->orientation;
+}
+
+HostObject* statusBar(HostObject*, Selector)
+{
+    return device().home->statusBar();
+}
+
+double windowRotationDuration(HostObject*, Selector)
+{
+    return device().home->rotationDuration;
+}
+
+bool isSpringBoardStatusBarHidden(HostObject*, Selector)
+{
+    return device().screen->statusBarHidden;
+}
+
+// Events
+
+std::int64_t eventType(HostObject* self, Selector)
+{
+    return static_cast<Event*>(self)->type;
+}
+
+void motionBegan(HostObject*, Selector, std::int64_t, HostObject* event)
+{
+    device().trace("motion", [event] {
+        const auto* const motion = dynamic_cast<const Event*>(event);
+        return Json { { "type", motion == nullptr ? Json() : Json(motion->type) } };
+    });
+}
+
+// The voice assistant
+
+void traceAssistant(const char* action)
+{
+    device().trace("assistant", [action] { return Json { { "action", action } }; });
+}
+
+bool isSiriVisible(HostObject*, Selector)
+{
+    return device().home->assistantVisible;
+}
+
+void openSiri(HostObject*, Selector)
+{
+    traceAssistant("openSiri");
+}
+
+void dismissSiri(HostObject*, Selector)
+{
+    traceAssistant("dismissSiri");
+}
+
+HostObject* assistantWindow(HostObject* self, Selector)
+{
+    return static_cast<AssistantController*>(self)->window;
+}
+
+// Other overlays
+
+HostObject* visibilityManager(HostObject* self, Selector)
+{
+    return static_cast<VolumeHUDManager*>(self)->visibilityManager;
+}
+
+HostObject* targetView(HostObject* self, Selector)
+{
+    return static_cast<VolumeHUDManager*>(self)->targetView;
+}
+
+void hideImmediatelyIfPossible(HostObject*, Selector)
+{
+    device().trace("overlay", [] {
+        return Json { { "class", "ABVolumeHUDManager" }, { "action", "hideImmediatelyIfPossible" } };
+    });
+}
+
+// The gesture framework
+
+void registerListener(HostObject*, Selector, HostObject* listener, HostObject* name)
+{
+    if (const std::string* const text = textOf(name))
+        device().home->registerListener(listener, *text);
+}
+
+void setHandled(HostObject* self, Selector, bool handled)
+{
+    if (handled)
+        device().trace("handled", [self] {
+            return Json { { "listener", static_cast<const GestureEvent*>(self)->listener } };
+        });
+}
+
+} // namespace
+
+void addHomeScreenMethods(ClassTable& classes)
+{
+    const PlatformMethod methods[] = {
+        { "SpringBoard", "applicationDidFinishLaunching:", implementation(applicationDidFinishLaunching) },
+        { "UIApplication", "activeInterfaceOrientation", implementation(activeInterfaceOrientation) },
+        { "UIApplication", "statusBar", implementation(statusBar) },
+        { "SpringBoard", "windowRotationDuration", implementation(windowRotationDuration) },
+        { "SpringBoard", "isSpringBoardStatusBarHidden", implementation(isSpringBoardStatusBarHidden) },
+        { "UIEvent", "type", implementation(eventType) },
+        { "UIResponder", "motionBegan:withEvent:", implementation(motionBegan) },
+        { "AXSpringBoardServer", "isSiriVisible", implementation(isSiriVisible) },
+        { "AXSpringBoardServer", "openSiri", implementation(openSiri) },
+        { "AXSpringBoardServer", "dismissSiri", implementation(dismissSiri) },
+        { "SBAssistantController", "window", implementation(assistantWindow) },
+        { "ABVolumeHUDManager", "visibilityManager", implementation(visibilityManager) },
+        { "ABVolumeHUDManager", "targetView", implementation(targetView) },
+        { "ABVolumeHUDVisibilityManager", "hideImmediatelyIfPossible", implementation(hideImmediatelyIfPossible) },
+        { "LAActivator", "registerListener:forName:", implementation(registerListener) },
+        { "LAEvent", "setHandled:", implementation(setHandled) },
+    };
+    addMethods(classes, methods);
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,28 @@
+/// The host's own implementations of the methods that programs hook, override, ask for or call by selector.
+#pragma once
+
+#include "simulator/device/Object.h"
+
+#include <span>
+
+namespace panotra::sim {
+
+class ClassTable;
+
+/// A row of a table of methods.
+struct PlatformMethod {
+    const char* className;
+    const char* selector;
+    HostClass::Implementation implementation;
+};
+
+void addMethods(ClassTable& classes, std::span<const PlatformMethod> methods);
+
+/// Views, layers and the screen.
+void addViewMethods(ClassTable& classes);
+/// The audio service, the buttons, the indicator, sounds, the ringer.
+void addServiceMethods(ClassTable& classes);
+/// The application, the assistant, other overlays and the gesture framework.
+void addHomeScreenMethods(ClassTable& classes);
+
+} // namespace panotra::sim

@@ -1,0 +1,171 @@
+/// Own implementations of the audio service, the volume buttons, the indicator, sounds and the ringer.
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/PlatformMethods.h"
+#include "simulator/device/RunLoop.h"
+#include "simulator/device/Services.h"
+#include "simulator/device/Values.h"
+
+namespace panotra::sim {
+
+namespace {
+
+using Selector = const HostSelector*;
+
+Device& device()
+{
+    return *Device::current();
+}
+
+/// A string object's text, or null for anything else.
+Json jsonOfText(const HostObject* object)
+{
+    const std::string* const text = textOf(object);
+    return text == nullptr ? Json() : Json(*text);
+}
+
+Json jsonOfNumber(const HostObject* object)
+{
+    const auto* const number = dynamic_cast<const Number*>(object);
+    return number == nullptr ? Json() : number->value;
+}
+
+// AVSystemController
+
+void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announcement)
+{
+    device().trace("announced", [announcement] {
+        static const Dictionary nothing;
+        const auto* const given = dynamic_cast<const Dictionary*>(announcement);
+        const Dictionary& values = given == nullptr ? nothing : *given;
+        return Json {
+            { "category", jsonOfText(values.objectForKey("AudioCategory")) },
+            { "reason", jsonOfText(values.objectForKey("AudioVolumeChangeReason")) },
+            { "level", jsonOfNumber(values.objectForKey("AudioVolume")) },
+        };
+    });
+}
+
+bool getActiveCategoryVolume(HostObject*, Selector, float* level, HostObject** name, HostObject*)
+{
+    const AudioService& audio = *device().audio;
+    if (level != nullptr)
+        *level = audio.level(audio.activeCategory);
+    if (name != nullptr)
+        *name = autoreleasedString(audio.activeCategory);
+    device().trace("activeVolume", [name] { return Json { { "named", name != nullptr } }; });
+    return true;
+}
+
+bool setVolume(HostObject*, Selector, float level, HostObject* categoryObject)
+{
+    device().trace("setVolume", [&] {
+        return Json { { "category", jsonOfText(categoryObject) }, { "level", static_cast<double>(level) } };
+    });
+    const std::string* const category = textOf(categoryObject);
+    if (category == nullptr)
+        return true;
+    AudioService& audio = *device().audio;
+    const bool isNew = !audio.hasLevel(*category) || audio.level(*category) != level;
+    audio.store(*category, level);
+    if (audio.echo && isNew) {
+        HomeScreen& home = *device().home;
+        device().runLoop->defer([&home, category = *category, level] { home.announceChange(category, level); });
+    }
+    return true;
+}
+
+bool getVolume(HostObject*, Selector, float* level, HostObject* categoryObject)
+{
+    const std::string* const category = textOf(categoryObject);
+    if (category == nullptr || level == nullptr)
+        return false;
+    *level = device().audio->level(*category);
+    return true;
+}
+
+HostObject* attributeForKey(HostObject*, Selector, HostObject* key)
+{
+    const std::string* const name = textOf(key);
+    const auto& route = device().audio->route;
+    if (name == nullptr || *name != "AVController_ActiveAudioRouteAttribute" || !route.has_value())
+        return nullptr;
+    return autoreleasedString(*route);
+}
+
+// VolumeControl and SBHUDController: the host's own indicator
+
+void presentVolumeHUD(HostObject*, Selector self, std::int64_t mode, float level)
+{
+    device().trace("indicator", [&] {
+        return Json { { "by", self->name }, { "mode", mode }, { "level", static_cast<double>(level) } };
+    });
+}
+
+void presentHUDView(HostObject*, Selector self, HostObject*, double delay)
+{
+    device().trace("indicator", [&] { return Json { { "by", self->name }, { "delay", delay } }; });
+}
+
+void reorientHUDIfNeeded(HostObject*, Selector, bool flag)
+{
+    device().trace("reoriented", [flag] { return Json { { "flag", flag } }; });
+}
+
+// SBSoundController and SBMediaController
+
+std::int64_t soundType(HostObject* self, Selector)
+{
+    return static_cast<Sound*>(self)->type;
+}
+
+bool playSound(HostObject*, Selector, HostObject* sound, std::uint64_t, HostObject*)
+{
+    device().trace("sound", [sound] {
+        const auto* const typed = dynamic_cast<const Sound*>(sound);
+        return Json { { "type", typed == nullptr ? Json() : Json(typed->type) } };
+    });
+    return true;
+}
+
+void setRingerMuted(HostObject*, Selector, bool muted)
+{
+    device().trace("ringer", [muted] { return Json { { "muted", muted } }; });
+}
+
+} // namespace
+
+void addServiceMethods(ClassTable& classes)
+{
+    const PlatformMethod methods[] = {
+        { "AVSystemController", "postEffectiveVolumeNotification:", implementation(postEffectiveVolumeNotification) },
+        { "AVSystemController",
+            "getActiveCategoryVolume:andName:fallbackCategory:", implementation(getActiveCategoryVolume) },
+        { "AVSystemController", "setVolumeTo:forCategory:", implementation(setVolume) },
+        { "AVSystemController", "getVolume:forCategory:", implementation(getVolume) },
+        { "AVSystemController", "attributeForKey:", implementation(attributeForKey) },
+        { "VolumeControl", "_presentVolumeHUDWithMode:volume:", implementation(presentVolumeHUD) },
+        { "SBHUDController", "presentHUDView:autoDismissWithDelay:", implementation(presentHUDView) },
+        { "SBHUDController", "reorientHUDIfNeeded:", implementation(reorientHUDIfNeeded) },
+        { "SBSound", "soundType", implementation(soundType) },
+        { "SBSoundController", "playSound:environments:completion:", implementation(playSound) },
+        { "SBMediaController", "setRingerMuted:", implementation(setRingerMuted) },
+    };
+    addMethods(classes, methods);
+
+    classes.platformClass("VolumeControl").fields = {
+        { "_mode", 'q', 0,
+            [] {
+                return device().home->volumeMode;
+            } },
+        { "_volumeUpButtonIsDown", 'B', 0,
+            [] {
+                return std::int64_t { device().home->volumeUpIsDown };
+            } },
+        { "_volumeDownButtonIsDown", 'B', 0,
+            [] {
+                return std::int64_t { device().home->volumeDownIsDown };
+            } },
+    };
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,61 @@
+/// The overlays of two other programs, and the voice assistant.
+#include "simulator/device/SharedObjects.h"
+
+#include "simulator/device/Services.h"
+
+namespace panotra::sim {
+
+namespace {
+
+template <typename Object, typename... Arguments> Object* make(const char* className, Arguments&&... arguments)
+{
+    return Device::current()->classes->make<Object>(className, std::forward<Arguments>(arguments)...);
+}
+
+} // namespace
+
+void OverlayView::setHidden(bool value)
+{
+    View::setHidden(value);
+    Device::current()->trace("overlay", [&] {
+        return Json { { "class", owner }, { "action", "setHidden" }, { "value", value } };
+    });
+}
+
+MeliorWindow::MeliorWindow()
+{
+    auto* const overlay = make<OverlayView>("UIView", "MeliorWindow");
+    addSubview(*overlay);
+    release(overlay);
+}
+
+VolumeHUDManager::VolumeHUDManager()
+    : visibilityManager(make<HostObject>("ABVolumeHUDVisibilityManager"))
+    , targetView(make<OverlayView>("UIView", "ABVolumeHUDManager"))
+{
+}
+
+VolumeHUDManager::~VolumeHUDManager()
+{
+    release(visibilityManager);
+    release(targetView);
+}
+
+void AssistantWindow::setHidden(bool value)
+{
+    View::setHidden(value);
+    if (value)
+        Device::current()->trace("assistant", [] { return Json { { "action", "hideWindow" } }; });
+}
+
+AssistantController::AssistantController()
+    : window(make<AssistantWindow>("UIWindow"))
+{
+}
+
+AssistantController::~AssistantController()
+{
+    release(window);
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,91 @@
+/// Labels, image views, backdrops and recognisers.
+#include "simulator/device/AnimatedSetting.h"
+#include "simulator/device/Services.h"
+#include "simulator/device/View.h"
+
+#include <utility>
+
+namespace panotra::sim {
+
+namespace {
+
+/// Fills its backdrop, always.
+struct ContentView : View {
+    void superviewBoundsChanged() override { applyFrame({ 0, 0, superview->bounds.width, superview->bounds.height }); }
+};
+
+} // namespace
+
+// These three take no touches unless told to; content views and plain views do.
+
+Label::Label()
+{
+    interaction = false;
+}
+
+ImageView::ImageView()
+{
+    interaction = false;
+}
+
+ImageView::~ImageView()
+{
+    release(image);
+}
+
+void ImageView::setImage(Image* value)
+{
+    retain(value);
+    release(std::exchange(image, value));
+}
+
+BackdropView::BackdropView()
+{
+    interaction = false;
+    ClassTable& classes = *Device::current()->classes;
+    content = classes.make<ContentView>("UIView");
+    content->name = "contentView";
+    addSubview(*content);
+    release(content);
+    effect = classes.make<View>("UIView");
+}
+
+BackdropView::~BackdropView()
+{
+    release(effect);
+}
+
+void BackdropView::setBlurRadius(double radius)
+{
+    const AnimatedSetting setting(*this, AnimatedProperty::BlurRadius);
+    blurRadius = radius;
+}
+
+void BackdropView::superviewBoundsChanged()
+{
+    if (autosizes)
+        applyFrame({ 0, 0, superview->bounds.width, superview->bounds.height });
+}
+
+void PanRecognizer::send(std::int64_t newState)
+{
+    if (view == nullptr)
+        return;
+    state = newState;
+    // The action may tear the view down, and with it the target and this recogniser.
+    retain(this);
+    HostObject* const told = target;
+    retain(told);
+    sim::send<void, HostObject*>(told, action, this);
+    release(told);
+    release(this);
+}
+
+Point PanRecognizer::locationIn(const View* asked) const
+{
+    if (fixedX.has_value())
+        return { *fixedX, 0 };
+    return asked == nullptr ? screenPoint : asked->fromScreen(screenPoint).value_or(Point {});
+}
+
+} // namespace panotra::sim
