@@ -43,7 +43,7 @@ constexpr std::array wordings {
     Wording { "perform", "{selector}[ {object}]" },
     Wording { "dispatch", "in {delay} s" },
     Wording { "dispatched", "" },
-    Wording { "animate", "for {duration} s[ after {delay!} s], options {options}" },
+    Wording { "animate", "for {duration} s[ after {delay!0} s], options {options}" },
     Wording { "animationEnd", "{finished?finished:interrupted}" },
     Wording { "windowShown", "" },
     Wording { "overlay", "{class} {action}[ {value}]" },
@@ -123,7 +123,7 @@ bool areNumberedInARow(std::span<const Json> writes)
 std::string describeWrites(std::span<const Json> writes)
 {
     const auto domain = shortValue(writes.front().at("domain")) + "  ";
-    if (!areNumberedInARow(writes)) {
+    if (writes.size() == 1 || !areNumberedInARow(writes)) {
         std::vector<std::string> items;
         for (const auto& write : writes)
             items.push_back(fillTemplate("{key} {value%}", write));

@@ -12,7 +12,7 @@ namespace panotra::sim {
 namespace {
 
 constexpr std::size_t blockIndent = timeColumnWidth + 2;
-constexpr std::size_t titleWidth = 11;
+constexpr std::size_t titleWidth = 12;
 
 /// "name value" for every field.
 std::vector<std::string> namedValues(const Json& object)
@@ -42,35 +42,30 @@ std::string titledLines(std::string title, const std::vector<std::string>& items
     return text.empty() ? titled(title, items) : text;
 }
 
-/// What a node shows of the fields that only its class has.
-constexpr std::string_view classWords
-    = "[, level {level}][, tag {tag}, {volume%}]{canGoToZero?, may be silent:}[, \"{text}\"]"
-      "[, {fontSize} pt {fontWeight} {textColor}][, image {image}]{template?, tinted:}"
-      "[ {tint}][, style {style}][, quality {quality}]{autosizes?, autosizes:}"
-      "[, blur {blurRadius}][, effect {effectAlpha}]";
-/// The same for all views. What a plain view has is not worth a word.
+/// What sets a view apart; what a plain one has is not worth a word.
+constexpr std::string_view viewWords
+    = "{name} {class} {frame}[, transform {transform!(1, 0, 0, 1, 0, 0)}][, alpha {alpha!1}]{hidden?, hidden:}"
+      "[, background {background}]";
 constexpr std::string_view layerWords
-    = "{masksToBounds?, clipped:}[, {continuousCorners?continuous :}corners {cornerRadius!}]"
-      "[, border {borderWidth!} {borderColor}]";
+    = "{masksToBounds?, clipped:}[, corners {cornerRadius!0}]{continuousCorners?, continuous:}"
+      "[, border {borderWidth!0}][ in {borderColor}]";
+/// The fields that only some classes have.
+constexpr std::string_view classWords
+    = "[, level {level}][, tag {tag}][, {volume%}]{canGoToZero?, may be silent:}[, \"{text}\"][, {fontSize} pt]"
+      "[ {fontWeight}][ in {textColor}][, image {image}]{template?, template:}[ in {tint}][, style {style}]"
+      "[, quality {quality}]{autosizes?, autosizes:}[, blur {blurRadius}][, effect alpha {effectAlpha!1}]";
 
-std::string describeTransform(const Json& transform)
+/// Whether views of the class take no interaction unless told to.
+bool isPassive(const Json& className)
 {
-    if (transform == Json::array({ 1, 0, 0, 1, 0, 0 }))
-        return {};
-    const auto& scale = transform.at(0);
-    if (transform == Json::array({ scale, 0, 0, scale, 0, 0 }))
-        return ", scale " + shortValue(scale);
-    return ", transform " + shortValue(transform);
+    return className == "UILabel" || className == "UIImageView" || className == "_UIBackdropView";
 }
 
 void describeNode(const Json& node, std::size_t indent, std::string& text)
 {
-    text += '\n' + std::string(indent, ' ');
-    text += fillTemplate("{name} {class} {frame}{hidden?, hidden:}", node);
-    text += describeTransform(node.at("transform"));
-    if (node.at("alpha") != 1)
-        text += fillTemplate(", alpha {alpha}", node);
-    text += fillTemplate("{interaction?:, takes no touch}[, background {background}]", node);
+    text += '\n' + std::string(indent, ' ') + fillTemplate(viewWords, node);
+    if (node.at("interaction") == isPassive(node.at("class")))
+        text += fillTemplate("{interaction?, takes touches:, takes no touch}", node);
     text += fillTemplate(layerWords, node.at("layer")) + fillTemplate(classWords, node);
     for (const auto& subview : node.at("subviews"))
         describeNode(subview, indent + 2, text);
@@ -99,7 +94,7 @@ std::string describeState(const Json& event)
     text += titledLines("sliders", sliders) + titled("system", levels);
     for (const auto& [domain, values] : event.at("prefs").items())
         text += titled("prefs", { shortValue(domain) }) + titled("", namedValues(values));
-    text += titled("pending", pending) + titled("running", { fillTemplate("{running} animations", event) });
+    text += titled("pending", pending) + titled("animations", { fillTemplate("{running} running", event) });
     return text;
 }
 

@@ -3,6 +3,8 @@
 
 #include "simulator/scenario/TextFormat.h"
 
+#include <algorithm>
+
 namespace panotra::sim {
 
 namespace {
@@ -32,13 +34,14 @@ std::string fillHole(std::string_view hole, const Json& fields, bool& saysNothin
         const auto yes = takeUntil(hole, ':');
         return std::string(isYes ? yes : hole);
     }
-    const char mark = hole.empty() ? '\0' : hole.back();
-    if (mark == '%' || mark == '!')
+    const bool isLevel = hole.ends_with('%');
+    if (isLevel)
         hole.remove_suffix(1);
-    const auto& value = fieldOf(fields, hole);
-    if (value.is_null() || (mark == '!' && value == 0))
+    const auto& value = fieldOf(fields, takeUntil(hole, '!'));
+    auto text = isLevel ? percent(value) : shortValue(value);
+    if (value.is_null() || text == hole)
         saysNothing = true;
-    return mark == '%' ? percent(value) : shortValue(value);
+    return text;
 }
 
 std::string fillPart(std::string_view wording, const Json& fields, bool& saysNothing)

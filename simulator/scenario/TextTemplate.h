@@ -4,9 +4,9 @@
 ///     {level%}                    the same as a percentage
 ///     {muted?muted:unmuted}       the first words for yes, the second for no; null and an absent field are no
 ///     [ after {delay} s]          left out where a field in it is absent or null
-///     [ after {delay!} s]         left out where the field is 0 as well
+///     [ after {delay!0} s]        left out where it would say "0" as well
 ///
-/// Brackets and braces do not nest otherwise.
+/// Braces and brackets do not nest in any other way.
 #pragma once
 
 #include "simulator/device/Device.h"
