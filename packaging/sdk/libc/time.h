@@ -1,0 +1,4 @@
+/// The type that <chrono> is built on.
+#pragma once
+
+typedef long time_t;

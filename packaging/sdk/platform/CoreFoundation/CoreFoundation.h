@@ -1,0 +1,25 @@
+/// The notification centre that delivers Darwin notifications on the main thread.
+#pragma once
+
+typedef long CFIndex;
+typedef const void* CFTypeRef;
+typedef const struct __CFString* CFStringRef; // an NSString is one
+typedef const struct __CFDictionary* CFDictionaryRef;
+typedef struct __CFNotificationCenter* CFNotificationCenterRef;
+
+typedef CFIndex CFNotificationSuspensionBehavior;
+typedef void (*CFNotificationCallback)(
+    CFNotificationCenterRef center, void* observer, CFStringRef name, const void* object, CFDictionaryRef userInfo);
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter(void);
+void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void* observer,
+    CFNotificationCallback callBack, CFStringRef name, const void* object,
+    CFNotificationSuspensionBehavior suspensionBehavior);
+
+#ifdef __cplusplus
+}
+#endif

@@ -1,0 +1,28 @@
+/// Grand Central Dispatch: one delayed block on the main queue.
+#pragma once
+
+#include <stdint.h>
+
+typedef uint64_t dispatch_time_t;
+typedef struct dispatch_queue_s* dispatch_queue_t;
+typedef void (^dispatch_block_t)(void);
+
+#define DISPATCH_TIME_NOW (0ull)
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+extern struct dispatch_queue_s _dispatch_main_q;
+
+dispatch_time_t dispatch_time(dispatch_time_t when, int64_t delta);
+void dispatch_after(dispatch_time_t when, dispatch_queue_t, dispatch_block_t);
+
+#ifdef __cplusplus
+}
+#endif
+
+static inline dispatch_queue_t dispatch_get_main_queue(void)
+{
+    return &_dispatch_main_q;
+}

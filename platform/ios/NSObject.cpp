@@ -1,0 +1,143 @@
+/// What every object can do: identity, fields by key, conversions, delayed performs.
+#include "platform/NSObject.h"
+
+#include "platform/NSString.h"
+#include "platform/ios/Classes.h"
+#include "platform/ios/ObjectiveC.h"
+#include "platform/ios/Send.h"
+
+#include <cmath>
+#include <string_view>
+
+namespace panotra {
+
+using namespace ios;
+
+namespace {
+
+/// Whether the runtime's type code is of a kind that key-value reads can make an object of: objects and scalars.
+/// Qualifiers, such as "constant", stand before the code itself.
+bool isReadable(const char* encoding)
+{
+    constexpr std::string_view qualifiers = "rnNoORV";
+    constexpr std::string_view objectsAndScalars = "@cCsSiIlLqQfdB";
+    if (encoding == nullptr)
+        return false;
+    while (*encoding != '\0' && qualifiers.find(*encoding) != qualifiers.npos)
+        ++encoding;
+    return *encoding != '\0' && objectsAndScalars.find(*encoding) != objectsAndScalars.npos;
+}
+
+constexpr unsigned receiverAndSelector = 2;
+
+/// Whether a key-value read of `key` answers. The platform raises for a key that it cannot read, so everything
+/// that it would find is looked for beforehand: a method of that name, else an instance variable.
+bool hasReadableKey(id object, const char* key)
+{
+    ::Class const objectClass = object_getClass(toRuntime(object));
+    if (::Method const getter = class_getInstanceMethod(objectClass, sel_registerName(key)))
+        return method_getNumberOfArguments(getter) == receiverAndSelector && isReadable(method_getTypeEncoding(getter));
+    if (!send(objectOf(fromRuntime(objectClass)), selectors::accessInstanceVariablesDirectly))
+        return false;
+    Ivar const variable = class_getInstanceVariable(objectClass, key);
+    return variable != nullptr && isReadable(ivar_getTypeEncoding(variable));
+}
+
+bool isString(const NSObject& object)
+{
+    return isKindOf(object.get(), classes::NSString);
+}
+
+/// Only these two have conversions; anything else would raise.
+bool isConvertible(const NSObject& object)
+{
+    return isKindOf(object.get(), classes::NSNumber) || isString(object);
+}
+
+/// A number that is stored as an integer must not go by way of a double, which has no room for 64 bits.
+bool isInteger(const NSObject& object)
+{
+    constexpr std::string_view floats = "fd";
+    const char* const encoding = send(object.get(), selectors::objCType);
+    return encoding != nullptr && floats.find(*encoding) == floats.npos;
+}
+
+/// Truncated toward zero, then modulo 2^64, as a two's complement number. The platform leaves what lies beyond 64 bits
+/// open, and processors differ.
+std::int64_t wrappedInteger(double number)
+{
+    constexpr double twoTo64 = 18446744073709551616.0;
+    if (!std::isfinite(number))
+        return 0;
+    const double wrapped = std::fmod(std::trunc(number), twoTo64);
+    const auto magnitude = static_cast<std::uint64_t>(std::fabs(wrapped));
+    return static_cast<std::int64_t>(wrapped < 0 ? std::uint64_t { 0 } - magnitude : magnitude);
+}
+
+} // namespace
+
+bool NSObject::isEqual(const NSObject& other) const noexcept
+{
+    return send(get(), selectors::isEqual, other.get());
+}
+
+bool NSObject::respondsToSelector(const char* selector) const noexcept
+{
+    return selector != nullptr && answers(get(), selectorNamed(selector));
+}
+
+NSObject NSObject::valueForKey(const char* key) const noexcept
+{
+    if (get() == nullptr || key == nullptr || !hasReadableKey(get(), key))
+        return nullptr;
+    return ask<NSObject>(get(), selectors::valueForKey, NSString::stringWithUTF8String(key).get());
+}
+
+bool NSObject::boolValue() const noexcept
+{
+    return isConvertible(*this) && send(get(), selectors::boolValue);
+}
+
+float NSObject::floatValue() const noexcept
+{
+    return isConvertible(*this) ? send(get(), selectors::floatValue) : 0;
+}
+
+double NSObject::doubleValue() const noexcept
+{
+    return isConvertible(*this) ? send(get(), selectors::doubleValue) : 0;
+}
+
+std::int64_t NSObject::integerValue() const noexcept
+{
+    if (!isConvertible(*this))
+        return 0;
+    if (!isString(*this) && isInteger(*this))
+        return send(get(), selectors::longLongValue);
+    return wrappedInteger(send(get(), selectors::doubleValue));
+}
+
+std::uint16_t NSObject::unsignedShortValue() const noexcept
+{
+    return static_cast<std::uint16_t>(integerValue()); // a string has no such conversion of its own
+}
+
+/// A delay that is no number would leave the timer undefined.
+void NSObject::performSelector(const char* selector, const NSObject& object, double delay) const noexcept
+{
+    if (selector == nullptr)
+        return;
+    const SEL name = selectorNamed(selector);
+    if (answers(get(), name))
+        send(get(), selectors::performSelector, name, object.get(), std::isnan(delay) ? 0 : delay);
+}
+
+void NSObject::cancelPreviousPerformRequests(
+    const NSObject& target, const char* selector, const NSObject& object) noexcept
+{
+    if (target && selector != nullptr)
+        send(classes::NSObject, selectors::cancelPreviousPerformRequests, target.get(), selectorNamed(selector),
+            object.get());
+}
+
+} // namespace panotra
