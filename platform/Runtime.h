@@ -35,4 +35,17 @@ void release(id object) noexcept;
 /// Null gives null.
 id autorelease(id object) noexcept;
 
+/// Takes what the host autoreleases during its life and lets it go at its end. For entry points around which the host
+/// keeps no pool of its own, such as the load of the library.
+class AutoreleasePool {
+public:
+    AutoreleasePool() noexcept;
+    ~AutoreleasePool();
+    AutoreleasePool(const AutoreleasePool&) = delete;
+    AutoreleasePool& operator=(const AutoreleasePool&) = delete;
+
+private:
+    void* m_pool;
+};
+
 } // namespace panotra
