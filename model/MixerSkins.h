@@ -1,19 +1,17 @@
 /// The four skins: one look for the panel and for its sliders.
 #pragma once
 
-#include "platform/CoreGraphics.h"
-
 #include <array>
 #include <cstdint>
 
 namespace panotra {
 
-/// Red, green, blue, alpha from 0 to 1.
+/// Red, green, blue, alpha from 0 to 1. Doubles, as the tables are written; the platform takes them as its own floats.
 struct Rgba {
-    CGFloat red;
-    CGFloat green;
-    CGFloat blue;
-    CGFloat alpha;
+    double red;
+    double green;
+    double blue;
+    double alpha;
 };
 
 /// The panel's and the sliders' backdrop before any skin: a plain blur.

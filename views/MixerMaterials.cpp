@@ -5,7 +5,8 @@ namespace panotra {
 
 UIColor makeColor(const Rgba& rgba)
 {
-    return UIColor::colorWithRed(rgba.red, rgba.green, rgba.blue, rgba.alpha);
+    return UIColor::colorWithRed(static_cast<CGFloat>(rgba.red), static_cast<CGFloat>(rgba.green),
+        static_cast<CGFloat>(rgba.blue), static_cast<CGFloat>(rgba.alpha));
 }
 
 UIBackdropView makeBackdrop(std::int64_t style)
