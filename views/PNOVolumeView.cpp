@@ -82,6 +82,7 @@ const ClassDescription& PNOVolumeView::description() noexcept
         "UIView",
         instanceVariableTable,
         methodTable,
+        {},
         sizeof(Fields),
         [](void* memory) { std::construct_at(static_cast<Fields*>(memory)); },
         tearDown,

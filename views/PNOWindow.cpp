@@ -16,6 +16,7 @@ const ClassDescription& PNOWindow::description() noexcept
         "UIWindow",
         {},
         methodTable,
+        {},
         0,
         [](void*) {},
         [](id, void*) {},
