@@ -89,9 +89,9 @@ void OutputFile::noteError(int reason)
 void keepStandardStreams()
 {
     for (const int descriptor : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
-        // The lowest free number is the one that is missing. Reading from it ends at once; writing fails.
+        // The lowest free number is the one that is missing. Opened the wrong way round, it fails when it is used.
         if (fcntl(descriptor, F_GETFD) == -1 && errno == EBADF)
-            static_cast<void>(open("/dev/null", O_RDONLY));
+            static_cast<void>(open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY));
     }
 }
 

@@ -5,8 +5,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <csignal>
-#include <map>
+#include <string>
 
 namespace {
 
@@ -26,16 +27,26 @@ ExitStatus run(int argumentCount, char** arguments)
     app.set_version_flag("--version", "panotra " PANOTRA_VERSION);
 
     PlayOptions options;
-    auto* const playCommand = app.add_subcommand("play", "Play a scenario and print what the host saw");
-    playCommand->add_option("FILE", options.scenarioFile, "The scenario; - is standard input")->required();
-    playCommand->add_option("--prefs", options.preferencesFolder,
-        "Keep preference domains as property lists in this folder (default: in memory)");
     std::string format = "text";
-    playCommand->add_option("--format", format, "How the trace is written: text or json")
+    auto* const playCommand = app.add_subcommand("play", "Play a scenario and print what the host saw");
+    playCommand->add_option("FILE", options.scenarioFile, "The scenario; - is standard input")
+        ->required()
+        ->type_name("");
+    playCommand
+        ->add_option("--prefs", options.preferencesFolder,
+            "Keep each preference domain as the property list DIR/<domain>.plist; without it domains live in memory")
+        ->type_name("DIR");
+    playCommand->add_option("--format", format, "The trace as text for people or as json, a line an event")
         ->check(CLI::IsMember({ "text", "json" }))
+        ->type_name("FORMAT")
         ->capture_default_str();
-    playCommand->add_option("--trace", options.traceFile, "Write the trace to this file (default: standard output)");
-    playCommand->add_option("--shots", options.picturesFolder, "Where shot puts its pictures")->capture_default_str();
+    playCommand->add_option("--trace", options.traceFile, "Write the trace to OUT instead of standard output")
+        ->type_name("OUT");
+    playCommand->add_option("--shots", options.picturesFolder, "Where shot puts its pictures")
+        ->type_name("DIR")
+        ->capture_default_str();
+    playCommand->footer("Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is "
+                        "wrong and\nnothing was run, 3 a file could not be read or written.");
 
     try {
         app.parse(argumentCount, arguments);

@@ -1,0 +1,203 @@
+/// `panotra` as a person runs it: options, exit statuses, and one line for what goes wrong.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using ::testing::ContainsRegex;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+struct Ended {
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+/// A folder of its own for every test, in which the program runs.
+class CommandLine : public ::testing::Test {
+protected:
+    CommandLine()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "panotra-XXXXXX").string();
+        folder = mkdtemp(name.data());
+        write("good", "load\nlaunch\nexpect globals.scale 0.875\n");
+        write("failing", "load\n\nexpect globals.scale 1\nlaunch\nexpect running 7\n");
+        write("wrong", "lunch\nload\nscreen 1 1 1\nwait -1\n");
+    }
+    ~CommandLine() override { std::filesystem::remove_all(folder); }
+
+    void write(const char* file, std::string_view text) const { std::ofstream(folder / file) << text; }
+    std::string read(const char* file) const
+    {
+        std::ostringstream text;
+        text << std::ifstream(folder / file).rdbuf();
+        return text.str();
+    }
+
+    /// Runs a script of the shell in the folder; `$panotra` is the program.
+    Ended runScript(const std::string& script) const
+    {
+        const auto command
+            = "cd '" + folder.string() + "' && panotra='" PANOTRA_PROGRAM "' && { " + script + "; } >.output 2>.errors";
+        const int status = std::system(command.c_str());
+        return { WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(".output"), read(".errors") };
+    }
+    /// Runs `panotra` with arguments and redirections as the shell reads them.
+    Ended run(const std::string& arguments) const { return runScript("\"$panotra\" " + arguments); }
+
+    std::filesystem::path folder;
+};
+
+TEST_F(CommandLine, AScenarioThatGoesWellEndsWithZeroAndSaysNothingOfErrors)
+{
+    const auto ended = run("play good --format json");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_THAT(ended.output, StartsWith("{\"t\":0.0,\"event\":\"hook\""));
+    EXPECT_EQ(ended.errors, "");
+}
+
+TEST_F(CommandLine, TextIsTheDefault)
+{
+    EXPECT_THAT(run("play good").output, HasSubstr("\nlaunch\n     0.000  launched\n"));
+    EXPECT_EQ(run("play good").output, run("play good --format text").output);
+}
+
+TEST_F(CommandLine, ADashIsStandardInput)
+{
+    EXPECT_EQ(run("play - <good").output, run("play good").output);
+    const auto ended = run("play - <wrong");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_THAT(ended.errors, StartsWith("-:1: found \"lunch\""));
+}
+
+TEST_F(CommandLine, FailedExpectationsAreAllReportedAndEndWithOne)
+{
+    const auto ended = run("play failing");
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.errors,
+        "failing:3: found 0.875 at globals.scale, expected 1\n"
+        "failing:5: found 0 at running, expected 7\n");
+    EXPECT_THAT(ended.output, HasSubstr("launched"));
+}
+
+TEST_F(CommandLine, MistakesAreAllReportedBeforeAnythingRuns)
+{
+    write("kept", "what was there\n");
+    const auto ended = run("play wrong --trace kept --prefs unborn");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(ended.errors,
+        "wrong:1: found \"lunch\", expected a command (did you mean launch?)\n"
+        "wrong:3: found screen after load (line 2), expected it before load\n"
+        "wrong:4: found \"-1\" for SECONDS, expected a number not below 0\n");
+    EXPECT_EQ(read("kept"), "what was there\n");
+    EXPECT_FALSE(exists(folder / "unborn"));
+}
+
+TEST_F(CommandLine, TheTraceMayGoToAFile)
+{
+    const auto ended = run("play good --format json --trace out");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(read("out"), run("play good --format json").output);
+}
+
+TEST_F(CommandLine, ATraceDoesNotReplaceItsScenario)
+{
+    EXPECT_EQ(run("play good --trace ./good").status, 2);
+    EXPECT_THAT(read("good"), StartsWith("load\n"));
+}
+
+TEST_F(CommandLine, FilesThatCannotBeReadEndWithThreeAndOneLine)
+{
+    EXPECT_EQ(run("play missing").errors, "panotra: missing: No such file or directory\n");
+    EXPECT_EQ(run("play .").errors, "panotra: .: Is a directory\n");
+    EXPECT_EQ(run("play good/x").errors, "panotra: good/x: Not a directory\n");
+    EXPECT_EQ(run("play ''").errors, "panotra: : No such file or directory\n");
+    EXPECT_EQ(run("play - <.").errors, "panotra: standard input: Is a directory\n");
+    EXPECT_EQ(run("play - <&-").errors, "panotra: standard input: Bad file descriptor\n");
+    for (const auto* arguments : { "missing", ".", "good/x", "''", "- <.", "- <&-" })
+        EXPECT_EQ(run(std::string("play ") + arguments).status, 3) << arguments;
+}
+
+TEST_F(CommandLine, PlacesThatCannotBeWrittenEndWithThreeAndOneLine)
+{
+    EXPECT_EQ(run("play good --trace no/such/place").errors, "panotra: no/such/place: No such file or directory\n");
+    EXPECT_EQ(run("play good --trace .").errors, "panotra: .: Is a directory\n");
+    EXPECT_EQ(run("play good --trace /dev/full").errors, "panotra: /dev/full: No space left on device\n");
+    EXPECT_EQ(run("play good >/dev/full").errors, "panotra: standard output: No space left on device\n");
+    EXPECT_EQ(run("play good --prefs good").errors, "panotra: good: Not a directory\n");
+    for (const auto* arguments :
+        { "--trace no/such/place", "--trace .", "--trace /dev/full", ">/dev/full", "--prefs good", ">&-" })
+        EXPECT_EQ(run(std::string("play good ") + arguments).status, 3) << arguments;
+}
+
+TEST_F(CommandLine, AReaderThatGoesAwayIsAnErrorOfWriting)
+{
+    // More than a pipe holds, so that writing goes on when the reader is gone for certain.
+    std::string states;
+    for (int count = 0; count < 1000; ++count)
+        states += "state\n";
+    write("long", states);
+    const auto ended = runScript("{ \"$panotra\" play long --format json; echo $? >status; } | :; cat status");
+    EXPECT_EQ(ended.output, "3\n");
+    EXPECT_EQ(ended.errors, "panotra: standard output: Broken pipe\n");
+}
+
+TEST_F(CommandLine, AClosedStandardOutputHarmsNoOtherFile)
+{
+    write("loud", "load\nlaunch\nset-volume Ringtone 0.25\npref d k int 1\n");
+    EXPECT_EQ(run("play loud --format json --prefs prefs >&-").status, 3);
+    EXPECT_THAT(read("prefs/d.plist"), ::testing::Not(HasSubstr("event")));
+}
+
+TEST_F(CommandLine, PreferencesAreKeptInTheFolderAndReadBackFromIt)
+{
+    write("set", "pref net.example.domain key float 0.25\n");
+    write("get", "expect prefs.net.example.domain.key 0.25\n");
+    EXPECT_EQ(run("play set --prefs a/new/folder").status, 0);
+    EXPECT_EQ(run("play get --prefs a/new/folder").status, 0);
+    EXPECT_EQ(run("play get").status, 1);
+}
+
+TEST_F(CommandLine, AWrongCommandLineEndsWithTwoAndOneLine)
+{
+    for (const auto* arguments : { "", "frobnicate", "play", "play good good", "play good --format xml",
+             "play good --bogus", "play good --trace", "--prefs . play good", "play good --prefs a --prefs b" }) {
+        const auto ended = run(arguments);
+        EXPECT_EQ(ended.status, 2) << arguments;
+        EXPECT_EQ(ended.output, "") << arguments;
+        EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]+\n$")) << arguments;
+    }
+}
+
+TEST_F(CommandLine, HelpAndVersionGoToStandardOutput)
+{
+    for (const auto* arguments : { "--help", "-h", "play --help" }) {
+        const auto ended = run(arguments);
+        EXPECT_EQ(ended.status, 0) << arguments;
+        EXPECT_THAT(ended.output, HasSubstr("Usage: panotra")) << arguments;
+        EXPECT_EQ(ended.errors, "") << arguments;
+    }
+    EXPECT_THAT(run("play --help").output, HasSubstr("Exit status"));
+    const auto ended = run("--version");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_THAT(ended.output, ContainsRegex("^panotra [0-9]+\\.[0-9]+\\.[0-9]+\n$"));
+}
+
+TEST_F(CommandLine, AFileNameCannotDriveTheTerminal)
+{
+    EXPECT_THAT(run("play $(printf 'a\\033[31m')").errors, StartsWith("panotra: a\\x1b[31m: "));
+}
+
+} // namespace
