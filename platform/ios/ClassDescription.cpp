@@ -80,12 +80,23 @@ void addMethod(::Class hostClass, const Method& method)
     class_addMethod(hostClass, sel_registerName(method.selector), method.implementation, method.encoding);
 }
 
+/// The block may end behind its last field, in padding that the compiler is free to write: an object must have room for
+/// it. "?" is the code of an unknown type, which no key-value read touches.
+void addTail(::Class added, const ClassDescription& description)
+{
+    const auto& fields = description.instanceVariables;
+    const std::size_t end = fields.empty() ? 0 : fields.back().offset + fields.back().size;
+    if (end < description.size)
+        class_addIvar(added, "_tail", description.size - end, 0, "?");
+}
+
 void addMembers(::Class added, const ClassDescription& description)
 {
     for (const InstanceVariable& variable : description.instanceVariables) {
         const auto log2Alignment = static_cast<std::uint8_t>(std::countr_zero(variable.alignment));
         class_addIvar(added, variable.name, variable.size, log2Alignment, variable.encoding);
     }
+    addTail(added, description);
     for (const Method& method : description.methods)
         addMethod(added, method);
     addMethod(added, { "dealloc", "v@:", reinterpret_cast<IMP>(&deallocate) });
