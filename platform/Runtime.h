@@ -35,12 +35,18 @@ void release(id object) noexcept;
 /// Null gives null.
 id autorelease(id object) noexcept;
 
-/// Takes what the host autoreleases during its life and lets it go at its end. For entry points around which the host
-/// keeps no pool of its own, such as the load of the library.
+/// A pool for what the host autoreleases until the pool is popped, innermost first.
+void* objc_autoreleasePoolPush() noexcept;
+void objc_autoreleasePoolPop(void* pool) noexcept;
+
+/// A pool for the life of a scope: for entry points around which the host keeps none, such as the load of the library.
 class AutoreleasePool {
 public:
-    AutoreleasePool() noexcept;
-    ~AutoreleasePool();
+    AutoreleasePool() noexcept
+        : m_pool(objc_autoreleasePoolPush())
+    {
+    }
+    ~AutoreleasePool() { objc_autoreleasePoolPop(m_pool); }
     AutoreleasePool(const AutoreleasePool&) = delete;
     AutoreleasePool& operator=(const AutoreleasePool&) = delete;
 

@@ -49,14 +49,14 @@ id autorelease(id object) noexcept
     return fromRuntime(objc_autorelease(toRuntime(object)));
 }
 
-AutoreleasePool::AutoreleasePool() noexcept
-    : m_pool(objc_autoreleasePoolPush())
+void* objc_autoreleasePoolPush() noexcept
 {
+    return ::objc_autoreleasePoolPush();
 }
 
-AutoreleasePool::~AutoreleasePool()
+void objc_autoreleasePoolPop(void* pool) noexcept
 {
-    objc_autoreleasePoolPop(m_pool);
+    ::objc_autoreleasePoolPop(pool);
 }
 
 } // namespace panotra

@@ -34,4 +34,13 @@ id autorelease(id object) noexcept
     return device == nullptr ? nullptr : device->classes->autorelease(object);
 }
 
+// The device has one pool, which it empties itself after every piece of work.
+
+void* objc_autoreleasePoolPush() noexcept
+{
+    return nullptr;
+}
+
+void objc_autoreleasePoolPop(void*) noexcept { }
+
 } // namespace panotra
