@@ -1,0 +1,43 @@
+# What one does with this project. `make` alone explains; the work itself stands in CMake and in scripts/.
+
+SHELL := /bin/bash
+.DEFAULT_GOAL := help
+MAKEFLAGS += --no-print-directory
+
+build := build
+example := examples/headphones.scenario
+preferences := $(build)/preferences
+jobs := $(shell nproc)
+
+# Somebody who watches sees the build move; a log gets its mistakes only.
+quiet := $(shell test -t 1 || echo --quiet)
+
+.PHONY: help
+help: ## explain the targets
+	@echo "make TARGET, where TARGET is one of"
+	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  %-8s %s\n", $$1, $$2 }' $(MAKEFILE_LIST)
+
+.PHONY: build
+build: ## install what is missing and build the program: build/panotra
+	@scripts/install-dependencies build
+	@cmake --preset default --log-level=WARNING $(if $(wildcard $(build)/CMakeCache.txt),,-DBUILD_TESTING=OFF)
+	@cmake --build $(build) --parallel $(jobs) --target panotra panotra_resources -- $(quiet)
+
+.PHONY: run
+run: build ## build, and play a day in the life of the mixer
+	@scripts/install-dependencies run
+	@scripts/play-example $(build)/panotra $(example) $(preferences)
+
+.PHONY: test
+test: ## build and run all tests, once more under the sanitizers
+	@scripts/install-dependencies build test
+	@scripts/run-tests $(build) $(jobs) $(quiet)
+
+.PHONY: format
+format: ## format all sources
+	@scripts/install-dependencies test
+	@. tests/checks/rooms.sh && sources . | xargs clang-format-14 -i
+
+.PHONY: clean
+clean: ## remove everything that was built, remembered levels included
+	@cmake -E rm -rf $(build)
