@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Every header compiles by itself: it includes what it uses.
+#
+#   headers_alone.sh ROOT COMPILER
+#
+# A header that some source includes before anything else has proved it in the build; the others prove it here.
+# The headers of platform/ios are left out: they need the declarations of the device's own build.
+source "$(dirname "${BASH_SOURCE[0]}")/rooms.sh"
+root=$1 compiler=$2
+
+flags=(-std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -I "$root")
+libraries=(libplist-2.0 cairo pangocairo librsvg-2.0)
+read -r -a library_flags <<<"$(pkg-config --cflags "${libraries[@]}")"
+
+# What each source includes first, if that is a header of ours.
+included_first() {
+    (cd "$root" && sources . | grep '\.cpp$' | grep -v '^platform/ios/' | xargs awk '/^#include / { print; nextfile }' |
+        sed -n 's/^#include "\(.*\)"$/\1/p' | sort -u)
+}
+
+# Through an including file, as a header is read: a `#pragma once` in a main file is something to warn about.
+compile_header() {
+    local header=$1
+    shift
+    "$@" -x c++ - <<<"#include \"$header\"" || { echo "$header does not compile alone" >&2; return 1; }
+}
+export -f compile_header
+
+headers=$(sources "$root" | grep '\.h$' | grep -v '^platform/ios/' | comm -23 - <(included_first))
+xargs -P "$(nproc)" -I{} bash -c 'compile_header "$@"' - {} "$compiler" "${flags[@]}" "${library_flags[@]}" <<<"$headers"
+echo "$(wc -l <<<"$headers") headers compile alone"

@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# Rules of the house that a machine can watch.
+#
+#   house_rules.sh ROOT
+#
+# - A source begins by saying what it is for, in lines of `///`.
+# - A header is guarded by `#pragma once`.
+# - A source is at most 400 lines long; the file long_files.txt beside this one names the exceptions and why.
+# - No note of work left undone, and no test that is switched off.
+source "$(dirname "${BASH_SOURCE[0]}")/rooms.sh"
+root=$1
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+most_lines=400
+
+found=0
+complain() {
+    echo "$1: $2" >&2
+    found=$((found + 1))
+}
+
+cd "$root"
+allowed_long() { grep -v -e '^#' -e '^$' "$here/long_files.txt" | cut -d: -f1; }
+
+while read -r file; do
+    [[ $(head -c 4 "$file") == "/// " ]] || complain "$file" "does not begin with what it is for (///)"
+    [[ $file != *.h ]] || grep -qx '#pragma once' "$file" || complain "$file" "has no #pragma once"
+    lines=$(wc -l <"$file")
+    if [[ $lines -gt $most_lines ]] && ! allowed_long | grep -qxF "$file"; then
+        complain "$file" "$lines lines: find the noun that hides in it"
+    fi
+done < <(sources .)
+
+while read -r file; do
+    if [[ ! -f $file || $(wc -l <"$file") -le $most_lines ]]; then
+        complain "$file" "needs no place in long_files.txt"
+    fi
+done < <(allowed_long)
+
+# Written so that this file does not hold the words itself.
+left_undone='\b(TO''DO|FIX''ME|XX''X|HA''CK)\b'
+switched_off='GTEST_''SKIP|\bDISABLED''_'
+# shellcheck disable=SC2046 # the names of rooms hold no blanks
+while read -r line; do
+    complain "${line%%:*}" "${line#*:}"
+done < <(grep -rnE --include='*.h' --include='*.cpp' --include='*.sh' --include='*.txt' --include='*.cmake' \
+    "$left_undone|$switched_off" $(source_rooms .) cmake scripts resources || true)
+
+conclude "violations of the rules of the house" "$found"
