@@ -24,7 +24,7 @@ void HomeScreenTest::TearDown()
     EXPECT_EQ(device.runLoop->pendingCount(), 0u);
     EXPECT_EQ(device.runLoop->runningAnimations(), 0u);
     EXPECT_EQ(device.classes->liveObjects("PNOVolumeView"), 0u);
-    EXPECT_EQ(device.classes->liveObjects("UIWindow"), 0u);
+    EXPECT_EQ(device.classes->liveObjects("PNOWindow"), 0u);
     EXPECT_EQ(device.classes->liveObjects("UILabel"), 0u);
     EXPECT_EQ(device.classes->liveObjects("NSUserDefaults"), 0u);
     EXPECT_FALSE(processValues.killedByTouch);
