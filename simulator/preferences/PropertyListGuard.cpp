@@ -8,7 +8,7 @@ std::optional<std::string> objectionTo(std::string_view bytes)
     if (bytes.empty())
         return "is empty";
     if (bytes.size() > largestFileBytes)
-        return "is larger than 16 MiB";
+        return "is larger than 4 MiB";
     return bytes.starts_with(binaryMark) ? objectionToBinary(bytes) : objectionToXml(bytes);
 }
 

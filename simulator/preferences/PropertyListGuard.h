@@ -12,9 +12,9 @@
 namespace panotra::preferences {
 
 /// No file of preferences comes near these.
-constexpr std::size_t largestFileBytes = 16u << 20;
+constexpr std::size_t largestFileBytes = 4u << 20;
 constexpr std::size_t deepestNesting = 128;
-constexpr std::size_t mostValues = 1u << 20;
+constexpr std::size_t mostValues = 1u << 16;
 
 /// The mark with which a binary property list begins.
 constexpr std::string_view binaryMark = "bplist00";

@@ -7,6 +7,15 @@
 
 namespace panotra::preferences {
 
+namespace {
+
+bool isNegative(const Json& value)
+{
+    return value.is_number_integer() && !value.is_number_unsigned() && value.get<std::int64_t>() < 0;
+}
+
+} // namespace
+
 const Json* Settings::find(const std::string& key) const
 {
     const auto found = std::ranges::find(m_settings, key, &Setting::key);
@@ -38,10 +47,10 @@ bool isStorable(const Json& value)
 
 bool isIdentical(const Json& one, const Json& other)
 {
-    // The JSON library compares an integer with a real by value, and tells signed from unsigned integers.
+    // The JSON library compares an integer with a real by value, and takes the bits of an unsigned integer for signed.
     if (one.is_number_float() && other.is_number_float())
         return std::bit_cast<std::uint64_t>(one.get<double>()) == std::bit_cast<std::uint64_t>(other.get<double>());
-    return one.is_number_float() == other.is_number_float() && one == other;
+    return one.is_number_float() == other.is_number_float() && isNegative(one) == isNegative(other) && one == other;
 }
 
 } // namespace panotra::preferences

@@ -1,0 +1,105 @@
+/// Settings in memory, in words, and what UTF-8 is.
+#include "simulator/preferences/Settings.h"
+#include "simulator/preferences/SettingText.h"
+#include "simulator/preferences/Utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace panotra::preferences {
+namespace {
+
+TEST(Settings, KeepTheOrderInWhichKeysWereFirstStored)
+{
+    Settings settings;
+    settings.apply({ "volume9", 0.5 });
+    settings.apply({ "volume10", 0.5 });
+    settings.apply({ "volume9", 1.0 });
+    std::string order;
+    for (const auto& [key, value] : settings)
+        order += key + ' ';
+    EXPECT_EQ(order, "volume9 volume10 ");
+    EXPECT_EQ(*settings.find("volume9"), 1.0);
+}
+
+TEST(Settings, SayWhetherAChangeChangedAnything)
+{
+    Settings settings;
+    EXPECT_FALSE(settings.apply({ "key", std::nullopt }));
+    EXPECT_TRUE(settings.apply({ "key", 1 }));
+    EXPECT_FALSE(settings.apply({ "key", 1 }));
+    EXPECT_TRUE(settings.apply({ "key", std::nullopt }));
+    EXPECT_EQ(settings.find("key"), nullptr);
+}
+
+TEST(Settings, AreIdenticalOnlyInTheSameKind)
+{
+    EXPECT_FALSE(isIdentical(1, 1.0));
+    EXPECT_FALSE(isIdentical(1, true));
+    EXPECT_FALSE(isIdentical("1", 1));
+    EXPECT_FALSE(isIdentical(0.0, -0.0));
+    EXPECT_TRUE(isIdentical(1, 1u));
+    EXPECT_TRUE(isIdentical(std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()));
+    EXPECT_FALSE(isIdentical(std::numeric_limits<std::uint64_t>::max(), -1));
+}
+
+TEST(SettingText, ReadsIntegersOf64Bits)
+{
+    EXPECT_EQ(readSetting("int", "-9223372036854775808").value, std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(readSetting("int", "+9223372036854775807").value, std::numeric_limits<std::int64_t>::max());
+    EXPECT_TRUE(readSetting("int", "007").value->is_number_integer());
+    for (const char* text : { "", "+", "-", "1.0", "1e3", "0x10", " 1", "1 ", "+-1", "--1", "9223372036854775808" })
+        EXPECT_FALSE(readSetting("int", text).value) << text;
+}
+
+TEST(SettingText, ReadsFiniteNumbers)
+{
+    EXPECT_EQ(readSetting("float", "0.5").value, 0.5);
+    EXPECT_EQ(readSetting("float", "+.5e1").value, 5.0);
+    EXPECT_EQ(readSetting("float", "5.").value, 5.0);
+    EXPECT_EQ(readSetting("float", "1e-400").value, 0.0);
+    EXPECT_TRUE(readSetting("float", "1").value->is_number_float());
+    for (const char* text : { "", ".", "e5", "1e", "1e400", "nan", "inf", "0x1p3", "1,5", "+-1", " 1" })
+        EXPECT_FALSE(readSetting("float", text).value) << text;
+}
+
+TEST(SettingText, ReadsBooleansAndStrings)
+{
+    EXPECT_EQ(readSetting("bool", "yes").value, true);
+    EXPECT_EQ(readSetting("bool", "no").value, false);
+    EXPECT_FALSE(readSetting("bool", "true").value);
+    EXPECT_EQ(readSetting("string", "").value, "");
+    EXPECT_FALSE(readSetting("string", "\xFF").value);
+}
+
+TEST(SettingText, SaysWhatItExpects)
+{
+    EXPECT_EQ(readSetting("bool", "1").expected, "yes or no");
+    EXPECT_EQ(readSetting("date", "now").expected, "one of the types int, float, bool and string");
+}
+
+TEST(SettingText, IsReadBackAsTheSameValue)
+{
+    const Json values[] = { 0.1, -0.0, 1.0, 4.9406564584124654e-324, 5, true, false, "", "two words" };
+    for (const Json& value : values)
+        EXPECT_TRUE(isIdentical(*readSetting(typeOf(value), textOf(value)).value, value)) << value;
+}
+
+TEST(Utf8, TakesEveryWellFormedCharacter)
+{
+    for (const char* text :
+        { "", "plain", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xED\x9F\xBF", "\xF4\x8F\xBF\xBF" })
+        EXPECT_TRUE(isUtf8(text)) << text;
+    EXPECT_TRUE(isUtf8(std::string_view("\0", 1)));
+}
+
+TEST(Utf8, RefusesEverythingElse)
+{
+    for (const char* text : { "\x80", "\xC3", "a\xFF", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80",
+             "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xE2\x82", "\xE2\x28\xA1" })
+        EXPECT_FALSE(isUtf8(text)) << text;
+}
+
+} // namespace
+} // namespace panotra::preferences
