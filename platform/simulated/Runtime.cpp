@@ -3,6 +3,8 @@
 
 #include "simulator/device/Services.h"
 
+#include <cstdint>
+
 namespace panotra {
 
 Class objc_getClass(const char* name) noexcept
@@ -34,13 +36,18 @@ id autorelease(id object) noexcept
     return device == nullptr ? nullptr : device->classes->autorelease(object);
 }
 
-// The device has one pool, which it empties itself after every piece of work.
+// A pool is known by the mark that it set.
 
 void* objc_autoreleasePoolPush() noexcept
 {
-    return nullptr;
+    sim::Device* const device = sim::Device::current();
+    return device == nullptr ? nullptr : reinterpret_cast<void*>(device->classes->pushAutoreleasePool());
 }
 
-void objc_autoreleasePoolPop(void*) noexcept { }
+void objc_autoreleasePoolPop(void* pool) noexcept
+{
+    if (sim::Device* const device = sim::Device::current())
+        device->classes->popAutoreleasePool(reinterpret_cast<std::uintptr_t>(pool));
+}
 
 } // namespace panotra

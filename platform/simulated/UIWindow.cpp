@@ -15,11 +15,8 @@ void UIWindow::setWindowLevel(CGFloat level) const noexcept
 
 void UIWindow::makeKeyAndVisible() const noexcept
 {
-    auto* const window = simulated::objectOf<sim::Window>(*this);
-    if (window == nullptr)
-        return;
-    window->shown = true;
-    sim::Device::current()->trace("windowShown");
+    if (auto* const window = simulated::objectOf<sim::Window>(*this))
+        window->makeKeyAndVisible();
 }
 
 id UIWindow::superInitWithFrame(id self, const ClassDescription& description, CGRect frame) noexcept

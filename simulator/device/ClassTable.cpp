@@ -151,13 +151,19 @@ HostObject* ClassTable::autorelease(HostObject* object)
     return object;
 }
 
-void ClassTable::drainAutoreleasePool()
+std::size_t ClassTable::pushAutoreleasePool() const
 {
-    // A dealloc may fill the pool again.
-    while (!m_implementation->autoreleased.empty()) {
-        const std::vector<HostObject*> pool = std::exchange(m_implementation->autoreleased, {});
-        for (HostObject* const object : pool)
-            release(object);
+    return m_implementation->autoreleased.size();
+}
+
+void ClassTable::popAutoreleasePool(std::size_t mark)
+{
+    // One by one: a dealloc may fill the pool again.
+    std::vector<HostObject*>& pool = m_implementation->autoreleased;
+    while (pool.size() > mark) {
+        HostObject* const object = pool.back();
+        pool.pop_back();
+        release(object);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "simulator/device/Animation.h"
 #include "simulator/device/Services.h"
+#include "simulator/device/View.h"
 
 #include <algorithm>
 #include <limits>
@@ -158,14 +159,14 @@ std::optional<double> RunLoop::nextDue() const
 
 void RunLoop::perform(HostObject* target, const HostSelector* selector, HostObject* object, double delay)
 {
+    if (target == nullptr)
+        return;
     const PerformKey key { target, selector, object };
     m_implementation->device.trace("schedule", [&] {
         Json fields = m_implementation->performFields(key);
         fields["delay"] = delay;
         return fields;
     });
-    if (target == nullptr)
-        return;
     retain(target);
     retain(object);
     const Place place = m_implementation->nextPlace(delay);
@@ -229,6 +230,8 @@ Animation* RunLoop::animationOfBlock() const
 
 void RunLoop::removeAllAnimations(View& view)
 {
+    // Being animated may be all that keeps the view alive.
+    retain(&view);
     std::vector<std::shared_ptr<Animation>> animating;
     std::ranges::copy_if(m_implementation->animations, std::back_inserter(animating),
         [&view](const std::shared_ptr<Animation>& each) { return each->animates(view); });
@@ -240,6 +243,7 @@ void RunLoop::removeAllAnimations(View& view)
         if (animation->isEmpty())
             m_implementation->end(*animation, false);
     }
+    release(&view);
 }
 
 Json RunLoop::pending() const

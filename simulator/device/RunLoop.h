@@ -26,7 +26,8 @@ public:
     /// When the next item is due, or none. For hosts that follow real time.
     std::optional<double> nextDue() const;
 
-    /// `performSelector:withObject:afterDelay:`. Keeps target and object alive. Traced as `schedule`.
+    /// `performSelector:withObject:afterDelay:`. Keeps target and object alive. A null target: nothing happens.
+    /// Traced as `schedule`.
     void perform(HostObject* target, const HostSelector* selector, HostObject* object, double delay);
     /// `cancelPreviousPerformRequestsWithTarget:selector:object:`. Traced as `cancel`.
     void cancelPerforms(HostObject* target, const HostSelector* selector, HostObject* object);

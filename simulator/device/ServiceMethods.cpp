@@ -34,13 +34,14 @@ Json jsonOfNumber(const HostObject* object)
 void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announcement)
 {
     device().trace("announced", [announcement] {
-        static const Dictionary nothing;
-        const auto* const given = dynamic_cast<const Dictionary*>(announcement);
-        const Dictionary& values = given == nullptr ? nothing : *given;
+        const auto* const values = dynamic_cast<const Dictionary*>(announcement);
+        const auto value = [values](const char* key) {
+            return values == nullptr ? nullptr : values->objectForKey(key);
+        };
         return Json {
-            { "category", jsonOfText(values.objectForKey("AudioCategory")) },
-            { "reason", jsonOfText(values.objectForKey("AudioVolumeChangeReason")) },
-            { "level", jsonOfNumber(values.objectForKey("AudioVolume")) },
+            { "category", jsonOfText(value("AudioCategory")) },
+            { "reason", jsonOfText(value("AudioVolumeChangeReason")) },
+            { "level", jsonOfNumber(value("AudioVolume")) },
         };
     });
 }

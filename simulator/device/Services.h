@@ -104,7 +104,10 @@ public:
     /// The last release runs the class's dealloc and deletes the object.
     void release(HostObject* object);
     HostObject* autorelease(HostObject* object);
-    void drainAutoreleasePool();
+    /// A mark in the pool, which is popped with what was autoreleased since.
+    std::size_t pushAutoreleasePool() const;
+    void popAutoreleasePool(std::size_t mark);
+    void drainAutoreleasePool() { popAutoreleasePool(0); }
 
     /// Takes an object made with `new` into the process: sets its class and counts it among the living.
     void adopt(HostObject* object, HostClass& isa);

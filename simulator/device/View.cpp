@@ -4,9 +4,6 @@
 #include "simulator/device/AnimatedSetting.h"
 #include "simulator/device/Services.h"
 
-#include <algorithm>
-#include <ranges>
-
 namespace panotra::sim {
 
 namespace {
@@ -107,9 +104,9 @@ View* View::hitTest(Point point)
         return nullptr;
     if (point.x < 0 || point.x >= bounds.width || point.y < 0 || point.y >= bounds.height)
         return nullptr;
-    for (View* const view : subviews | std::views::reverse) {
-        if (const auto inside = view->fromSuperview(point)) {
-            if (View* const hit = view->hitTest(*inside))
+    for (auto view = subviews.rbegin(); view != subviews.rend(); ++view) {
+        if (const auto inside = (*view)->fromSuperview(point)) {
+            if (View* const hit = (*view)->hitTest(*inside))
                 return hit;
         }
     }

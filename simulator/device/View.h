@@ -129,6 +129,8 @@ private:
 struct Window : View {
     double level = 0;
     bool shown = false; ///< makeKeyAndVisible was called
+    /// Traced as `windowShown`.
+    void makeKeyAndVisible();
 };
 
 struct Label : View {

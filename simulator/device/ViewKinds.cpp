@@ -1,4 +1,4 @@
-/// Labels, image views, backdrops and recognisers.
+/// Windows, labels, image views, backdrops and recognisers.
 #include "simulator/device/AnimatedSetting.h"
 #include "simulator/device/Services.h"
 #include "simulator/device/View.h"
@@ -15,6 +15,12 @@ struct ContentView : View {
 };
 
 } // namespace
+
+void Window::makeKeyAndVisible()
+{
+    shown = true;
+    Device::current()->trace("windowShown");
+}
 
 // These three take no touches unless told to; content views and plain views do.
 

@@ -1,0 +1,124 @@
+/// Audio levels, Darwin notifications, the screen.
+#include "tests/unit/device/DeviceTest.h"
+
+namespace panotra::sim {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(AudioService, KnowsSixCategoriesAtHalfVolume)
+{
+    const AudioService audio;
+    for (const char* const category :
+        { "Audio/Video", "PhoneCall", "Ringtone", "Alarm", "Notifications", "VoiceCommand" })
+        EXPECT_EQ(audio.level(category), 0.5f) << category;
+    EXPECT_EQ(audio.levels.size(), 6u);
+    EXPECT_EQ(audio.route, "Speaker");
+    EXPECT_EQ(audio.activeCategory, "Audio/Video");
+}
+
+TEST(AudioService, ACategoryWithoutALevelReadsAsZeroUntilSomethingIsStored)
+{
+    AudioService audio;
+    EXPECT_EQ(audio.level("Ambient"), 0.0f);
+    EXPECT_FALSE(audio.hasLevel("Ambient"));
+    audio.store("Ambient", 0.25f);
+    audio.store("Alarm", 0.75f);
+    EXPECT_TRUE(audio.hasLevel("Ambient"));
+    EXPECT_EQ(audio.level("Ambient"), 0.25f);
+    EXPECT_EQ(audio.levels.size(), 7u);
+    EXPECT_EQ(audio.levels.back().first, "Ambient");
+}
+
+TEST(Screen, TheStatusBarsCentreFollowsTheOrientationUntilItIsSet)
+{
+    Screen screen;
+    EXPECT_EQ(screen.currentStatusBarCenter(), std::pair(187.5, 10.0));
+    for (const std::int64_t landscape : { 3, 4 }) {
+        screen.orientation = landscape;
+        EXPECT_EQ(screen.currentStatusBarCenter(), std::pair(333.5, 10.0));
+    }
+    for (const std::int64_t upright : { 0, 2, 7 }) {
+        screen.orientation = upright;
+        EXPECT_EQ(screen.currentStatusBarCenter(), std::pair(187.5, 10.0));
+    }
+    screen.statusBarCenter = std::pair(1.0, 2.0);
+    EXPECT_EQ(screen.currentStatusBarCenter(), std::pair(1.0, 2.0));
+}
+
+std::vector<std::string> notified;
+
+class DarwinNotificationsTest : public DeviceTest {
+protected:
+    DarwinNotificationsTest() { notified.clear(); }
+};
+
+TEST_F(DarwinNotificationsTest, ATokenReadsTheStateOfItsName)
+{
+    const std::int32_t shake = device.darwin->registerCheck("shake");
+    const std::int32_t screen = device.darwin->registerCheck("screen");
+    EXPECT_NE(shake, screen);
+    device.darwin->setState("screen", 18446744073709551615u);
+    EXPECT_EQ(device.darwin->stateOf(shake), 0u);
+    EXPECT_EQ(device.darwin->stateOf(screen), 18446744073709551615u);
+    EXPECT_EQ(device.darwin->state("screen"), 18446744073709551615u);
+    EXPECT_EQ(events[0], (Json { { "t", 0.0 }, { "event", "register" }, { "name", "shake" } }));
+}
+
+TEST_F(DarwinNotificationsTest, ATokenThatWasNeverRegisteredReadsZero)
+{
+    device.darwin->registerCheck("shake");
+    device.darwin->setState("shake", 1);
+    for (const std::int32_t token : { -1, 0, 2 })
+        EXPECT_EQ(device.darwin->stateOf(token), 0u) << token;
+}
+
+TEST_F(DarwinNotificationsTest, ObserversOfANameAreCalledInTheOrderInWhichTheyCame)
+{
+    device.darwin->addObserver("settings", [] { notified.push_back("first"); });
+    device.darwin->addObserver("screen", [] { notified.push_back("screen"); });
+    device.darwin->addObserver("settings", [] { notified.push_back("second"); });
+    events.clear();
+    device.home->notify("settings");
+    EXPECT_THAT(notified, ElementsAre("first", "second"));
+    EXPECT_TRUE(events.empty());
+}
+
+TEST_F(DarwinNotificationsTest, APostIsReportedAndDelivered)
+{
+    device.darwin->addObserver("settings", [] { notified.push_back("told"); });
+    device.darwin->post("settings");
+    EXPECT_THAT(eventNames(), ElementsAre("observe", "post"));
+    EXPECT_THAT(notified, ElementsAre("told"));
+}
+
+TEST_F(DarwinNotificationsTest, WhoComesToObserveDuringADeliveryHasMissedIt)
+{
+    device.darwin->addObserver("settings", [] {
+        notified.push_back("old");
+        Device::current()->darwin->addObserver("settings", [] { notified.push_back("new"); });
+    });
+    device.darwin->deliver("settings");
+    EXPECT_THAT(notified, ElementsAre("old"));
+}
+
+TEST(Trace, CostsNothingWhenNobodyListens)
+{
+    Device device;
+    bool asked = false;
+    device.trace("event", [&] {
+        asked = true;
+        return Json::object();
+    });
+    EXPECT_FALSE(asked);
+}
+
+TEST_F(DarwinNotificationsTest, AnEventHasItsTimeAndItsNameFirst)
+{
+    device.runLoop->wait(0.25);
+    device.trace("something", [] { return Json { { "b", 1 }, { "a", 2 } }; });
+    EXPECT_EQ(events.back().dump(), R"({"t":0.25,"event":"something","b":1,"a":2})");
+}
+
+} // namespace
+} // namespace panotra::sim
