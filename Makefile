@@ -20,7 +20,7 @@ help: ## explain the targets
 .PHONY: build
 build: ## install what is missing and build the program: build/panotra
 	@scripts/install-dependencies build
-	@cmake --preset default --log-level=WARNING $(if $(wildcard $(build)/CMakeCache.txt),,-DBUILD_TESTING=OFF)
+	@cmake --preset default $(if $(wildcard $(build)/CMakeCache.txt),,-DBUILD_TESTING=OFF) >/dev/null
 	@cmake --build $(build) --parallel $(jobs) --target panotra panotra_resources -- $(quiet)
 
 .PHONY: run
