@@ -1,0 +1,112 @@
+/// From options to a picture.
+#include "simulator/picture/PictureCommand.h"
+
+#include "simulator/picture/PictureFolder.h"
+#include "simulator/render/Orientation.h"
+#include "simulator/scenario/Numbers.h"
+#include "simulator/scenario/Text.h"
+
+#include <optional>
+#include <utility>
+
+namespace panotra::sim {
+
+namespace {
+
+/// "WxH@S", each a number above 0.
+std::optional<ScreenSize> parseScreen(const std::string& text)
+{
+    const auto cross = text.find('x');
+    const auto at = text.find('@');
+    if (cross == text.npos || at == text.npos || at < cross)
+        return std::nullopt;
+    const auto width = parseDouble(text.substr(0, cross));
+    const auto height = parseDouble(text.substr(cross + 1, at - cross - 1));
+    const auto scale = parseDouble(text.substr(at + 1));
+    if (!width || !height || !scale || !(*width > 0) || !(*height > 0) || !(*scale > 0))
+        return std::nullopt;
+    return ScreenSize { *width, *height, *scale };
+}
+
+/// "SLOT=LEVEL", the slot from 0 to 11.
+std::optional<SlotLevel> parseSlotLevel(const std::string& text)
+{
+    const auto equals = text.find('=');
+    if (equals == text.npos)
+        return std::nullopt;
+    const auto slot = parseInteger<int>(text.substr(0, equals));
+    const auto level = parseFloat(text.substr(equals + 1));
+    if (!slot || *slot < 0 || *slot >= slotCount || !level)
+        return std::nullopt;
+    return SlotLevel { *slot, *level };
+}
+
+/// Reads the options that are text into what is to be shown. Answers the first mistake, or nothing.
+std::optional<std::string> completeShowing(PictureOptions& options)
+{
+    if (!options.screen.empty()) {
+        const auto screen = parseScreen(options.screen);
+        if (!screen)
+            return "--screen: found " + inQuotes(options.screen)
+                + ", expected WIDTHxHEIGHT@SCALE, each a number above 0, as in 375x667@2";
+        options.showing.screen = *screen;
+    }
+    for (const std::string& text : options.levels) {
+        const auto level = parseSlotLevel(text);
+        if (!level)
+            return "--level: found " + inQuotes(text) + ", expected SLOT=LEVEL with a slot from 0 to 11, as in 7=0.5";
+        options.showing.levels.push_back(*level);
+    }
+    if (options.showing.focusedSlot && (*options.showing.focusedSlot < 0 || *options.showing.focusedSlot >= slotCount))
+        return "--focus: found " + std::to_string(*options.showing.focusedSlot) + ", expected a slot from 0 to 11";
+    return std::nullopt;
+}
+
+std::optional<render::Wallpaper> findWallpaper(const std::string& name, std::string& failure)
+{
+    if (name == "dusk")
+        return render::Wallpaper::dusk();
+    if (name == "dawn")
+        return render::Wallpaper::dawn();
+    return render::Wallpaper::fromFile(name, failure);
+}
+
+ExitStatus complainOf(ExitStatus status, const std::string& message)
+{
+    complain(message);
+    return status;
+}
+
+} // namespace
+
+ExitStatus drawPicture(PictureOptions options, const Library& library)
+{
+    if (const auto mistake = completeShowing(options))
+        return complainOf(ExitStatus::WrongInput, *mistake);
+    const MixerShowing& showing = options.showing;
+    std::string failure;
+    auto wallpaper = findWallpaper(options.wallpaper, failure);
+    if (!wallpaper)
+        return complainOf(ExitStatus::FileFailed, printable(options.wallpaper) + ": " + failure);
+    const auto renderer = makeRenderer(std::move(*wallpaper), complain, failure);
+    if (renderer == nullptr)
+        return complainOf(ExitStatus::FileFailed, failure);
+
+    Device device;
+    device.resourceFolder = options.resourceFolder;
+    beginToShow(device, library, showing);
+    if (const auto reason = render::whyTooLargeOrSmall(device))
+        return complainOf(ExitStatus::WrongInput, "--screen: " + *reason);
+    if (showing.focusedSlot && sliderOf(device, *showing.focusedSlot) == nullptr)
+        return complainOf(ExitStatus::WrongInput, "--focus: this style has no sliders");
+    finishShowing(device, showing);
+
+    const render::Bitmap& screen = renderer->draw(device).pixels;
+    const auto problem = options.asViewed ? writePng(render::asViewed(screen, showing.orientation), options.outputFile)
+                                          : writePng(screen, options.outputFile);
+    if (problem)
+        return complainOf(ExitStatus::FileFailed, printable(options.outputFile) + ": " + *problem);
+    return ExitStatus::AllWell;
+}
+
+} // namespace panotra::sim

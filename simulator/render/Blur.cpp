@@ -1,0 +1,349 @@
+/// The blur: the area is made smaller by a factor that the blur can afford, blurred there by three box filters in
+/// each direction, coloured, and made larger again. Pixels are worked on as four numbers in one register.
+#include "simulator/render/Blur.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace panotra::render {
+namespace {
+
+static_assert(std::endian::native == std::endian::little, "a pixel's bytes are blue, green, red and an unused one");
+
+/// Blue, green, red and unused, from 0 to 255.
+using Floats = float __attribute__((vector_size(16)));
+using Integers = std::int32_t __attribute__((vector_size(16)));
+/// Two pixels at once.
+using Words = std::uint16_t __attribute__((vector_size(16)));
+using FourWords = std::uint16_t __attribute__((vector_size(8)));
+using Bytes = std::uint8_t __attribute__((vector_size(8)));
+
+struct Pixel {
+    Floats lanes;
+};
+
+class Plane {
+public:
+    Plane(int width, int height)
+        : m_width(width)
+        , m_height(height)
+        , m_pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
+    {
+    }
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    Pixel* row(int y) { return m_pixels.data() + static_cast<std::ptrdiff_t>(y) * m_width; }
+    const Pixel* row(int y) const { return m_pixels.data() + static_cast<std::ptrdiff_t>(y) * m_width; }
+    /// Beyond the first or last row the plane goes on as that row.
+    const Pixel* nearestRow(int y) const { return row(std::clamp(y, 0, m_height - 1)); }
+    std::vector<Pixel>& pixels() { return m_pixels; }
+
+private:
+    int m_width;
+    int m_height;
+    std::vector<Pixel> m_pixels;
+};
+
+Floats spread(float value)
+{
+    return Floats { value, value, value, value };
+}
+
+Floats spread(double value)
+{
+    return spread(static_cast<float>(value));
+}
+
+// How much smaller the blur can be worked out.
+
+constexpr int largestFactor = 8;
+/// The standard deviation, in pixels of the smaller picture, below which its coarseness would be seen.
+constexpr double leastSigmaWhenReduced = 2.5;
+
+int factorFor(double sigma)
+{
+    int factor = largestFactor;
+    while (factor > 1 && sigma < factor * leastSigmaWhenReduced)
+        factor /= 2;
+    return factor;
+}
+
+/// The variance that is left to do in the smaller picture: averaging blocks and interpolating between them blur by
+/// themselves, as a box and a triangle do.
+double remainingVariance(double sigma, int factor)
+{
+    const double scale = factor;
+    const double done = factor == 1 ? 0 : (scale * scale - 1) / 12 + scale * scale / 6;
+    return (sigma * sigma - done) / (scale * scale);
+}
+
+// Smaller.
+
+Floats sumOfBlock(const Bitmap& behind, const PixelRect& block)
+{
+    Floats sum {};
+    for (int y = block.y; y < block.y + block.height; ++y) {
+        const auto row = behind.row(y).subspan(static_cast<std::size_t>(block.x));
+        for (std::size_t x = 0; x < static_cast<std::size_t>(block.width); ++x) {
+            const std::uint32_t pixel = row[x];
+            sum += Floats { static_cast<float>(pixel & 0xff), static_cast<float>(pixel >> 8 & 0xff),
+                static_cast<float>(pixel >> 16 & 0xff), 0 };
+        }
+    }
+    return sum;
+}
+
+/// The averages of the row of whole blocks that starts at (x, y).
+template <int factor> void averageBlocks(const Bitmap& behind, int x, int y, Pixel* averages, int count)
+{
+    const std::uint32_t* rows[factor];
+    for (int i = 0; i < factor; ++i)
+        rows[i] = behind.row(y + i).data() + x;
+    for (int block = 0; block < count; ++block) {
+        Words sum {};
+        for (int i = 0; i < factor; ++i) {
+            for (int pair = 0; pair < factor / 2; ++pair) {
+                Bytes bytes;
+                std::memcpy(&bytes, rows[i] + block * factor + pair * 2, sizeof bytes);
+                sum += __builtin_convertvector(bytes, Words);
+            }
+        }
+        const FourWords both
+            = __builtin_shufflevector(sum, sum, 0, 1, 2, 3) + __builtin_shufflevector(sum, sum, 4, 5, 6, 7);
+        averages[block].lanes = __builtin_convertvector(both, Floats) * spread(1.0 / (factor * factor));
+    }
+}
+
+template <int factor> void averageWholeBlocks(const Bitmap& behind, const PixelRect& area, Plane& plane)
+{
+    for (int y = 0; y < area.height / factor; ++y)
+        averageBlocks<factor>(behind, area.x, area.y + y * factor, plane.row(y), area.width / factor);
+}
+
+Plane reduced(const Bitmap& behind, const PixelRect& area, int factor)
+{
+    const auto blocks = [factor](int pixels) {
+        return (pixels + factor - 1) / factor;
+    };
+    Plane plane(blocks(area.width), blocks(area.height));
+    int wholeColumns = area.width / factor;
+    int wholeRows = area.height / factor;
+    switch (factor) {
+    case 8:
+        averageWholeBlocks<8>(behind, area, plane);
+        break;
+    case 4:
+        averageWholeBlocks<4>(behind, area, plane);
+        break;
+    case 2:
+        averageWholeBlocks<2>(behind, area, plane);
+        break;
+    default:
+        wholeColumns = wholeRows = 0;
+        break;
+    }
+    // What is left at the right and at the bottom.
+    for (int y = 0; y < plane.height(); ++y) {
+        for (int x = y < wholeRows ? wholeColumns : 0; x < plane.width(); ++x) {
+            const PixelRect block = intersection({ area.x + x * factor, area.y + y * factor, factor, factor }, area);
+            plane.row(y)[x].lanes = sumOfBlock(behind, block) * spread(1.0 / (block.width * block.height));
+        }
+    }
+    return plane;
+}
+
+// Blurred.
+
+/// A box filter whose two outermost pixels count in part, so that its variance is any number and not only that of
+/// an odd width: an animated blur then moves without steps.
+struct Box {
+    int radius; ///< whole pixels on either side
+    float endWeight; ///< of the pixels next to them, as a part of a whole pixel's
+    float scale; ///< one over the sum of the weights
+
+    explicit Box(double variance)
+        : radius(static_cast<int>((std::sqrt(12 * variance + 1) - 1) / 2))
+    {
+        const double r = radius;
+        const double end = (2 * r + 1) * (r * (r + 1) - 3 * variance) / (6 * (variance - (r + 1) * (r + 1)));
+        endWeight = static_cast<float>(end);
+        scale = static_cast<float>(1 / (2 * r + 1 + 2 * end));
+    }
+};
+
+void blurRows(Plane& plane, const Box& box)
+{
+    const int margin = box.radius + 1;
+    std::vector<Pixel> line(static_cast<std::size_t>(plane.width() + 2 * margin));
+    for (int y = 0; y < plane.height(); ++y) {
+        Pixel* const row = plane.row(y);
+        std::fill_n(line.begin(), margin, row[0]);
+        std::copy_n(row, plane.width(), line.begin() + margin);
+        std::fill_n(line.end() - margin, margin, row[plane.width() - 1]);
+        Floats sum {};
+        for (int x = 0; x < 2 * box.radius + 1; ++x)
+            sum += line[static_cast<std::size_t>(x + 1)].lanes;
+        const Pixel* before = line.data();
+        const Pixel* after = line.data() + 2 * margin;
+        for (int x = 0; x < plane.width(); ++x, ++before, ++after) {
+            row[x].lanes = (sum + (before->lanes + after->lanes) * spread(box.endWeight)) * spread(box.scale);
+            sum += after->lanes - before[1].lanes;
+        }
+    }
+}
+
+void blurColumns(Plane& plane, const Box& box)
+{
+    const Plane before = plane;
+    std::vector<Pixel> sums(static_cast<std::size_t>(plane.width()));
+    for (int y = -box.radius; y <= box.radius; ++y) {
+        const Pixel* const row = before.nearestRow(y);
+        for (std::size_t x = 0; x < sums.size(); ++x)
+            sums[x].lanes += row[x].lanes;
+    }
+    for (int y = 0; y < plane.height(); ++y) {
+        const Pixel* const above = before.nearestRow(y - box.radius - 1);
+        const Pixel* const first = before.nearestRow(y - box.radius);
+        const Pixel* const below = before.nearestRow(y + box.radius + 1);
+        Pixel* const row = plane.row(y);
+        for (std::size_t x = 0; x < sums.size(); ++x) {
+            row[x].lanes
+                = (sums[x].lanes + (above[x].lanes + below[x].lanes) * spread(box.endWeight)) * spread(box.scale);
+            sums[x].lanes += below[x].lanes - first[x].lanes;
+        }
+    }
+}
+
+void blur(Plane& plane, double variance)
+{
+    constexpr int passes = 3;
+    if (!(variance > 0))
+        return;
+    const Box box(variance / passes);
+    for (int pass = 0; pass < passes; ++pass)
+        blurRows(plane, box);
+    for (int pass = 0; pass < passes; ++pass)
+        blurColumns(plane, box);
+}
+
+// Coloured.
+
+void color(Plane& plane, const Material& material)
+{
+    // The lightness that the eye sees in each primary.
+    constexpr float red = 0.2126F;
+    constexpr float green = 0.7152F;
+    constexpr float blue = 0.0722F;
+    const Tint& tint = material.tint;
+    const Floats saturation = spread(material.saturation);
+    const Floats kept = spread(material.brightness * (1 - tint.alpha));
+    const Floats added
+        = Floats { static_cast<float>(tint.blue), static_cast<float>(tint.green), static_cast<float>(tint.red), 0 }
+        * spread(255 * tint.alpha);
+    for (Pixel& pixel : plane.pixels()) {
+        const Floats lanes = pixel.lanes;
+        const Floats lightness = spread(lanes[0] * blue + lanes[1] * green + lanes[2] * red);
+        const Floats colored = (lightness + (lanes - lightness) * saturation) * kept + added;
+        const Floats notBelow = colored > spread(0.0F) ? colored : spread(0.0F);
+        pixel.lanes = notBelow < spread(255.0F) ? notBelow : spread(255.0F);
+    }
+}
+
+// Larger.
+
+/// 8 bits and a fraction of 8 bits.
+Integers fixedPoint(Floats lanes)
+{
+    return __builtin_convertvector(lanes * spread(256.0F), Integers);
+}
+
+struct FixedPixel {
+    Integers lanes;
+};
+
+/// Interpolates between pixels that stand `factor` apart: `line` gets `factor` pixels for each pair of neighbours.
+template <int factor> void expandLine(const std::vector<FixedPixel>& from, std::vector<std::uint32_t>& line)
+{
+    constexpr int half = 128; // to the nearest when the fraction is cut off
+    std::uint32_t* to = line.data();
+    for (std::size_t i = 0; i + 1 < from.size(); ++i) {
+        const Integers begin = from[i].lanes;
+        const Integers halfStep = (from[i + 1].lanes - begin) / (2 * factor);
+        const auto first = __builtin_convertvector(begin + halfStep + half, FourWords);
+        const auto second = __builtin_convertvector(begin + 3 * halfStep + half, FourWords);
+        const auto doubleStep = __builtin_convertvector(4 * halfStep, FourWords);
+        Words pair = __builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7);
+        const Words step = __builtin_shufflevector(doubleStep, doubleStep, 0, 1, 2, 3, 4, 5, 6, 7);
+        for (int written = 0; written < factor; written += 2) {
+            const Bytes bytes = __builtin_convertvector(pair >> 8, Bytes);
+            std::memcpy(to + written, &bytes, sizeof bytes);
+            pair += step;
+        }
+        to += factor;
+    }
+}
+
+template <int factor> void enlarge(const Plane& plane, Bitmap& bitmap)
+{
+    // The first and the last pixel go on to the edges, half a block further out.
+    std::vector<FixedPixel> between(static_cast<std::size_t>(plane.width() + 2));
+    std::vector<std::uint32_t> line((between.size() - 1) * factor);
+    for (int y = 0; y < bitmap.height(); ++y) {
+        const double position = (y + 0.5) / factor - 0.5;
+        const int upper = static_cast<int>(std::floor(position));
+        const Pixel* const above = plane.nearestRow(upper);
+        const Pixel* const below = plane.nearestRow(upper + 1);
+        const Floats part = spread(position - upper);
+        for (int x = 0; x < plane.width(); ++x)
+            between[static_cast<std::size_t>(x + 1)].lanes
+                = fixedPoint(above[x].lanes + (below[x].lanes - above[x].lanes) * part);
+        between.front() = between[1];
+        between.back() = between[between.size() - 2];
+        expandLine<factor>(between, line);
+        std::copy_n(line.begin() + factor / 2, bitmap.width(), bitmap.row(y).begin());
+    }
+}
+
+void copyRounded(const Plane& plane, Bitmap& bitmap)
+{
+    for (int y = 0; y < bitmap.height(); ++y) {
+        const auto row = bitmap.row(y);
+        for (std::size_t x = 0; x < row.size(); ++x) {
+            const Integers lanes = __builtin_convertvector(plane.row(y)[x].lanes + spread(0.5F), Integers);
+            row[x] = static_cast<std::uint32_t>(lanes[0] | lanes[1] << 8 | lanes[2] << 16);
+        }
+    }
+}
+
+} // namespace
+
+Bitmap seenThrough(const Bitmap& behind, const PixelRect& area, double sigma, const Material& material)
+{
+    Bitmap bitmap(area.width, area.height, PixelFormat::Opaque);
+    const int factor = factorFor(sigma);
+    Plane plane = reduced(behind, area, factor);
+    blur(plane, remainingVariance(sigma, factor));
+    if (!material.keepsColors())
+        color(plane, material);
+    switch (factor) {
+    case 8:
+        enlarge<8>(plane, bitmap);
+        break;
+    case 4:
+        enlarge<4>(plane, bitmap);
+        break;
+    case 2:
+        enlarge<2>(plane, bitmap);
+        break;
+    default:
+        copyRounded(plane, bitmap);
+        break;
+    }
+    bitmap.markChanged();
+    return bitmap;
+}
+
+} // namespace panotra::render

@@ -1,0 +1,81 @@
+/// From one frame to the next.
+#include "simulator/render/Renderer.h"
+
+#include "simulator/device/Services.h"
+#include "simulator/render/Painter.h"
+
+#include <utility>
+
+namespace panotra::render {
+namespace {
+
+constexpr int largestSide = 8192; ///< pixels
+
+/// Compares a new scene with the one on the canvas, item by item. What differs is damaged, as it was and as it is
+/// now; so is a backdrop with damage behind it, whole. The products of all others are kept.
+class Comparison {
+public:
+    Comparison(const Scene& before, std::vector<Bitmap>& productsBefore, const Scene& now)
+        : products(now.size())
+    {
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            const bool isSame = i < before.size() && before[i] == now[i];
+            const bool seesDamage = now[i].as<BackdropItem>() != nullptr && damage.touches(now[i].extent);
+            if (isSame && !seesDamage) {
+                products[i] = std::move(productsBefore[i]);
+                continue;
+            }
+            damage.add(now[i].extent);
+            if (i < before.size())
+                damage.add(before[i].extent);
+        }
+        for (std::size_t i = now.size(); i < before.size(); ++i)
+            damage.add(before[i].extent);
+    }
+
+    Damage damage;
+    std::vector<Bitmap> products;
+};
+
+} // namespace
+
+std::optional<std::string> whyTooLargeOrSmall(const sim::Device& device)
+{
+    const sim::Screen& screen = *device.screen;
+    const double width = screen.width * screen.scale;
+    const double height = screen.height * screen.scale;
+    const auto fits = [](double side) {
+        return side >= 1 && side <= largestSide;
+    };
+    if (fits(width) && fits(height))
+        return std::nullopt;
+    return "the screen has sides that are not 1 to " + std::to_string(largestSide) + " pixels";
+}
+
+Renderer::Renderer(Wallpaper wallpaper, Typesetter typesetter)
+    : m_wallpaper(std::move(wallpaper))
+    , m_typesetter(std::move(typesetter))
+{
+}
+
+Renderer::Frame Renderer::draw(const sim::Device& device)
+{
+    const PixelRect screen = screenPixels(device);
+    if (m_canvas.extent() != screen || m_pixelsPerPoint != device.screen->scale) {
+        m_canvas = Bitmap(screen.width, screen.height, PixelFormat::Opaque);
+        m_pixelsPerPoint = device.screen->scale;
+        m_scene.clear();
+        m_products.clear();
+    }
+    Scene scene = sceneOf(device);
+    Comparison comparison(m_scene, m_products, scene);
+    if (!comparison.damage.isEmpty()) {
+        const PaintBox box { m_wallpaper, m_typesetter, m_images, m_pixelsPerPoint };
+        Painter(box, scene, comparison.products, comparison.damage, m_canvas).paint();
+    }
+    m_scene = std::move(scene);
+    m_products = std::move(comparison.products);
+    return { m_canvas, comparison.damage.rectangles() };
+}
+
+} // namespace panotra::render
