@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# The check of the library must find every kind of violation: each is planted in a small library, or in the real one.
+#
+#   library_violations.sh ROOT DEVICE
+#
+# DEVICE is the folder that scripts/build-device filled.
+source "$(dirname "${BASH_SOURCE[0]}")/../checks/rooms.sh"
+root=$1 device=$2
+sdk_stubs=$root/packaging/sdk/stubs
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+planted=$scratch/Panotra.dylib
+failures=0
+
+# Expects the check to refuse the planted library, and to say why.
+expect_refused() {
+    local what=$1 expected=$2
+    if "$root/packaging/checks/check-library" arm64 "$planted" "$device/native/check-signature" >"$scratch/said" 2>&1 ||
+        ! grep -qE -- "$expected" "$scratch/said"; then
+        echo "not found: $what" >&2
+        cat "$scratch/said" >&2
+        failures=$((failures + 1))
+    fi
+}
+
+# Makes a library of standard input with these options. What they leave unsaid is as in the product.
+usual_place=(-install_name /Library/MobileSubstrate/DynamicLibraries/Panotra.dylib)
+usual_names=('-Wl,-no_exported_symbols' '-Wl,-x')
+usual_signature=('-Wl,-adhoc_codesign')
+library() {
+    clang++-19 --target=arm64-apple-ios9.0 -std=c++20 -x c++ - -dynamiclib -nostdlib -fuse-ld=lld \
+        "--ld-path=$(type -P ld64.lld-19)" -L "$sdk_stubs" -F "$sdk_stubs" -lSystem \
+        "${usual_place[@]}" "${usual_names[@]}" "${usual_signature[@]}" "$@" -o "$planted"
+}
+
+constructor='extern "C" void* malloc(unsigned long); [[gnu::constructor]] static void start() { malloc(1); }'
+# Data of a name and a value that nobody asks for and that stay all the same.
+kept() { echo "$constructor; [[gnu::used]] static $1 = $2;"; }
+
+# Imports and libraries.
+
+library -Wl,-undefined,dynamic_lookup <<<"extern \"C\" void puts(); $(kept 'void (*pointer)()' puts)"
+expect_refused "an import that no stub allows" 'imports flat-namespace _puts, which no stub allows'
+library <<<"$constructor"
+expect_refused "a stub that allows more than is used" 'does not import libSystem _free'
+expect_refused "a library that is not linked" 'is not linked to /usr/lib/libobjc.A.dylib'
+
+mkdir "$scratch/stubs"
+sed -e "s|/usr/lib/libSystem.B.dylib|/usr/lib/libOther.dylib|" -e 's|compatibility-version: 0|compatibility-version: 3|' \
+    -e 's|_malloc|_other|' "$sdk_stubs/libSystem.tbd" >"$scratch/stubs/libOther.tbd"
+library -L "$scratch/stubs" -lOther <<<"extern \"C\" void other(); $(kept 'void (*pointer)()' other)"
+expect_refused "another library" 'is linked to /usr/lib/libOther.dylib'
+expect_refused "a version that an old system may not have" 'asks for version 3.0.0 of /usr/lib/libOther.dylib'
+
+# Sections.
+
+library <<<"$constructor [[gnu::constructor]] static void again() { malloc(2); }"
+expect_refused "two constructors" 'has 16 bytes of constructors'
+library <<<'int nothing;'
+expect_refused "no constructor" 'has 0 bytes of constructors'
+for section in __mod_term_func __objc_imageinfo __objc_nlclslist __interpose __init_offsets; do
+    library <<<"$(kept "long number [[gnu::section(\"__DATA,$section\")]]" 0)"
+    expect_refused "a section that does something at load" "has a section $section"
+done
+
+# Names.
+
+usual_names=('-Wl,-x')
+library <<<"$constructor extern \"C\" void shown() { }"
+expect_refused "an exported name" 'exports _shown'
+library <<<"extern \"C\" [[gnu::weak]] void shared() { } $(kept 'void (*pointer)()' shared)"
+expect_refused "a name shared with other libraries" 'shares _shared with other libraries'
+usual_names=('-Wl,-no_exported_symbols')
+library <<<"$constructor"
+expect_refused "a name of its own" 'names __ZL5startv'
+usual_names+=('-Wl,-x')
+library <<<"$(kept 'const char* path' '"/home/somebody/Panotra.cpp"')"
+expect_refused "a path of the machine that built it" 'holds the path /home/somebody/Panotra.cpp'
+
+# What it is.
+
+library --target=arm64-apple-ios10.0 <<<"$constructor"
+expect_refused "another least version" 'asks for system 10.0, not 9.0'
+library --target=x86_64-apple-ios11.0-simulator <<<"$constructor"
+expect_refused "another processor" 'is no library for arm64 but x86_64 DYLIB'
+library -install_name /usr/lib/Panotra.dylib <<<"$constructor"
+expect_refused "another place" 'is installed as /usr/lib/Panotra.dylib'
+library <<<"$(kept 'char room[200000]' '{ 1 }')"
+expect_refused "a library that is too long" 'bytes long, more than 131072'
+
+# Signature.
+
+usual_signature=('-Wl,-no_adhoc_codesign')
+library <<<"$constructor"
+expect_refused "no signature" 'is not signed$'
+cp "$device/arm64/Panotra.dylib" "$planted"
+printf 'X' | dd of="$planted" bs=1 seek=9000 conv=notrunc status=none
+expect_refused "a changed byte" 'differs from its signature in page 2'
+truncate --size=-100 "$planted"
+expect_refused "a file that ends early" 'ends in the middle of something|truncated or malformed'
+
+conclude "plants that the check of the library overlooks" "$failures"
