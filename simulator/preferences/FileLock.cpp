@@ -16,7 +16,8 @@ std::optional<std::string> FileLock::acquire(const std::filesystem::path& file, 
     constexpr std::chrono::milliseconds pause { 1 };
 
     // Reading is enough to lock, so that users who may not write each other's files can still wait for each other.
-    FileDescriptor opened(::open(file.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644));
+    constexpr int flags = O_RDONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    FileDescriptor opened(::open(file.c_str(), flags, 0644));
     if (!opened.isOpen())
         return std::strerror(errno);
     const auto deadline = Clock::now() + patience;

@@ -7,11 +7,21 @@
 #include "simulator/preferences/SettingText.h"
 #include "simulator/preferences/Utf8.h"
 
+#include <algorithm>
 #include <ostream>
 
 namespace panotra::preferences {
 
 namespace {
+
+/// The text as it is, or in quotes where a reader could not tell where it ends.
+std::string oneWord(const std::string& text)
+{
+    const auto needsQuotes = [](unsigned char byte) {
+        return byte <= ' ' || byte == '"' || byte == 0x7F;
+    };
+    return text.empty() || std::ranges::any_of(text, needsQuotes) ? inQuotes(text) : text;
+}
 
 class Command {
 public:
@@ -69,7 +79,7 @@ private:
         if (!file.read(Damaged::Leave))
             return PrefsStatus::FileTrouble;
         for (const auto& [key, value] : file.settings()) {
-            m_output << key << ' ' << typeOf(value);
+            m_output << oneWord(key) << ' ' << typeOf(value);
             if (!value.is_null())
                 m_output << ' ' << (value.is_string() ? inQuotes(textOf(value)) : textOf(value));
             m_output << '\n';

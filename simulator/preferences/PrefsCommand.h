@@ -27,9 +27,9 @@ enum class PrefsStatus {
     FileTrouble = 3, ///< the file could not be read or written
 };
 
-/// `list` prints a line `KEY TYPE VALUE` for each key, strings in double quotes; `get` prints the value alone.
-/// A value that is no number, boolean or string is listed as `other` and cannot be got. What went wrong is one
-/// line on `errors`.
+/// `list` prints a line `KEY TYPE VALUE` for each key, strings, and keys with blanks, in double quotes; `get` prints
+/// the value alone. A value that is no number, boolean or string is listed as `other` and cannot be got. What went
+/// wrong is one line on `errors`.
 PrefsStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors);
 
 } // namespace panotra::preferences

@@ -2,7 +2,6 @@
 #include "simulator/preferences/PropertyListFile.h"
 
 #include "simulator/preferences/DomainNames.h"
-#include "simulator/preferences/FileReplacement.h"
 #include "simulator/preferences/PropertyListGuard.h"
 
 #include <algorithm>
@@ -69,19 +68,24 @@ Saved PropertyListFile::save()
     if (loaded.tree) {
         if (!applyAll(*loaded.tree, m_changes))
             return finish(*loaded.tree, Saved::Nothing);
-        std::filesystem::path target = m_file;
-        Failure failure = followLinks(target);
-        const auto bytes = loaded.tree->serialize();
-        if (!bytes)
-            failure = "no property list can hold its values";
-        if (!failure)
-            failure = replaceFile(target, *bytes);
+        const Failure failure = replaceWith(*loaded.tree);
         if (!failure)
             return finish(*loaded.tree, Saved::Replaced);
         loaded.trouble = "cannot be changed: " + *failure;
     }
     report(m_isSavingTroubled, loaded.trouble + "; what was set stays in memory");
     return Saved::Failed;
+}
+
+Failure PropertyListFile::replaceWith(const PropertyListTree& tree) const
+{
+    const auto bytes = tree.serialize();
+    if (!bytes)
+        return "no property list can hold its values";
+    std::filesystem::path target = m_file;
+    if (auto failure = followLinks(target))
+        return failure;
+    return replaceFile(target, *bytes);
 }
 
 void PropertyListFile::change(Change change)

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "simulator/preferences/FileLock.h"
+#include "simulator/preferences/FileReplacement.h"
 #include "simulator/preferences/PropertyListTree.h"
 
 #include <chrono>
@@ -56,6 +57,7 @@ private:
     void change(Change);
     Loaded load() const;
     Loaded loadLocked(FileLock& lock);
+    Failure replaceWith(const PropertyListTree& tree) const;
     Saved finish(const PropertyListTree& tree, Saved);
     void accept(const PropertyListTree& tree);
     void report(bool& isTroubled, const std::string& trouble);

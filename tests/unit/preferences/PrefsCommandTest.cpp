@@ -65,6 +65,13 @@ TEST_F(PrefsCommandTest, ListsEveryKeyWithItsType)
         output, "scale float 0.5\nreplaceHUD bool yes\nname string \"a \\\"b\\\"\"\nactiveStyle int 1\nwhen other\n");
 }
 
+TEST_F(PrefsCommandTest, ListsEveryKeyOnOneLine)
+{
+    writeBytes(path, xmlWith("<key>two words</key><true/><key></key><true/><key>line\nbreak</key><true/>"));
+    EXPECT_EQ(run(PrefsAction::List), PrefsStatus::Done);
+    EXPECT_EQ(output, "\"two words\" bool yes\n\"\" bool yes\n\"line\\nbreak\" bool yes\n");
+}
+
 TEST_F(PrefsCommandTest, ListsNothingOfADomainThatHasNoFile)
 {
     EXPECT_EQ(run(PrefsAction::List), PrefsStatus::Done);

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <memory>
+#include <thread>
 
 #include <unistd.h>
 
@@ -78,7 +79,8 @@ TEST(Processes, ASaveWaitsForTheOneThatIsGoingOn)
     FileLock lock;
     ASSERT_FALSE(lock.acquire(folder / ".domain.lock", 0ms));
     ChildProcess writer(std::vector<std::string> { PANOTRA_PREFERENCE_WRITER, path, "key", "1" });
-    // The file appears only once the lock is gone, however long the other process has had to write it by then.
+    // Time enough for a writer that did not wait to be done.
+    std::this_thread::sleep_for(100ms);
     EXPECT_FALSE(std::filesystem::exists(path));
     lock = FileLock();
     EXPECT_EQ(writer.wait(), 0);

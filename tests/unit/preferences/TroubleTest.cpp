@@ -1,4 +1,5 @@
 /// Files that cannot be read or written: nothing is lost, and a person hears of it once.
+#include "simulator/preferences/DomainNames.h"
 #include "simulator/preferences/FileLock.h"
 #include "simulator/preferences/PropertyListFile.h"
 #include "tests/unit/preferences/TemporaryFolder.h"
@@ -90,6 +91,20 @@ TEST_F(TroubleTest, EveryFileThatIsSetAsideGetsANameOfItsOwn)
     for (std::size_t i = 0; i < std::size(contents); ++i)
         EXPECT_EQ(readBytes(folder / ("domain.plist.unreadable-" + std::to_string(i + 1))), contents[i]);
     EXPECT_EQ(warnings.size(), std::size(contents));
+}
+
+TEST_F(TroubleTest, AFileOfTheLongestDomainCanBeSavedAndSetAside)
+{
+    std::string domain;
+    while (!objectionToDomain(domain + 'x'))
+        domain += 'x';
+    path = fileOfDomain(folder.path(), domain);
+    PropertyListFile file = open();
+    file.set("volume0", 0.5);
+    EXPECT_EQ(file.save(), Saved::Replaced);
+    writeBytes(path, "garbage");
+    EXPECT_TRUE(file.read(Damaged::SetAside));
+    EXPECT_TRUE(std::filesystem::exists(path.string() + ".unreadable-1"));
 }
 
 TEST_F(TroubleTest, LookingAtAFileThatIsNoPropertyListLeavesIt)
