@@ -1,11 +1,13 @@
 /// Classes by name, the life of objects, and their fields by key.
+#include "simulator/device/ClassTable.h"
+
 #include "simulator/device/PlatformClasses.h"
-#include "simulator/device/Services.h"
 
 #include <algorithm>
 #include <cassert>
 #include <cstring>
 #include <functional>
+#include <map>
 #include <unordered_set>
 
 namespace panotra::sim {

@@ -1,13 +1,15 @@
 /// The events that come from outside, each sent through the class table, and the objects that they reach.
 #include "simulator/device/HomeScreen.h"
 
+#include "simulator/device/AudioService.h"
+#include "simulator/device/ClassTable.h"
+#include "simulator/device/DarwinNotifications.h"
 #include "simulator/device/RunLoop.h"
-#include "simulator/device/Services.h"
+#include "simulator/device/Screen.h"
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace panotra::sim {

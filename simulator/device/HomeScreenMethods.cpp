@@ -1,7 +1,8 @@
 /// Own implementations of the application, events, the assistant, other overlays and the gesture framework.
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/PlatformMethods.h"
-#include "simulator/device/Services.h"
+#include "simulator/device/Screen.h"
 #include "simulator/device/SharedObjects.h"
 #include "simulator/device/Values.h"
 
@@ -9,38 +10,31 @@ namespace panotra::sim {
 
 namespace {
 
-using Selector = const HostSelector*;
-
-Device& device()
-{
-    return *Device::current();
-}
-
 // UIApplication and SpringBoard
 
 void applicationDidFinishLaunching(HostObject*, Selector, HostObject*)
 {
-    device().trace("launched");
+    process().trace("launched");
 }
 
 std::int64_t activeInterfaceOrientation(HostObject*, Selector)
 {
-    return device().screen->orientation;
+    return process().screen->orientation;
 }
 
 HostObject* statusBar(HostObject*, Selector)
 {
-    return device().home->statusBar();
+    return process().home->statusBar();
 }
 
 double windowRotationDuration(HostObject*, Selector)
 {
-    return device().home->rotationDuration;
+    return process().home->rotationDuration;
 }
 
 bool isSpringBoardStatusBarHidden(HostObject*, Selector)
 {
-    return device().screen->statusBarHidden;
+    return process().screen->statusBarHidden;
 }
 
 // Events
@@ -52,7 +46,7 @@ std::int64_t eventType(HostObject* self, Selector)
 
 void motionBegan(HostObject*, Selector, std::int64_t, HostObject* event)
 {
-    device().trace("motion", [event] {
+    process().trace("motion", [event] {
         const auto* const motion = dynamic_cast<const Event*>(event);
         return Json { { "type", motion == nullptr ? Json() : Json(motion->type) } };
     });
@@ -62,12 +56,12 @@ void motionBegan(HostObject*, Selector, std::int64_t, HostObject* event)
 
 void traceAssistant(const char* action)
 {
-    device().trace("assistant", [action] { return Json { { "action", action } }; });
+    process().trace("assistant", [action] { return Json { { "action", action } }; });
 }
 
 bool isSiriVisible(HostObject*, Selector)
 {
-    return device().home->assistantVisible;
+    return process().home->assistantVisible;
 }
 
 void openSiri(HostObject*, Selector)
@@ -99,7 +93,7 @@ HostObject* targetView(HostObject* self, Selector)
 
 void hideImmediatelyIfPossible(HostObject*, Selector)
 {
-    device().trace("overlay", [] {
+    process().trace("overlay", [] {
         return Json { { "class", "ABVolumeHUDManager" }, { "action", "hideImmediatelyIfPossible" } };
     });
 }
@@ -109,13 +103,13 @@ void hideImmediatelyIfPossible(HostObject*, Selector)
 void registerListener(HostObject*, Selector, HostObject* listener, HostObject* name)
 {
     if (const std::string* const text = textOf(name))
-        device().home->registerListener(listener, *text);
+        process().home->registerListener(listener, *text);
 }
 
 void setHandled(HostObject* self, Selector, bool handled)
 {
     if (handled)
-        device().trace("handled", [self] {
+        process().trace("handled", [self] {
             return Json { { "listener", static_cast<const GestureEvent*>(self)->listener } };
         });
 }

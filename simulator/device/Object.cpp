@@ -1,7 +1,7 @@
 /// Method look-up, selectors and counting.
 #include "simulator/device/Object.h"
 
-#include "simulator/device/Services.h"
+#include "simulator/device/ClassTable.h"
 
 #include <set>
 

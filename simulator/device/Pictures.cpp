@@ -1,7 +1,7 @@
 /// The pictures of the resource bundle.
 #include "simulator/device/Pictures.h"
 
-#include "simulator/device/Services.h"
+#include "simulator/device/Screen.h"
 
 #include <array>
 #include <cmath>

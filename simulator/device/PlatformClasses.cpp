@@ -1,8 +1,8 @@
 /// The platform's classes: who inherits from whom, and what kind of object each makes.
 #include "simulator/device/PlatformClasses.h"
 
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/PlatformMethods.h"
-#include "simulator/device/Services.h"
 #include "simulator/device/SharedObjects.h"
 
 namespace panotra::sim {

@@ -1,13 +1,22 @@
 /// The host's own implementations of the methods that programs hook, override, ask for or call by selector.
 #pragma once
 
-#include "simulator/device/Object.h"
+#include "simulator/device/Device.h"
 
 #include <span>
 
 namespace panotra::sim {
 
 class ClassTable;
+
+/// The second argument of every method.
+using Selector = const HostSelector*;
+
+/// The process in which a method runs.
+inline Device& process()
+{
+    return *Device::current();
+}
 
 /// A row of a table of methods.
 struct PlatformMethod {

@@ -2,11 +2,10 @@
 #include "simulator/device/RunLoop.h"
 
 #include "simulator/device/Animation.h"
-#include "simulator/device/Services.h"
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/View.h"
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <tuple>
 #include <utility>

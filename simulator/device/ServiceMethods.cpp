@@ -1,20 +1,14 @@
 /// Own implementations of the audio service, the volume buttons, the indicator, sounds and the ringer.
+#include "simulator/device/AudioService.h"
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/PlatformMethods.h"
 #include "simulator/device/RunLoop.h"
-#include "simulator/device/Services.h"
 #include "simulator/device/Values.h"
 
 namespace panotra::sim {
 
 namespace {
-
-using Selector = const HostSelector*;
-
-Device& device()
-{
-    return *Device::current();
-}
 
 /// A string object's text, or null for anything else.
 Json jsonOfText(const HostObject* object)
@@ -33,7 +27,7 @@ Json jsonOfNumber(const HostObject* object)
 
 void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announcement)
 {
-    device().trace("announced", [announcement] {
+    process().trace("announced", [announcement] {
         const auto* const values = dynamic_cast<const Dictionary*>(announcement);
         const auto value = [values](const char* key) {
             return values == nullptr ? nullptr : values->objectForKey(key);
@@ -48,29 +42,29 @@ void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announce
 
 bool getActiveCategoryVolume(HostObject*, Selector, float* level, HostObject** name, HostObject*)
 {
-    const AudioService& audio = *device().audio;
+    const AudioService& audio = *process().audio;
     if (level != nullptr)
         *level = audio.level(audio.activeCategory);
     if (name != nullptr)
         *name = autoreleasedString(audio.activeCategory);
-    device().trace("activeVolume", [name] { return Json { { "named", name != nullptr } }; });
+    process().trace("activeVolume", [name] { return Json { { "named", name != nullptr } }; });
     return true;
 }
 
 bool setVolume(HostObject*, Selector, float level, HostObject* categoryObject)
 {
-    device().trace("setVolume", [&] {
+    process().trace("setVolume", [&] {
         return Json { { "category", jsonOfText(categoryObject) }, { "level", static_cast<double>(level) } };
     });
     const std::string* const category = textOf(categoryObject);
     if (category == nullptr)
         return true;
-    AudioService& audio = *device().audio;
+    AudioService& audio = *process().audio;
     const bool isNew = !audio.hasLevel(*category) || audio.level(*category) != level;
     audio.store(*category, level);
     if (audio.echo && isNew) {
-        HomeScreen& home = *device().home;
-        device().runLoop->defer([&home, category = *category, level] { home.announceChange(category, level); });
+        HomeScreen& home = *process().home;
+        process().runLoop->defer([&home, category = *category, level] { home.announceChange(category, level); });
     }
     return true;
 }
@@ -80,14 +74,14 @@ bool getVolume(HostObject*, Selector, float* level, HostObject* categoryObject)
     const std::string* const category = textOf(categoryObject);
     if (category == nullptr || level == nullptr)
         return false;
-    *level = device().audio->level(*category);
+    *level = process().audio->level(*category);
     return true;
 }
 
 HostObject* attributeForKey(HostObject*, Selector, HostObject* key)
 {
     const std::string* const name = textOf(key);
-    const auto& route = device().audio->route;
+    const auto& route = process().audio->route;
     if (name == nullptr || *name != "AVController_ActiveAudioRouteAttribute" || !route.has_value())
         return nullptr;
     return autoreleasedString(*route);
@@ -97,19 +91,19 @@ HostObject* attributeForKey(HostObject*, Selector, HostObject* key)
 
 void presentVolumeHUD(HostObject*, Selector self, std::int64_t mode, float level)
 {
-    device().trace("indicator", [&] {
+    process().trace("indicator", [&] {
         return Json { { "by", self->name }, { "mode", mode }, { "level", static_cast<double>(level) } };
     });
 }
 
 void presentHUDView(HostObject*, Selector self, HostObject*, double delay)
 {
-    device().trace("indicator", [&] { return Json { { "by", self->name }, { "delay", delay } }; });
+    process().trace("indicator", [&] { return Json { { "by", self->name }, { "delay", delay } }; });
 }
 
 void reorientHUDIfNeeded(HostObject*, Selector, bool flag)
 {
-    device().trace("reoriented", [flag] { return Json { { "flag", flag } }; });
+    process().trace("reoriented", [flag] { return Json { { "flag", flag } }; });
 }
 
 // SBSoundController and SBMediaController
@@ -121,7 +115,7 @@ std::int64_t soundType(HostObject* self, Selector)
 
 bool playSound(HostObject*, Selector, HostObject* sound, std::uint64_t, HostObject*)
 {
-    device().trace("sound", [sound] {
+    process().trace("sound", [sound] {
         const auto* const typed = dynamic_cast<const Sound*>(sound);
         return Json { { "type", typed == nullptr ? Json() : Json(typed->type) } };
     });
@@ -130,7 +124,7 @@ bool playSound(HostObject*, Selector, HostObject* sound, std::uint64_t, HostObje
 
 void setRingerMuted(HostObject*, Selector, bool muted)
 {
-    device().trace("ringer", [muted] { return Json { { "muted", muted } }; });
+    process().trace("ringer", [muted] { return Json { { "muted", muted } }; });
 }
 
 } // namespace
@@ -156,15 +150,15 @@ void addServiceMethods(ClassTable& classes)
     classes.platformClass("VolumeControl").fields = {
         { "_mode", 'q', 0,
             [] {
-                return device().home->volumeMode;
+                return process().home->volumeMode;
             } },
         { "_volumeUpButtonIsDown", 'B', 0,
             [] {
-                return std::int64_t { device().home->volumeUpIsDown };
+                return std::int64_t { process().home->volumeUpIsDown };
             } },
         { "_volumeDownButtonIsDown", 'B', 0,
             [] {
-                return std::int64_t { device().home->volumeDownIsDown };
+                return std::int64_t { process().home->volumeDownIsDown };
             } },
     };
 }

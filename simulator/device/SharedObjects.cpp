@@ -1,7 +1,7 @@
 /// The overlays of two other programs, and the voice assistant.
 #include "simulator/device/SharedObjects.h"
 
-#include "simulator/device/Services.h"
+#include "simulator/device/ClassTable.h"
 
 namespace panotra::sim {
 

@@ -1,6 +1,8 @@
 /// One finger on the mixer's window: hit tests, and the drags that recognisers make of its moves.
+#include "simulator/device/Touches.h"
+
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/HomeScreen.h"
-#include "simulator/device/Services.h"
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
 

@@ -1,7 +1,7 @@
 /// The small objects that come and go between programs and the host.
 #include "simulator/device/Values.h"
 
-#include "simulator/device/Services.h"
+#include "simulator/device/ClassTable.h"
 
 namespace panotra::sim {
 

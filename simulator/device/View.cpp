@@ -2,7 +2,7 @@
 #include "simulator/device/View.h"
 
 #include "simulator/device/AnimatedSetting.h"
-#include "simulator/device/Services.h"
+#include "simulator/device/ClassTable.h"
 
 namespace panotra::sim {
 

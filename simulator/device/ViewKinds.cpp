@@ -1,6 +1,6 @@
 /// Windows, labels, image views, backdrops and recognisers.
 #include "simulator/device/AnimatedSetting.h"
-#include "simulator/device/Services.h"
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/View.h"
 
 #include <utility>

@@ -1,13 +1,12 @@
 /// Own implementations of views, layers and the screen.
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/PlatformMethods.h"
-#include "simulator/device/Services.h"
+#include "simulator/device/Screen.h"
 #include "simulator/device/View.h"
 
 namespace panotra::sim {
 
 namespace {
-
-using Selector = const HostSelector*;
 
 HostObject* init(HostObject* self, Selector)
 {
@@ -33,7 +32,7 @@ HostObject* hitTest(HostObject* self, Selector, Point point, HostObject*)
 /// `setFrame:` of both status bars: the bar is a fixture of the screen and does not move.
 void setStatusBarFrame(HostObject* self, Selector, Rect frame)
 {
-    Device::current()->trace("statusBarFrame", [&] {
+    process().trace("statusBarFrame", [&] {
         return Json { { "class", self->isa->name }, { "frame", { frame.x, frame.y, frame.width, frame.height } } };
     });
 }
@@ -46,18 +45,18 @@ void setContinuousCorners(HostObject* self, Selector, bool continuous)
 
 Rect bounds(HostObject*, Selector)
 {
-    const auto [width, height] = Device::current()->screen->currentSize();
+    const auto [width, height] = process().screen->currentSize();
     return { 0, 0, width, height };
 }
 
 double scale(HostObject*, Selector)
 {
-    return Device::current()->screen->scale;
+    return process().screen->scale;
 }
 
 Rect referenceBounds(HostObject*, Selector)
 {
-    const Screen& screen = *Device::current()->screen;
+    const Screen& screen = *process().screen;
     return { 0, 0, screen.width, screen.height };
 }
 

@@ -1,5 +1,5 @@
 /// A view's place in the tree, and its recognisers.
-#include "simulator/device/Services.h"
+#include "simulator/device/ClassTable.h"
 #include "simulator/device/View.h"
 
 #include <algorithm>

@@ -1,0 +1,25 @@
+/// The audio service: levels, the active route and the active category.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace panotra::sim {
+
+/// Levels by category, the active route and category. A category without a level reads as 0.
+class AudioService {
+public:
+    std::vector<std::pair<std::string, float>> levels; ///< in the order first stored; the six known ones at 0.5
+    std::optional<std::string> route = "Speaker";
+    std::string activeCategory = "Audio/Video";
+    bool echo = false;
+
+    AudioService();
+    float level(const std::string& category) const;
+    bool hasLevel(const std::string& category) const;
+    void store(const std::string& category, float level);
+};
+
+} // namespace panotra::sim
