@@ -1,0 +1,434 @@
+/// createUI: what is built in each style, in which order, how it fades in, and what a second call does.
+#include "simulator/device/Animation.h"
+#include "tests/support/MixerTest.h"
+
+namespace panotra {
+namespace {
+
+using sim::Json;
+using testing::isNear;
+using testing::isRectangle;
+using Names = std::vector<std::string>;
+
+struct ViewTree : testing::MixerTest {
+    ViewTree() { storeLevels(0.5); }
+
+    double containerAlpha() const { return view("_containerView").alpha; }
+    double blurRadius() const { return view<sim::BackdropView>("_blurBackdropView").blurRadius.value(); }
+    sim::View& content(const std::string& name) const { return *view<sim::BackdropView>(name).content; }
+    void showReplacingTheIndicator()
+    {
+        store("replaceHUD", true);
+        launch();
+        controller().createUI();
+        pass();
+    }
+};
+
+// The window and its root.
+
+TEST_F(ViewTree, TheWindowCoversTheScreenAboveAlerts)
+{
+    show(panel);
+    const auto& window = view<sim::Window>("_window");
+    EXPECT_TRUE(isRectangle(frameOf(window), CGRectMake(0, 0, 375, 667)));
+    EXPECT_EQ(window.level, 2100);
+    EXPECT_TRUE(window.shown);
+    EXPECT_FALSE(window.hidden);
+    EXPECT_EQ(window.alpha, 1);
+    EXPECT_EQ(events.back()["event"], "windowShown") << "the last step";
+}
+
+TEST_F(ViewTree, TheTurnedRootStillCoversTheWindow)
+{
+    for (const std::int64_t orientation : { 1, 2, 3, 4, 0 }) {
+        device.screen->orientation = orientation;
+        show(panel);
+        const sim::View& root = view("_rootView");
+        const bool isTurned = orientation == 3 || orientation == 4;
+        EXPECT_TRUE(isRectangle(frameOf(root), CGRectMake(0, 0, 375, 667))) << orientation;
+        EXPECT_TRUE(isNear(root.bounds.width, isTurned ? 667 : 375));
+        EXPECT_TRUE(isNear(root.bounds.height, isTurned ? 375 : 667));
+        dismiss();
+    }
+}
+
+// The tree.
+
+const Names mediaGroup { "_groupLabel0", "_volumeView11", "_volumeView0", "_volumeView1", "_volumeView2" };
+const Names callGroup { "_groupLabel1", "_volumeView3", "_volumeView4", "_volumeView5", "_volumeView6" };
+const Names extrasGroup { "_groupLabel2", "_volumeView7", "_volumeView8", "_volumeView9", "_volumeView10" };
+
+TEST_F(ViewTree, ThePanelLiesInFrontOfAFullScreenBlur)
+{
+    show(panel);
+    EXPECT_EQ(namesOf(view("_window").subviews), (Names { "_blurBackdropView", "_rootView" }));
+    EXPECT_EQ(namesOf(view("_rootView").subviews), (Names { "_containerView" }));
+    EXPECT_EQ(namesOf(view("_containerView").subviews), (Names { "_rootBackdropView" }));
+    EXPECT_EQ(namesOf(content("_rootBackdropView").subviews), (Names { "_groupView0", "_groupView1", "_groupView2" }));
+    EXPECT_EQ(namesOf(view("_groupView0").subviews), mediaGroup);
+    EXPECT_EQ(namesOf(view("_groupView1").subviews), callGroup);
+    EXPECT_EQ(namesOf(view("_groupView2").subviews), extrasGroup);
+}
+
+TEST_F(ViewTree, TheBannerHasNoBlurBehindIt)
+{
+    show(banner);
+    EXPECT_EQ(namesOf(view("_window").subviews), (Names { "_rootView" }));
+    EXPECT_FALSE(controller().valueForKey("_blurBackdropView"));
+    EXPECT_EQ(namesOf(view("_rootView").subviews), (Names { "_containerView" }));
+    EXPECT_EQ(namesOf(view("_containerView").subviews), (Names { "_rootBackdropView" }));
+    EXPECT_EQ(namesOf(content("_rootBackdropView").subviews), (Names { "_groupView0", "_groupView1", "_groupView2" }));
+    EXPECT_EQ(namesOf(view("_groupView0").subviews), mediaGroup);
+    EXPECT_EQ(namesOf(view("_groupView1").subviews), callGroup);
+    EXPECT_EQ(namesOf(view("_groupView2").subviews), extrasGroup);
+}
+
+TEST_F(ViewTree, AnyOtherStyleShowsAnEmptyTurnedRoot)
+{
+    for (const int style : { 2, 7, 65535 }) {
+        device.screen->orientation = 3;
+        show(style);
+        EXPECT_EQ(namesOf(view("_window").subviews), (Names { "_rootView" })) << style;
+        EXPECT_TRUE(view("_rootView").subviews.empty());
+        EXPECT_TRUE(isNear(view("_rootView").transform.b, 1));
+        EXPECT_TRUE(view<sim::Window>("_window").shown);
+        for (const char* name :
+            { "_containerView", "_rootBackdropView", "_groupView0", "_groupLabel0", "_volumeView0" })
+            EXPECT_FALSE(controller().valueForKey(name)) << name;
+        EXPECT_EQ(countOf("animate"), 0u) << "nothing fades in";
+        EXPECT_EQ(countOf("write"), 0u) << "nothing is loaded";
+        EXPECT_TRUE(processValues.justCreated) << "nothing is laid out";
+        dismiss();
+        EXPECT_FALSE(controller().window());
+        forgetEvents();
+    }
+}
+
+// What the parts are.
+
+struct SliderCase {
+    SlotNumber slot;
+    const char* name;
+    const char* image;
+    bool canGoToZero;
+};
+
+const SliderCase sliderCases[] = {
+    { 11, "Receiver", "receiver", true },
+    { 0, "Speaker", "speaker", true },
+    { 1, "Headphones", "headphone", true },
+    { 2, "HeadphonesBT", "headphonebt", true },
+    { 3, "Receiver", "receiver", false },
+    { 4, "Speaker", "speaker", false },
+    { 5, "Headset", "headset", false },
+    { 6, "HeadsetBT", "headsetbt", false },
+    { 7, "Ringtone", "ringer", false },
+    { 8, "Alarm", "alarm", false },
+    { 9, "Notifications", "notification", false },
+    { 10, "Siri", "siri", false },
+};
+
+TEST_F(ViewTree, ThePanelsSlidersAreNamed)
+{
+    show(panel);
+    for (const SliderCase& each : sliderCases) {
+        EXPECT_EQ(part<sim::Label>(each.slot, "_label0").text, each.name);
+        EXPECT_EQ(fieldOf(slider(each.slot), "_imageView"), nullptr);
+        EXPECT_EQ(slider(each.slot).tag(), each.slot);
+        EXPECT_EQ(device.classes->scalarForKey(slider(each.slot).get(), "_canGoToZero"), each.canGoToZero);
+    }
+}
+
+TEST_F(ViewTree, TheBannersSlidersHaveIcons)
+{
+    show(banner);
+    for (const SliderCase& each : sliderCases) {
+        EXPECT_EQ(part<sim::ImageView>(each.slot, "_imageView").image->baseName, each.image);
+        EXPECT_EQ(fieldOf(slider(each.slot), "_label0"), nullptr);
+        EXPECT_EQ(slider(each.slot).tag(), each.slot);
+        EXPECT_EQ(device.classes->scalarForKey(slider(each.slot).get(), "_canGoToZero"), each.canGoToZero);
+    }
+}
+
+TEST_F(ViewTree, TheGroupsHaveTheirTitlesInBothStyles)
+{
+    const Names panelTitles { "Media Volume Level", "PhoneCall Volume Level", "Extra Volumes Level" };
+    const Names bannerTitles { "Media", "PhoneCall", "Extras" };
+    for (const int style : { panel, banner }) {
+        show(style);
+        for (std::size_t group = 0; group < groupCount; ++group) {
+            const auto& title = view<sim::Label>("_groupLabel" + std::to_string(group));
+            EXPECT_EQ(title.text, (style == panel ? panelTitles : bannerTitles)[group]);
+            EXPECT_EQ(title.alignment, 1);
+            EXPECT_EQ(title.fontSize, 14);
+            EXPECT_EQ(title.fontWeight, "light");
+        }
+        dismiss();
+    }
+}
+
+TEST_F(ViewTree, EveryBackdropFitsItsSuperviewAndTakesTouches)
+{
+    store("mixerSkin", 4); // no skin: the styles are createUI's
+    show(panel);
+    const auto& blur = view<sim::BackdropView>("_blurBackdropView");
+    const auto& root = view<sim::BackdropView>("_rootBackdropView");
+    EXPECT_EQ(blur.style, 2);
+    EXPECT_EQ(root.style, -2);
+    for (const sim::BackdropView* const each : { &blur, &root }) {
+        EXPECT_EQ(each->quality, 100);
+        EXPECT_TRUE(each->autosizes);
+        EXPECT_TRUE(each->interaction);
+    }
+    EXPECT_TRUE(isRectangle(frameOf(blur), CGRectMake(0, 0, 375, 667)));
+    EXPECT_TRUE(isRectangle(frameOf(root), CGRectMake(0, 0, 320, 480)));
+    dismiss();
+    show(banner);
+    EXPECT_EQ(view<sim::BackdropView>("_rootBackdropView").style, 2010);
+    EXPECT_EQ(view<sim::BackdropView>("_rootBackdropView").quality, 100);
+    EXPECT_TRUE(view("_rootBackdropView").interaction);
+}
+
+TEST_F(ViewTree, TheContainersHaveRoundBorderedCorners)
+{
+    show(panel);
+    EXPECT_TRUE(isNear(view("_containerView").layer.cornerRadius, 26.88)); // 320 · 480 · 0.000175
+    dismiss();
+    show(banner);
+    EXPECT_TRUE(isNear(view("_containerView").layer.cornerRadius, 130.56 / 7)); // 320 · 960 / 7 · 0.000425
+    dismiss();
+    for (const int style : { panel, banner }) {
+        show(style);
+        const sim::Layer& layer = view("_containerView").layer;
+        EXPECT_TRUE(layer.masksToBounds);
+        EXPECT_TRUE(layer.continuousCorners);
+        EXPECT_EQ(layer.borderWidth, 1.5);
+        dismiss();
+    }
+}
+
+TEST_F(ViewTree, CornersStayOrdinaryWhereTheSystemDoesNotKnowContinuousOnes)
+{
+    device.classes->platformClass("CALayer").methods.erase(sim::selector("setContinuousCorners:"));
+    show(panel);
+    EXPECT_FALSE(view("_containerView").layer.continuousCorners);
+    EXPECT_FALSE(sliderView(0).layer.continuousCorners);
+    EXPECT_TRUE(view("_containerView").layer.masksToBounds);
+}
+
+TEST_F(ViewTree, OnlyABannerThatATouchMayDismissCatchesTouchesAllOverTheScreen)
+{
+    for (const int style : { panel, banner }) {
+        for (const bool dismissOnTouch : { false, true }) {
+            store("dismissOnTouch", dismissOnTouch);
+            show(style);
+            const auto expected = style == banner && dismissOnTouch
+                ? std::optional(sim::Rgba { 0.95, 0.95, 0.95, 0.006 })
+                : std::nullopt;
+            EXPECT_EQ(view("_rootView").background, expected) << "style " << style;
+            dismiss();
+        }
+    }
+}
+
+TEST_F(ViewTree, TheBannersPartsStandWhereTheyWereWorkedOut)
+{
+    show(banner);
+    // The numbers are the geometry's own for a banner of 320 × 960 / 7 points; here they have reached the views.
+    const double top = 9.6 / 7;
+    EXPECT_TRUE(isRectangle(frameOf(view("_groupView0")), CGRectMake(3.2, top, 102.4, 134.4)));
+    EXPECT_TRUE(isRectangle(frameOf(view("_groupView1")), CGRectMake(108.8, top, 102.4, 134.4)));
+    EXPECT_TRUE(isRectangle(frameOf(view("_groupView2")), CGRectMake(214.4, top, 102.4, 134.4)));
+    for (const char* title : { "_groupLabel0", "_groupLabel1", "_groupLabel2" })
+        EXPECT_TRUE(isRectangle(frameOf(view(title)), CGRectMake(2.5, 2.5, 97.4, 17.5)));
+    const CGRect cells[] = { CGRectMake(3.2, 26.72, 47.12, 47.12), CGRectMake(53.52, 26.72, 47.12, 47.12),
+        CGRectMake(3.2, 80.56, 47.12, 47.12), CGRectMake(53.52, 80.56, 47.12, 47.12) };
+    const SlotNumber slots[groupCount][cellsPerGroup] = { { 11, 0, 1, 2 }, { 3, 4, 5, 6 }, { 7, 8, 9, 10 } };
+    for (const auto& group : slots) {
+        for (std::size_t cell = 0; cell < cellsPerGroup; ++cell) {
+            EXPECT_TRUE(isRectangle(frameOf(sliderView(group[cell])), cells[cell])) << int(group[cell]);
+            EXPECT_TRUE(isNear(sliderView(group[cell]).layer.cornerRadius, 23.56)) << "laid out as icon sliders";
+        }
+    }
+}
+
+TEST_F(ViewTree, TheBannerIsShrunkOnceItIsBuilt)
+{
+    show(banner);
+    EXPECT_TRUE(isNear(view("_containerView").transform.a, 0.875));
+    EXPECT_TRUE(isNear(view("_containerView").frame().height, 120)); // 960 / 7 · 7 / 8
+    dismiss();
+    store("scale", 0.5);
+    show(banner);
+    EXPECT_EQ(view("_containerView").transform.a, 0.5);
+    EXPECT_EQ(view("_containerView").transform.d, 0.5);
+}
+
+TEST_F(ViewTree, TheSlidersComeUpWithTheirOwnRememberedLevels)
+{
+    for (const VolumeSlot& slot : volumeSlots)
+        store(slot.preferenceKey, (slot.number + 1) / 16.0);
+    for (const int style : { panel, banner }) {
+        show(style);
+        for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot) {
+            const double level = (slot + 1) / 16.0;
+            EXPECT_EQ(slider(slot).volume(), level);
+            EXPECT_TRUE(isNear(part(slot, "_volumeView").frame().width, level * sliderView(slot).frame().width))
+                << "slot " << int(slot) << " in style " << style;
+        }
+        dismiss();
+    }
+    // The phone call's Bluetooth slider is first laid out with its neighbour's level, and shows its own all the same.
+    EXPECT_EQ(stored("volume6"), 7 / 16.0);
+}
+
+// The fade-in.
+
+TEST_F(ViewTree, ThePanelAppearsOnceTheBlurHasDeepened)
+{
+    show(panel);
+    const auto fade = eventsOf("animate").back();
+    EXPECT_EQ(fade["duration"], 0.15);
+    EXPECT_EQ(fade["delay"], 0.0);
+    EXPECT_EQ(fade["options"], 2);
+    const auto* const deepening
+        = device.runLoop->animations().back()->find(view("_blurBackdropView"), sim::AnimatedProperty::BlurRadius);
+    ASSERT_NE(deepening, nullptr);
+    EXPECT_EQ(deepening->before[0], 5.0);
+    EXPECT_EQ(deepening->after[0], 30.0);
+    EXPECT_EQ(containerAlpha(), 0.0);
+
+    forgetEvents();
+    pass(0.1499);
+    EXPECT_EQ(containerAlpha(), 0.0);
+    pass(0.0002);
+    EXPECT_EQ(containerAlpha(), 1.0);
+    ASSERT_EQ(countOf("animate"), 1u);
+    EXPECT_EQ(eventsOf("animate")[0]["duration"], 0.15);
+    EXPECT_EQ(eventsOf("animate")[0]["options"], 2);
+    EXPECT_EQ(device.runLoop->runningAnimations(), 1u);
+    pass(0.15);
+    EXPECT_EQ(device.runLoop->runningAnimations(), 0u);
+    EXPECT_EQ(countOf("animate"), 1u) << "nothing follows";
+}
+
+TEST_F(ViewTree, TheBannerTakesAsLongAlthoughNoBlurDeepens)
+{
+    show(banner);
+    EXPECT_EQ(durations().back(), 0.15);
+    EXPECT_EQ(containerAlpha(), 0.0);
+    pass(0.1501);
+    EXPECT_EQ(containerAlpha(), 1.0);
+    EXPECT_EQ(device.runLoop->runningAnimations(), 1u);
+    pass(0.15);
+    EXPECT_EQ(device.runLoop->runningAnimations(), 0u);
+}
+
+TEST_F(ViewTree, LevelsAreLoadedBeforeTheLayoutAndTheLayoutComesBeforeTheFadeIn)
+{
+    show(panel);
+    dismiss();
+    forgetEvents();
+    presentOnDemand();
+    const auto names = order({ "synchronize", "animate", "windowShown" });
+    EXPECT_EQ(names.front(), "synchronize");
+    EXPECT_EQ((Names { names.end() - 4, names.end() }), (Names { "animate", "animate", "animate", "windowShown" }));
+    EXPECT_EQ(durations(), (std::vector<double> { 0.3, 0.15, 0.15 })) << "the turn, the sliders' rest, the fade-in";
+}
+
+// A second call.
+
+TEST_F(ViewTree, ASecondCallBuildsNothingAndShowsTheWindowAgain)
+{
+    showReplacingTheIndicator();
+    pass(0.5);
+    const id window = controller().window().get();
+    const std::size_t views = device.classes->liveObjects("UIView");
+    slider(0).setVolume(0.9);
+    forgetEvents();
+    controller().createUI();
+    EXPECT_EQ(controller().window().get(), window);
+    EXPECT_EQ(device.classes->liveObjects("UIView"), views);
+    EXPECT_EQ(slider(0).volume(), 0.9) << "levels are left as they are";
+    EXPECT_EQ(order({ "cancel", "schedule", "animate", "write", "windowShown" }),
+        (Names { "cancel", "schedule", "windowShown" }));
+}
+
+TEST_F(ViewTree, ASecondCallEndsAFadeInAtOnce)
+{
+    showReplacingTheIndicator();
+    for (const double after : { 0.1, 0.2 }) { // in either half
+        pass(after);
+        controller().createUI();
+        EXPECT_EQ(containerAlpha(), 1.0) << after;
+        EXPECT_EQ(blurRadius(), 30.0);
+        pass(0.3);
+        EXPECT_EQ(containerAlpha(), 1.0);
+        dismiss();
+        controller().createUI();
+        pass();
+    }
+}
+
+TEST_F(ViewTree, ASecondCallOnDemandLeavesAFadeInAlone)
+{
+    show(panel);
+    pass(0.1);
+    controller().createUI();
+    EXPECT_EQ(containerAlpha(), 0.0);
+    pass(0.0501);
+    EXPECT_EQ(containerAlpha(), 1.0);
+}
+
+TEST_F(ViewTree, StyleAndSkinChangeAtTheNextBuildOnly)
+{
+    show(panel);
+    store("activeStyle", 1);
+    store("mixerSkin", 2);
+    reloadSettings();
+    controller().createUI();
+    pass(1);
+    EXPECT_TRUE(fieldOf(controller(), "_blurBackdropView") != nullptr);
+    EXPECT_EQ(view<sim::BackdropView>("_rootBackdropView").style, 2010);
+    EXPECT_NE(fieldOf(slider(0), "_label0"), nullptr);
+    dismiss();
+    presentOnDemand();
+    EXPECT_EQ(view<sim::BackdropView>("_rootBackdropView").style, 2050);
+    EXPECT_NE(fieldOf(slider(0), "_imageView"), nullptr);
+}
+
+// The dismissal that waits.
+
+TEST_F(ViewTree, TheDismissalIsArmedBeforeAnythingIsBuilt)
+{
+    store("replaceHUD", true);
+    launch();
+    forgetEvents();
+    controller().createUI();
+    EXPECT_EQ(events.at(0)["event"], "cancel");
+    EXPECT_EQ(events.at(0)["selector"], "destroyHUDWindow");
+    EXPECT_EQ(events.at(0)["object"], nullptr);
+    EXPECT_EQ(events.at(1)["event"], "schedule");
+    EXPECT_EQ(events.at(1)["selector"], "destroyHUDWindow");
+    EXPECT_EQ(events.at(1)["delay"], 2.0);
+}
+
+TEST_F(ViewTree, OnDemandOrBesideTheSystemsIndicatorNoDismissalIsArmed)
+{
+    for (const bool replaceHUD : { true, false }) {
+        store("replaceHUD", replaceHUD);
+        forgetEvents();
+        show(panel);
+        EXPECT_EQ(order({ "cancel", "schedule" }), Names {}) << "on demand";
+        processValues.presentedViaActivator = false;
+        controller().createUI();
+        EXPECT_EQ(order({ "cancel", "schedule" }), replaceHUD ? (Names { "cancel", "schedule" }) : Names {});
+        processValues.presentedViaActivator = true;
+        dismiss();
+        pass(3);
+    }
+}
+
+} // namespace
+} // namespace panotra
