@@ -29,11 +29,12 @@ bool wouldOverwriteScenario(const PlayOptions& options)
         && std::filesystem::equivalent(*options.traceFile, options.scenarioFile, error);
 }
 
-ExitStatus playOnDevice(
-    const PlayOptions& options, const Library& library, const Scenario& scenario, OutputFile& output)
+ExitStatus playOnDevice(const PlayOptions& options, const Library& library, const Scenario& scenario,
+    OutputFile& output, Pictures* pictures)
 {
     const auto writer = makeTraceWriter(options.format, [&output](std::string_view text) { output.write(text); });
     Device device(options.preferencesFolder);
+    device.resourceFolder = options.resourceFolder;
     device.traceSink = [&writer](const Json& event) {
         writer->event(event);
     };
@@ -43,7 +44,7 @@ ExitStatus playOnDevice(
         = [&options](std::size_t line, const std::string& message) { complainAbout(options, line, message); },
         .fileFailed = complain,
     };
-    Player player(device, library, audience);
+    Player player(device, library, audience, pictures);
     player.play(scenario);
     writer->finish();
     output.close();
@@ -61,7 +62,7 @@ void complain(const std::string& message)
     std::fprintf(stderr, "panotra: %s\n", message.c_str());
 }
 
-ExitStatus play(const PlayOptions& options, const Library& library)
+ExitStatus play(const PlayOptions& options, const Library& library, Pictures* pictures)
 {
     const auto text = readFile(options.scenarioFile);
     if (const auto* error = std::get_if<FileError>(&text)) {
@@ -87,7 +88,7 @@ ExitStatus play(const PlayOptions& options, const Library& library)
         complain(output.error()->message);
         return ExitStatus::FileFailed;
     }
-    return playOnDevice(options, library, scenario, output);
+    return playOnDevice(options, library, scenario, output, pictures);
 }
 
 } // namespace panotra::sim

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/scenario/Library.h"
+#include "simulator/scenario/Pictures.h"
 #include "simulator/scenario/TraceWriter.h"
 
 #include <optional>
@@ -23,10 +24,12 @@ struct PlayOptions {
     TraceFormat format = TraceFormat::Text;
     std::optional<std::string> traceFile; ///< none: standard output
     std::string picturesFolder = ".";
+    std::string resourceFolder; ///< the bundle with the mixer's own pictures; empty: it has none
 };
 
-/// Plays the scenario on a device of its own. Complaints go to standard error, a line each.
-ExitStatus play(const PlayOptions& options, const Library& library);
+/// Plays the scenario on a device of its own. `pictures`: null where nothing can be drawn. Complaints go to standard
+/// error, a line each.
+ExitStatus play(const PlayOptions& options, const Library& library, Pictures* pictures = nullptr);
 
 /// Writes a complaint of the program itself to standard error, "panotra: …".
 void complain(const std::string& message);

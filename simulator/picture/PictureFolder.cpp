@@ -1,6 +1,8 @@
 /// Pictures into a folder.
 #include "simulator/picture/PictureFolder.h"
 
+#include "simulator/scenario/Text.h"
+
 #include <filesystem>
 
 namespace panotra::sim {
@@ -33,7 +35,7 @@ std::optional<std::string> PictureFolder::write(Device& device, const std::strin
             return named(failure);
     }
     std::error_code error;
-    std::filesystem::create_directories(path.parent_path(), error); // if it fails, so does writing
+    std::filesystem::create_directories(m_folder, error); // if it fails, so does writing
     const auto failure = writePng(m_renderer->draw(device).pixels, path.string());
     return failure ? std::optional(named(*failure)) : std::nullopt;
 }

@@ -323,9 +323,11 @@ void copyRounded(const Plane& plane, Bitmap& bitmap)
 Bitmap seenThrough(const Bitmap& behind, const PixelRect& area, double sigma, const Material& material)
 {
     Bitmap bitmap(area.width, area.height, PixelFormat::Opaque);
+    // A wider blur would average the edges, which go on for ever, and nothing else.
+    const double widest = std::max(area.width, area.height);
     const int factor = factorFor(sigma);
     Plane plane = reduced(behind, area, factor);
-    blur(plane, remainingVariance(sigma, factor));
+    blur(plane, remainingVariance(std::min(sigma, widest), factor));
     if (!material.keepsColors())
         color(plane, material);
     switch (factor) {

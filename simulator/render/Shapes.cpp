@@ -105,6 +105,8 @@ PixelRect Shape::extent() const
         sim::apply(transform, { 0, size.height }), sim::apply(transform, { size.width, size.height }) };
     const auto [left, right] = std::ranges::minmax(corners, {}, &Point::x);
     const auto [top, bottom] = std::ranges::minmax(corners, {}, &Point::y);
+    if (!std::isfinite(left.x + right.x + top.y + bottom.y))
+        return {};
     // Far outside of every screen all the same, and within the range of an int.
     const auto pixel = [](double value) {
         return static_cast<int>(std::clamp(value, -1e6, 1e6));

@@ -1,6 +1,8 @@
 /// Setting text with pango, without hinting: outlines are the same at every size, turn and place.
 #include "simulator/render/Text.h"
 
+#include <fontconfig/fontconfig.h>
+
 #include <array>
 #include <cmath>
 
@@ -32,13 +34,11 @@ int pangoUnits(double points)
     return static_cast<int>(std::lround(points * PANGO_SCALE));
 }
 
-bool hasAnyFont(PangoFontMap* map)
+/// Pango lists the generic families even where there is nothing behind them.
+bool isAnyFontInstalled()
 {
-    PangoFontFamily** families = nullptr;
-    int count = 0;
-    pango_font_map_list_families(map, &families, &count);
-    g_free(families);
-    return count > 0;
+    const FcFontSet* const fonts = FcConfigGetFonts(nullptr, FcSetSystem);
+    return fonts != nullptr && fonts->nfont > 0;
 }
 
 /// The family that fontconfig really gives for a name.
@@ -57,11 +57,10 @@ std::string resolvedFamily(PangoContext* context, const char* name)
 
 std::optional<Typesetter> Typesetter::make()
 {
-    PangoFontMap* const map = pango_cairo_font_map_get_default();
-    if (!hasAnyFont(map))
+    if (!FcInit() || !isAnyFontInstalled())
         return std::nullopt;
     Typesetter typesetter;
-    typesetter.m_context.reset(pango_font_map_create_context(map));
+    typesetter.m_context.reset(pango_font_map_create_context(pango_cairo_font_map_get_default()));
     PangoContext* const context = typesetter.m_context.get();
     const Handle<cairo_font_options_t> options(cairo_font_options_create());
     cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
