@@ -112,16 +112,16 @@ bool isHalfTurn(std::int64_t from, std::int64_t to)
     return (from == 1 && to == 2) || (from == 2 && to == 1) || (from == 3 && to == 4) || (from == 4 && to == 3);
 }
 
-CGRect panelFrame(CGSize superview, CGSize reference, bool isPortrait)
+CGRect panelFrame(CGSize superview, CGSize reference, Aspect aspect)
 {
-    const CGSize size = isPortrait ? reference : CGSize { reference.height, reference.width };
+    const CGSize size = aspect == Aspect::Portrait ? reference : CGSize { reference.height, reference.width };
     return CGRectMake(
         superview.width / 2 - size.width / 2, superview.height / 2 - size.height / 2, size.width, size.height);
 }
 
-MixerLayout panelLayout(CGSize content, bool isPortrait)
+MixerLayout panelLayout(CGSize content, Aspect aspect)
 {
-    return isPortrait ? portraitPanel(content) : landscapePanel(content);
+    return aspect == Aspect::Portrait ? portraitPanel(content) : landscapePanel(content);
 }
 
 CGFloat panelCornerRadius(CGSize panel)

@@ -11,10 +11,12 @@
 
 namespace panotra {
 
+enum class Aspect : std::uint8_t { Portrait, Landscape };
+
 /// 1 upright and 2 upside down are portrait; everything else, unknown values included, is laid out as landscape.
-constexpr bool isPortraitOrientation(std::int64_t orientation)
+constexpr Aspect aspectOf(std::int64_t orientation)
 {
-    return orientation == 1 || orientation == 2;
+    return orientation == 1 || orientation == 2 ? Aspect::Portrait : Aspect::Landscape;
 }
 
 /// The reference size of the panel: that of the smallest phone, and smaller still on a screen just as wide or high.
@@ -35,10 +37,10 @@ struct MixerLayout {
 };
 
 /// The centred panel, before it is scaled.
-CGRect panelFrame(CGSize superview, CGSize reference, bool isPortrait);
+CGRect panelFrame(CGSize superview, CGSize reference, Aspect aspect);
 /// `content`: the panel's inner size. Portrait stacks the groups, each a grid of two by two; landscape sets them
 /// side by side, each a column of four.
-MixerLayout panelLayout(CGSize content, bool isPortrait);
+MixerLayout panelLayout(CGSize content, Aspect aspect);
 CGFloat panelCornerRadius(CGSize panel);
 
 /// The banner near the top of the window.

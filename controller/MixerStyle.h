@@ -5,7 +5,9 @@
 
 namespace panotra {
 
-inline constexpr std::uint16_t panelStyle = 0; ///< a centred panel over a full-screen blur
-inline constexpr std::uint16_t bannerStyle = 1; ///< a compact banner near the top
+enum class MixerStyle : std::uint16_t {
+    Panel = 0, ///< a centred panel over a full-screen blur
+    Banner = 1, ///< a compact banner near the top
+};
 
 } // namespace panotra

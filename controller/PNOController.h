@@ -17,6 +17,7 @@
 #pragma once
 
 #include "controller/MixerLayout.h"
+#include "controller/MixerStyle.h"
 #include "model/VolumeSlots.h"
 #include "platform/UIBackdropView.h"
 #include "platform/UILabel.h"
@@ -39,7 +40,8 @@ public:
 
     // Showing and dismissing.
 
-    /// Presents the mixer: builds it if it is not there, and in any case re-arms its dismissal.
+    /// Presents the mixer: builds it if it is not there. Where it replaces the indicator and was not shown on
+    /// demand, its dismissal is armed anew.
     void createUI() const;
     /// Saves the levels, fades the mixer out and has it torn down.
     void destroyHUDWindow() const;
@@ -157,14 +159,14 @@ private:
     void buildWindow() const;
     void buildPanel() const;
     void buildBanner() const;
-    void buildGroups() const;
-    void buildSliders() const;
+    void buildGroups(MixerStyle style) const;
+    void buildSliders(MixerStyle style) const;
     void layOutBanner() const;
     void fadeIn() const;
 
     void turnRootView(std::int64_t orientation) const;
-    void layOutPanel(bool isPortrait) const;
-    void centerBanner(bool isPortrait) const;
+    void layOutPanel(Aspect aspect) const;
+    void centerBanner(Aspect aspect) const;
 };
 
 } // namespace panotra

@@ -1,6 +1,5 @@
 /// Orientation and layout: turns the root view and gives panel, groups, titles and sliders their frames.
 /// Runs on every reorientation and every change of the status bar; it makes and removes no view.
-#include "controller/MixerStyle.h"
 #include "controller/PNOController.h"
 #include "model/ProcessValues.h"
 #include "platform/SpringBoard.h"
@@ -24,10 +23,11 @@ void PNOController::layoutSubviews() const
         const std::int64_t orientation = UIApplication::sharedApplication().activeInterfaceOrientation();
         turnRootView(orientation);
         processValues.previousOrientation = orientation;
-        if (processValues.activeStyle == panelStyle)
-            layOutPanel(isPortraitOrientation(orientation));
-        else if (processValues.activeStyle == bannerStyle)
-            centerBanner(isPortraitOrientation(orientation));
+        const MixerStyle style { processValues.activeStyle };
+        if (style == MixerStyle::Panel)
+            layOutPanel(aspectOf(orientation));
+        else if (style == MixerStyle::Banner)
+            centerBanner(aspectOf(orientation));
     }
     processValues.justCreated = false;
 }
@@ -49,14 +49,14 @@ void PNOController::turnRootView(std::int64_t orientation) const
 }
 
 /// Laid out at full reference size, then shrunk as a whole.
-void PNOController::layOutPanel(bool isPortrait) const
+void PNOController::layOutPanel(Aspect aspect) const
 {
     InstanceVariables* const self = fields();
     resetTransforms();
     self->_containerView.setTransform(CGAffineTransformIdentity);
     self->_containerView.setFrame(
-        panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), isPortrait));
-    const MixerLayout layout = panelLayout(self->_rootBackdropView.contentView().frame().size, isPortrait);
+        panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), aspect));
+    const MixerLayout layout = panelLayout(self->_rootBackdropView.contentView().frame().size, aspect);
     for (std::size_t group = 0; group < groupCount; ++group)
         self->groupView(group).setFrame(layout.groups[group]);
     for (const VolumeSlot& slot : volumeSlots) {
@@ -69,13 +69,13 @@ void PNOController::layOutPanel(bool isPortrait) const
 }
 
 /// The banner's frames were set once, when it was built; only its horizontal centre follows the orientation.
-void PNOController::centerBanner(bool isPortrait) const
+void PNOController::centerBanner(Aspect aspect) const
 {
     const InstanceVariables* const self = fields();
     resetTransforms();
     const CGPoint root = self->_rootView.center();
     CGFloat x = root.x;
-    if (!isPortrait) {
+    if (aspect == Aspect::Landscape) {
         // The root view is turned a quarter: its y runs across the screen.
         x = SpringBoard::sharedApplication().isSpringBoardStatusBarHidden()
             ? root.y

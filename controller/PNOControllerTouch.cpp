@@ -1,5 +1,4 @@
 /// Which touches the overlay takes, which dismiss it and which pass to the app below.
-#include "controller/MixerStyle.h"
 #include "controller/PNOController.h"
 #include "model/ProcessValues.h"
 
@@ -17,7 +16,7 @@ UIView PNOController::returnViewFromTouchedView(const UIView& touchedView) const
         destroyHUDWindow();
         return touchedView;
     }
-    if (processValues.activeStyle == bannerStyle
+    if (MixerStyle { processValues.activeStyle } == MixerStyle::Banner
         && touchedView.frame().size.height > self->_containerView.frame().size.height)
         return nullptr;
     return touchedView;

@@ -1,5 +1,4 @@
 /// createUI: what the overlay is built of, in which order, and how it fades in.
-#include "controller/MixerStyle.h"
 #include "controller/PNOController.h"
 #include "model/ProcessValues.h"
 #include "views/MixerMaterials.h"
@@ -9,7 +8,6 @@ namespace {
 
 constexpr CGFloat levelAboveAlerts = 100;
 constexpr std::int64_t fullScreenBlurStyle = 2;
-constexpr std::int64_t bannerBackdropStyle = 2010;
 constexpr CGFloat panelBorderWidth = 1.5;
 constexpr CGFloat titleFontSize = 14;
 
@@ -18,9 +16,10 @@ constexpr CGFloat initialBlurRadius = 5;
 /// The blur deepens in the first half of the fade-in, the panel appears in the second.
 constexpr double halfFadeInSeconds = 0.15;
 
-constexpr Rgba bannerBorderColor { CGFloat(0.2), CGFloat(0.2), CGFloat(0.2), CGFloat(0.15) };
+/// What the banner wears before its skin, and under one that is none of ours.
+constexpr const MixerSkin& bannerSkin = mixerSkins[0];
 /// All but invisible: it makes the whole screen take touches, so that one outside the banner can close it.
-constexpr Rgba touchCatchingColor { CGFloat(0.95), CGFloat(0.95), CGFloat(0.95), CGFloat(0.006) };
+constexpr Rgba touchCatchingColor { 0.95, 0.95, 0.95, 0.006 };
 
 struct GroupTitle {
     const char* panel;
@@ -32,12 +31,6 @@ constexpr std::array<GroupTitle, groupCount> groupTitles { {
     { "PhoneCall Volume Level", "PhoneCall" },
     { "Extra Volumes Level", "Extras" },
 } };
-
-/// Slider 6 is laid out with slider 5's level. It is wrong and stays so: the stored level arrives right after.
-constexpr SlotNumber levelSourceOf(SlotNumber slot)
-{
-    return slot == 6 ? 5 : slot;
-}
 
 /// A backdrop that takes touches, so that none slips through the mixer.
 UIBackdropView makeTouchableBackdrop(std::int64_t style)
@@ -93,11 +86,11 @@ void PNOController::buildWindow() const
     self->_rootView.setTransform(rootViewTransform());
     self->_rootView.setFrame(self->_window.frame()); // turned, it still covers the window
 
-    switch (processValues.activeStyle) {
-    case panelStyle:
+    switch (MixerStyle { processValues.activeStyle }) {
+    case MixerStyle::Panel:
         buildPanel();
         break;
-    case bannerStyle:
+    case MixerStyle::Banner:
         buildBanner();
         break;
     default:
@@ -115,14 +108,14 @@ void PNOController::buildPanel() const
     self->_containerView = UIView::init();
     self->_rootView.addSubview(self->_containerView);
     self->_containerView.setFrame(
-        panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), true));
+        panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), Aspect::Portrait));
     self->_containerView.setAlpha(0);
     shapeContainer(self->_containerView, panelCornerRadius(self->_containerView.frame().size));
 
     self->_rootBackdropView = makeTouchableBackdrop(plainBackdropStyle);
     self->_containerView.addSubview(self->_rootBackdropView);
-    buildGroups();
-    buildSliders();
+    buildGroups(MixerStyle::Panel);
+    buildSliders(MixerStyle::Panel);
 
     self->_window.addSubview(self->_blurBackdropView);
     self->_window.addSubview(self->_rootView);
@@ -143,13 +136,13 @@ void PNOController::buildBanner() const
     if (processValues.dismissOnTouch)
         self->_rootView.setBackgroundColor(makeColor(touchCatchingColor));
     shapeContainer(self->_containerView, bannerCornerRadius(self->_containerView.frame().size));
-    self->_containerView.layer().setBorderColor(makeColor(bannerBorderColor));
+    self->_containerView.layer().setBorderColor(makeColor(bannerSkin.border));
 
     self->_rootBackdropView = makeTouchableBackdrop(plainBackdropStyle);
-    self->_rootBackdropView.transitionToStyle(bannerBackdropStyle);
+    self->_rootBackdropView.transitionToStyle(bannerSkin.backdropStyle);
     self->_containerView.addSubview(self->_rootBackdropView);
-    buildGroups();
-    buildSliders();
+    buildGroups(MixerStyle::Banner);
+    buildSliders(MixerStyle::Banner);
     layOutBanner();
 
     self->_window.addSubview(self->_rootView);
@@ -163,29 +156,28 @@ void PNOController::buildBanner() const
 
 /// The groups in order, then their titles in order. The panel's get their frames from the layout; the banner's are
 /// placed once and for all.
-void PNOController::buildGroups() const
+void PNOController::buildGroups(MixerStyle style) const
 {
     InstanceVariables* const self = fields();
-    const bool isPanel = processValues.activeStyle == panelStyle;
     for (std::size_t group = 0; group < groupCount; ++group) {
         self->groupView(group) = UIView::init();
         self->_rootBackdropView.contentView().addSubview(self->groupView(group));
     }
     for (std::size_t group = 0; group < groupCount; ++group) {
         const UILabel title = makeLabel(titleFontSize);
-        title.setText(NSString::stringWithUTF8String(isPanel ? groupTitles[group].panel : groupTitles[group].banner));
+        title.setText(NSString::stringWithUTF8String(
+            style == MixerStyle::Panel ? groupTitles[group].panel : groupTitles[group].banner));
         self->groupView(group).addSubview(title);
         self->groupLabel(group) = title;
     }
 }
 
-void PNOController::buildSliders() const
+void PNOController::buildSliders(MixerStyle style) const
 {
     InstanceVariables* const self = fields();
-    const bool isPanel = processValues.activeStyle == panelStyle;
     for (const VolumeSlot& slot : volumeSlots) {
         const PNOVolumeView slider = PNOVolumeView::alloc();
-        if (isPanel)
+        if (style == MixerStyle::Panel)
             slider.initWithName(NSString::stringWithUTF8String(slot.name), slot.number, slot.canGoToZero);
         else
             slider.initWithImage(NSString::stringWithUTF8String(slot.image), slot.number, slot.canGoToZero);
@@ -203,7 +195,7 @@ void PNOController::layOutBanner() const
         self->groupLabel(group).setFrame(layout.title);
     }
     for (const VolumeSlot& slot : volumeSlots) {
-        const CGFloat level = self->volumeView(levelSourceOf(slot.number)).volume();
+        const CGFloat level = self->volumeView(slot.bannerLevelSlot).volume();
         self->volumeView(slot.number).setFrame2(layout.cells[slot.cell], level);
     }
 }
@@ -213,7 +205,7 @@ void PNOController::fadeIn() const
     const InstanceVariables* const self = fields();
     UIView::animateWithDuration(
         halfFadeInSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
-        [self] { self->_blurBackdropView.setBlurRadius(fadedInBlurRadius); }, // absent in the banner
+        [self] { self->_blurBackdropView.setBlurRadius(fadedInBlurRadius); }, // the banner has none
         [controller = *this](bool) {
             UIView::animateWithDuration(halfFadeInSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
                 [&controller] { controller.fields()->_containerView.setAlpha(1); }, {});

@@ -18,7 +18,7 @@ void constructor() noexcept;
 void settingsChanged() noexcept;
 /// Copies the auto-dismiss delay from the sibling tool's domain.
 void brv2SettingsChanged() noexcept;
-/// The screen went off or on.
+/// The state of the screen changed: some states remove the mixer, every one has it laid out again.
 void screenChanged() noexcept;
 /// Another process reports a shake.
 void uikitShaken() noexcept;

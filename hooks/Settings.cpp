@@ -64,7 +64,7 @@ template <std::size_t count> void load(const NSString& suite, const std::array<S
         setting.load(defaults.objectForKey(NSString::stringWithUTF8String(setting.key)));
 }
 
-/// Older systems forget the ringer's level when the settings change; newer ones, which have the class, do not.
+/// Older systems, which lack the class, are given the ringer's level at every reload.
 void reapplyRingerVolume()
 {
     if (objc_getClass("UIViewPropertyAnimator") != nullptr)

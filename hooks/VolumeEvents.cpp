@@ -34,8 +34,7 @@ void driveOtherOverlays()
     manager.targetView().setHidden(isHidden);
 }
 
-/// After a notification sound older systems must be given the ringer's own level back; newer ones, which have
-/// the class, restore it themselves.
+/// After a notification sound older systems, which lack the class, are given the ringer's own level back.
 void restoreRingerAfterSound(const AVSystemController& audio)
 {
     if (processValues.isAppCallNotification || objc_getClass("UIViewPropertyAnimator") != nullptr)

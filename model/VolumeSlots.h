@@ -71,6 +71,9 @@ struct VolumeSlot {
     SlotNumber focusSlot;
     /// False: a drag only remembers the level and never touches the system's.
     bool dragSetsSystemVolume;
+    /// The slot whose level the banner lays the slider out with: its own, but for slider 6, which is given slider 5's.
+    /// The remembered level arrives right after.
+    SlotNumber bannerLevelSlot;
 
     constexpr bool isForAnyRoute() const { return routes[0] == nullptr; }
     constexpr bool takesRoute(std::string_view activeRoute) const
@@ -83,21 +86,21 @@ struct VolumeSlot {
 /// comes first although it bears the highest number.
 inline constexpr std::array<VolumeSlot, volumeSlotCount> volumeSlots { {
     // clang-format off
-    //    category                 routes                                     key         seeded from              group             cell name           image           zero   setter focus drag
-    { 11, category::audioVideo,    { route::receiver, nullptr },              "volume11", category::audioVideo,    Group::Media,     0, "Receiver",      "receiver",     true,  true,  11, true  },
-    { 0,  category::audioVideo,    { route::speaker, nullptr },               "volume0",  category::audioVideo,    Group::Media,     1, "Speaker",       "speaker",      true,  true,  0,  true  },
-    { 1,  category::audioVideo,    { route::headphone, route::headset },      "volume1",  category::audioVideo,    Group::Media,     2, "Headphones",    "headphone",    true,  true,  1,  true  },
-    { 2,  category::audioVideo,    { route::headphonesBT, route::headsetBT }, "volume2",  category::audioVideo,    Group::Media,     3, "HeadphonesBT",  "headphonebt",  true,  true,  2,  true  },
-    { 3,  category::phoneCall,     { route::receiver, nullptr },              "volume3",  category::phoneCall,     Group::PhoneCall, 0, "Receiver",      "receiver",     false, true,  3,  true  },
-    { 4,  category::phoneCall,     { route::speaker, nullptr },               "volume4",  category::phoneCall,     Group::PhoneCall, 1, "Speaker",       "speaker",      false, true,  4,  true  },
-    { 5,  category::phoneCall,     { route::headphone, route::headset },      "volume5",  category::phoneCall,     Group::PhoneCall, 2, "Headset",       "headset",      false, true,  5,  true  },
-    { 6,  category::phoneCall,     { route::headphonesBT, route::headsetBT }, "volume6",  category::phoneCall,     Group::PhoneCall, 3, "HeadsetBT",     "headsetbt",    false, true,  6,  true  },
-    { 7,  category::ringtone,      { nullptr, nullptr },                      "volume7",  category::ringtone,      Group::Extras,    0, "Ringtone",      "ringer",       false, true,  7,  true  },
-    { 8,  category::alarm,         { nullptr, nullptr },                      "volume8",  category::alarm,         Group::Extras,    1, "Alarm",         "alarm",        false, true,  8,  true  },
+    //    category                 routes                                     key         seeded from              group             cell name           image           zero   setter focus drag  banner
+    { 11, category::audioVideo,    { route::receiver, nullptr },              "volume11", category::audioVideo,    Group::Media,     0, "Receiver",      "receiver",     true,  true,  11, true,  11 },
+    { 0,  category::audioVideo,    { route::speaker, nullptr },               "volume0",  category::audioVideo,    Group::Media,     1, "Speaker",       "speaker",      true,  true,  0,  true,  0 },
+    { 1,  category::audioVideo,    { route::headphone, route::headset },      "volume1",  category::audioVideo,    Group::Media,     2, "Headphones",    "headphone",    true,  true,  1,  true,  1 },
+    { 2,  category::audioVideo,    { route::headphonesBT, route::headsetBT }, "volume2",  category::audioVideo,    Group::Media,     3, "HeadphonesBT",  "headphonebt",  true,  true,  2,  true,  2 },
+    { 3,  category::phoneCall,     { route::receiver, nullptr },              "volume3",  category::phoneCall,     Group::PhoneCall, 0, "Receiver",      "receiver",     false, true,  3,  true,  3 },
+    { 4,  category::phoneCall,     { route::speaker, nullptr },               "volume4",  category::phoneCall,     Group::PhoneCall, 1, "Speaker",       "speaker",      false, true,  4,  true,  4 },
+    { 5,  category::phoneCall,     { route::headphone, route::headset },      "volume5",  category::phoneCall,     Group::PhoneCall, 2, "Headset",       "headset",      false, true,  5,  true,  5 },
+    { 6,  category::phoneCall,     { route::headphonesBT, route::headsetBT }, "volume6",  category::phoneCall,     Group::PhoneCall, 3, "HeadsetBT",     "headsetbt",    false, true,  6,  true,  5 },
+    { 7,  category::ringtone,      { nullptr, nullptr },                      "volume7",  category::ringtone,      Group::Extras,    0, "Ringtone",      "ringer",       false, true,  7,  true,  7 },
+    { 8,  category::alarm,         { nullptr, nullptr },                      "volume8",  category::alarm,         Group::Extras,    1, "Alarm",         "alarm",        false, true,  8,  true,  8 },
     // Notifications stand apart on purpose: seeded from the ringer, unknown to the setter, and it is the alarm's
     // slider that swells for them.
-    { 9,  category::notifications, { nullptr, nullptr },                      "volume9",  category::ringtone,      Group::Extras,    2, "Notifications", "notification", false, false, 8,  false },
-    { 10, category::voiceCommand,  { nullptr, nullptr },                      "volume10", category::voiceCommand,  Group::Extras,    3, "Siri",          "siri",         false, true,  10, true  },
+    { 9,  category::notifications, { nullptr, nullptr },                      "volume9",  category::ringtone,      Group::Extras,    2, "Notifications", "notification", false, false, 8,  false, 9 },
+    { 10, category::voiceCommand,  { nullptr, nullptr },                      "volume10", category::voiceCommand,  Group::Extras,    3, "Siri",          "siri",         false, true,  10, true,  10 },
     // clang-format on
 } };
 

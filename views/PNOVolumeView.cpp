@@ -102,13 +102,13 @@ PNOVolumeView::InstanceVariables* PNOVolumeView::fields() const noexcept
 
 /// What both kinds begin with. The superclass's answer is compared where an assignment would usually stand: only
 /// if it is the receiver does the set-up run, and the receiver is what the initialisers answer in every case.
-bool PNOVolumeView::setUp(bool continuousCorners) const
+bool PNOVolumeView::setUp(Corners corners) const
 {
     Fields* const self = fields();
     if (self == nullptr || superInit(get(), description()) != get())
         return false;
     layer().setMasksToBounds(true);
-    if (continuousCorners && layer().respondsToSelector("setContinuousCorners:"))
+    if (corners == Corners::Continuous && layer().respondsToSelector("setContinuousCorners:"))
         layer().setContinuousCorners(true);
     layer().setBorderWidth(borderWidth);
 
@@ -143,7 +143,7 @@ UILabel PNOVolumeView::addLabel(CGFloat fontSize, const UIColor& textColor) cons
 
 PNOVolumeView PNOVolumeView::initWithName(const NSString& name, std::uint16_t tag, bool canGoToZero) const
 {
-    if (!setUp(true))
+    if (!setUp(Corners::Continuous))
         return *this;
     Fields* const self = fields();
     const UIColor textColor = applySkin();
@@ -158,7 +158,7 @@ PNOVolumeView PNOVolumeView::initWithName(const NSString& name, std::uint16_t ta
 /// Icon sliders never ask for continuous corners, unlike named ones; the asymmetry is intended.
 PNOVolumeView PNOVolumeView::initWithImage(const NSString& image, std::uint16_t tag, bool canGoToZero) const
 {
-    if (!setUp(false))
+    if (!setUp(Corners::Ordinary))
         return *this;
     Fields* const self = fields();
     const UIImage icon = UIImage::imageNamed(image, mixerDelegate::resourceBundle());

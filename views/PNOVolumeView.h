@@ -63,7 +63,8 @@ public:
 
 private:
     InstanceVariables* fields() const noexcept;
-    bool setUp(bool continuousCorners) const;
+    enum class Corners { Ordinary, Continuous };
+    bool setUp(Corners corners) const;
     UIColor applySkin() const;
     UILabel addLabel(CGFloat fontSize, const UIColor& textColor) const;
     void drawFill(CGFloat level) const;

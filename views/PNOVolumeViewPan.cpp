@@ -13,7 +13,7 @@ namespace {
 constexpr double keepAliveSeconds = 1.5;
 /// Where a drag stops on a slider that cannot go to zero.
 constexpr CGFloat lowestDraggedLevel = CGFloat(0.0625);
-/// Lifting the finger from this slider shows the assistant its new level.
+/// The voice assistant's slider: lifting the finger from it opens and closes the assistant.
 constexpr std::int64_t assistantTag = 10;
 
 bool hasEnded(UIGestureRecognizerState state)
@@ -23,7 +23,7 @@ bool hasEnded(UIGestureRecognizerState state)
 }
 
 /// Whether a drag on the slot's slider reaches the system: its route is active, or it is for any route. The route
-/// is asked for afresh for each comparison, since setting a volume may change it.
+/// is asked for afresh for each comparison.
 bool isOnActiveRoute(const VolumeSlot& slot)
 {
     if (slot.isForAnyRoute())
@@ -64,7 +64,7 @@ void PNOVolumeView::setSystemVolume() const
     }
 }
 
-/// Opens and closes the voice assistant unseen, so that it takes over the level that was set for it.
+/// Opens and closes the voice assistant, unseen.
 void PNOVolumeView::flashAssistant() const
 {
     const AXSpringBoardServer server = AXSpringBoardServer::server();

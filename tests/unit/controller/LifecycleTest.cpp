@@ -1,4 +1,5 @@
 /// The controller from its creation to the tear-down of what it shows.
+#include "simulator/device/View.h"
 #include "tests/support/HomeScreenTest.h"
 
 namespace panotra {
@@ -142,7 +143,10 @@ TEST_F(Lifecycle, AnAlphaJustAboveZeroKeepsTheMixer)
 
 TEST_F(Lifecycle, TheTearDownClearsEveryViewFieldButTheBlur)
 {
+    store("volume4", 0.25);
     show();
+    controller().getVolume(text("volume4"));
+    ASSERT_EQ(field("_volume"), 0.25);
     controller().destroyHUDWindow();
     pass(0.5);
     for (const char* name : { "_window", "_rootView", "_containerView", "_rootBackdropView", "_groupView0",
@@ -172,6 +176,23 @@ TEST_F(Lifecycle, AChangeDuringTheFadeOutBringsTheMixerBackAndKeepsIt)
     EXPECT_EQ(alpha(), 1.0);
     pass(0.6);
     EXPECT_FALSE(controller().window()) << "its own dismissal was armed anew";
+}
+
+TEST_F(Lifecycle, TheOldBlurIsStillSpokenToInALaterShowing)
+{
+    show();
+    controller().destroyHUDWindow();
+    pass(0.5);
+    const auto* const blur
+        = dynamic_cast<const sim::BackdropView*>(controller().valueForKey("_blurBackdropView").get());
+    ASSERT_NE(blur, nullptr);
+    EXPECT_EQ(blur->blurRadius, 5.0);
+    EXPECT_EQ(blur->superview, nullptr);
+    store("activeStyle", 1);
+    reloadSettings();
+    controller().createUI();
+    EXPECT_EQ(blur->blurRadius, 30.0);
+    EXPECT_EQ(blur->superview, nullptr);
 }
 
 TEST_F(Lifecycle, AMixerShownOnDemandGetsNoDismissal)

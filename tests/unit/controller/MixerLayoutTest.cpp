@@ -59,10 +59,10 @@ TEST(MixerLayout, TheReferenceSizeGivesWayOnAScreenJustAsWideOrHigh)
 
 TEST(MixerLayout, OrientationsOneAndTwoArePortraitAndEverythingElseIsLandscape)
 {
-    EXPECT_TRUE(isPortraitOrientation(1));
-    EXPECT_TRUE(isPortraitOrientation(2));
+    EXPECT_EQ(aspectOf(1), Aspect::Portrait);
+    EXPECT_EQ(aspectOf(2), Aspect::Portrait);
     for (const std::int64_t orientation : { 0, 3, 4, 5, -1 })
-        EXPECT_FALSE(isPortraitOrientation(orientation)) << orientation;
+        EXPECT_EQ(aspectOf(orientation), Aspect::Landscape) << orientation;
 }
 
 TEST(MixerLayout, TheRootTurnsHalfAroundForTwoAndAQuarterForThreeAndFour)
@@ -108,14 +108,16 @@ TEST(MixerLayout, OnlyOppositeOrientationsAreHalfATurnApart)
 TEST(MixerLayout, ThePanelStandsInTheMiddleOfEveryScreenUpright)
 {
     for (const ScreenCase& each : screenCases)
-        EXPECT_TRUE(isRectangle(panelFrame(each.screen, each.reference, true), each.uprightPanel)) << each.screen.width;
+        EXPECT_TRUE(isRectangle(panelFrame(each.screen, each.reference, Aspect::Portrait), each.uprightPanel))
+            << each.screen.width;
 }
 
 TEST(MixerLayout, ThePanelStandsInTheMiddleOfEveryScreenTurned)
 {
     for (const ScreenCase& each : screenCases) {
         const CGSize turned { each.screen.height, each.screen.width };
-        EXPECT_TRUE(isRectangle(panelFrame(turned, each.reference, false), each.turnedPanel)) << each.screen.width;
+        EXPECT_TRUE(isRectangle(panelFrame(turned, each.reference, Aspect::Landscape), each.turnedPanel))
+            << each.screen.width;
     }
 }
 
@@ -140,7 +142,7 @@ TEST(MixerLayout, ThePanelOfAPhoneUpright)
     // Gaps 1 + 313.6 / 40 = 8.84 and 2.5 + 153.6 / 20 = 10.18.
     // Sliders (313.6 - 26.52) / 2 = 143.54 wide, (153.6 - 30.54 - 20) / 2 = 51.53 high.
     // Right column 17.68 + 143.54 = 161.22, upper row 10.18 + 20, lower row 20.36 + 20 + 51.53 = 91.89.
-    expectLayout(panelLayout({ 320, 480 }, true),
+    expectLayout(panelLayout({ 320, 480 }, Aspect::Portrait),
         { { CGRectMake(3.2, 4.8, 313.6, 153.6), CGRectMake(3.2, 163.2, 313.6, 153.6),
               CGRectMake(3.2, 321.6, 313.6, 153.6) },
             CGRectMake(0, 0, 313.6, 25),
@@ -152,7 +154,7 @@ TEST(MixerLayout, ThePanelOfANarrowPhoneUpright)
 {
     // Margins 3 and 4.8. Groups 294 wide, 153.6 high. Gaps 1 + 294 / 40 = 8.35 and 10.18.
     // Sliders (294 - 25.05) / 2 = 134.475 wide, 51.53 high; right column 16.7 + 134.475 = 151.175.
-    expectLayout(panelLayout({ 300, 480 }, true),
+    expectLayout(panelLayout({ 300, 480 }, Aspect::Portrait),
         { { CGRectMake(3, 4.8, 294, 153.6), CGRectMake(3, 163.2, 294, 153.6), CGRectMake(3, 321.6, 294, 153.6) },
             CGRectMake(0, 0, 294, 25),
             { CGRectMake(8.35, 30.18, 134.475, 51.53), CGRectMake(151.175, 30.18, 134.475, 51.53),
@@ -163,7 +165,7 @@ TEST(MixerLayout, ThePanelOfTheSmallestPhoneUpright)
 {
     // Margins 3 and 4.4. Groups 294 wide, (440 - 17.6) / 3 = 140.8 high. Gaps 8.35 and 2.5 + 140.8 / 20 = 9.54.
     // Sliders 134.475 wide, (140.8 - 28.62 - 20) / 2 = 46.09 high; lower row 19.08 + 20 + 46.09 = 85.17.
-    expectLayout(panelLayout({ 300, 440 }, true),
+    expectLayout(panelLayout({ 300, 440 }, Aspect::Portrait),
         { { CGRectMake(3, 4.4, 294, 140.8), CGRectMake(3, 149.6, 294, 140.8), CGRectMake(3, 294.8, 294, 140.8) },
             CGRectMake(0, 0, 294, 25),
             { CGRectMake(8.35, 29.54, 134.475, 46.09), CGRectMake(151.175, 29.54, 134.475, 46.09),
@@ -173,7 +175,7 @@ TEST(MixerLayout, ThePanelOfTheSmallestPhoneUpright)
 TEST(MixerLayout, SlidersOfAGroupThatIsTooLowGetANegativeHeight)
 {
     // Groups (40 - 1.6) / 3 = 12.8 high, gap 2.5 + 0.64 = 3.14, sliders (12.8 - 9.42 - 20) / 2 = -8.31.
-    EXPECT_TRUE(isNear(panelLayout({ 320, 40 }, true).cells[0].size.height, -8.31));
+    EXPECT_TRUE(isNear(panelLayout({ 320, 40 }, Aspect::Portrait).cells[0].size.height, -8.31));
 }
 
 // The panel turned: three groups side by side, each a column of four.
@@ -184,7 +186,7 @@ TEST(MixerLayout, ThePanelOfAPhoneTurned)
     // Gaps 2.5 + 153.6 · 0.034 = 7.7224 and 1 + 310.4 · 0.0435 = 14.5024.
     // Sliders 153.6 - 15.4448 = 138.1552 wide, (310.4 - 72.512 - 20) / 4 = 54.472 high.
     // Rows from 34.5024 on, each 54.472 + 14.5024 = 68.9744 below the one before.
-    expectLayout(panelLayout({ 480, 320 }, false),
+    expectLayout(panelLayout({ 480, 320 }, Aspect::Landscape),
         { { CGRectMake(4.8, 4.8, 153.6, 310.4), CGRectMake(163.2, 4.8, 153.6, 310.4),
               CGRectMake(321.6, 4.8, 153.6, 310.4) },
             CGRectMake(0, 0, 153.6, 25),
@@ -196,7 +198,7 @@ TEST(MixerLayout, ThePanelOfANarrowPhoneTurned)
 {
     // Margins 4.8 and 300 · 0.015 = 4.5. Groups 153.6 wide, 291 high. Gaps 7.7224 and 1 + 291 · 0.0435 = 13.6585.
     // Sliders 138.1552 wide, (291 - 68.2925 - 20) / 4 = 50.676875 high; rows 64.335375 apart.
-    expectLayout(panelLayout({ 480, 300 }, false),
+    expectLayout(panelLayout({ 480, 300 }, Aspect::Landscape),
         { { CGRectMake(4.8, 4.5, 153.6, 291), CGRectMake(163.2, 4.5, 153.6, 291), CGRectMake(321.6, 4.5, 153.6, 291) },
             CGRectMake(0, 0, 153.6, 25),
             { CGRectMake(7.7224, 33.6585, 138.1552, 50.676875), CGRectMake(7.7224, 97.993875, 138.1552, 50.676875),
@@ -208,7 +210,7 @@ TEST(MixerLayout, ThePanelOfTheSmallestPhoneTurned)
 {
     // Margins 4.4 and 4.5. Groups (440 - 17.6) / 3 = 140.8 wide, 291 high. Gaps 2.5 + 140.8 · 0.034 = 7.2872 and
     // 13.6585. Sliders 140.8 - 14.5744 = 126.2256 wide, 50.676875 high.
-    expectLayout(panelLayout({ 440, 300 }, false),
+    expectLayout(panelLayout({ 440, 300 }, Aspect::Landscape),
         { { CGRectMake(4.4, 4.5, 140.8, 291), CGRectMake(149.6, 4.5, 140.8, 291), CGRectMake(294.8, 4.5, 140.8, 291) },
             CGRectMake(0, 0, 140.8, 25),
             { CGRectMake(7.2872, 33.6585, 126.2256, 50.676875), CGRectMake(7.2872, 97.993875, 126.2256, 50.676875),

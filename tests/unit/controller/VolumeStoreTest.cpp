@@ -98,6 +98,15 @@ TEST_F(VolumeStore, WithoutTheAudioServiceTheSeedsAreZero)
         EXPECT_EQ(slider(slot).volume(), 0.0);
 }
 
+TEST_F(VolumeStore, ACategoryThatThePlatformDoesNotKnowSeedsZeroAndTheOthersTheirLevels)
+{
+    std::erase_if(device.audio->levels, [](const auto& level) { return level.first == "Alarm"; });
+    controller().createUI();
+    EXPECT_EQ(slider(8).volume(), 0.0);
+    EXPECT_EQ(slider(7).volume(), 0.5);
+    EXPECT_EQ(slider(10).volume(), 0.5);
+}
+
 TEST_F(VolumeStore, SavingBeforeTheMixerWasBuiltWritesNothing)
 {
     forgetEvents();

@@ -97,8 +97,8 @@ TEST_P(ConstructorWithoutAClass, InstallsTheOtherHooks)
 }
 
 INSTANTIATE_TEST_SUITE_P(EachClass, ConstructorWithoutAClass,
-    ::testing::Values("SpringBoard", "AVSystemController", "SBSoundController", "SBMediaController", "SBHUDController",
-        "VolumeControl", "UIStatusBar", "_UIStatusBar"));
+    ::testing::Values("UIResponder", "SpringBoard", "AVSystemController", "SBSoundController", "SBMediaController",
+        "SBHUDController", "VolumeControl", "UIStatusBar", "_UIStatusBar"));
 
 TEST_F(Constructor, TheLaunchHookLoadsTheSettingsAfterTheHostsOwnLaunch)
 {
@@ -118,6 +118,14 @@ TEST_F(Constructor, TheLaunchHookCreatesBothSingletons)
     launch();
     EXPECT_TRUE(processValues.sharedController);
     EXPECT_TRUE(processValues.sharedHelperController);
+}
+
+TEST_F(Constructor, TheLaunchHookTearsNothingDownAndForgetsAPresentationOnDemand)
+{
+    load();
+    processValues.presentedViaActivator = true;
+    device.home->finishLaunching();
+    EXPECT_FALSE(processValues.presentedViaActivator);
 }
 
 TEST_F(Constructor, TheLaunchMayBeRepeated)

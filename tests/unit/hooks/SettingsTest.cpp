@@ -65,12 +65,15 @@ TEST_F(Settings, AreReadFromTheirKeys)
 
 TEST_F(Settings, ReturnToTheAbsentValueWhenTheirKeyIsRemoved)
 {
-    store("scale", 0.5);
-    store("replaceHUD", true);
+    const std::pair<const char*, sim::Json> settings[]
+        = { { "activeStyle", 1 }, { "mixerSkin", 3 }, { "replaceHUD", true }, { "scale", 0.5 },
+              { "dismissOnTouch", true }, { "isAppCallNotification", true }, { "handleShake", true } };
+    for (const auto& [key, value] : settings)
+        store(key, value);
     storeSibling(9);
     launch();
-    device.preferences->unset(testing::ownDomain, "scale");
-    device.preferences->unset(testing::ownDomain, "replaceHUD");
+    for (const auto& [key, value] : settings)
+        device.preferences->unset(testing::ownDomain, key);
     device.preferences->unset(testing::siblingDomain, "dismissDelay");
     EXPECT_EQ(processValues.scale, 0.5f) << "nothing changes before it is announced";
     reloadSettings();

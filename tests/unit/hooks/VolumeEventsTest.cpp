@@ -1,4 +1,5 @@
 /// Announcements: every row of the decision table, and the two small hooks beside it.
+#include "platform/AVSystemController.h"
 #include "tests/support/HomeScreenTest.h"
 
 #include "simulator/device/View.h"
@@ -149,6 +150,24 @@ TEST_F(VolumeEvents, ANewLevelIsRecordedInThePreferencesWhileNothingIsBuilt)
     EXPECT_EQ(stored("volume0"), 0.75);
 }
 
+TEST_F(VolumeEvents, ADragMattersToNoOtherRowOfTheTable)
+{
+    launch();
+    processValues.isPanning = true;
+    forgetEvents();
+    announce("Audio/Video", "RouteChange", 0.75f);
+    EXPECT_EQ(countOf("setVolume"), 1u);
+    announce("Audio/Video", "RouteChange", 0.5f);
+    EXPECT_EQ(countOf("setVolume"), 1u);
+    announce("Audio/Video", "ExplicitVolumeChange", 0.5f);
+    announce("Audio/Video", "Anything", 0.75f);
+    EXPECT_EQ(countOf("announced"), 4u);
+    processValues.isHackedRingtoneVolume = true;
+    announce("Audio/Video", "Anything", 0.75f);
+    EXPECT_EQ(countOf("announced"), 4u);
+    EXPECT_EQ(countOf("animate"), 0u);
+}
+
 TEST_F(VolumeEvents, AnyOtherReasonOnlyUpdatesTheCategory)
 {
     store("replaceHUD", true);
@@ -258,6 +277,18 @@ TEST_F(VolumeEvents, OlderSystemsGetTheRingerBackATenthOfASecondAfterTheSound)
     EXPECT_EQ(countOf("announced"), 0u);
 }
 
+TEST_F(VolumeEvents, TheRingerGetsBackTheLevelThatIsStoredWhenTheTimeComes)
+{
+    device.classes->setPresent("UIViewPropertyAnimator", false);
+    store("volume7", 0.75);
+    launch();
+    processValues.isHackedRingtoneVolume = true;
+    announce("Ringtone", "ExplicitVolumeChange", 0.25f);
+    store("volume7", 0.875);
+    pass(0.2);
+    EXPECT_EQ(systemLevel("Ringtone"), 0.875f);
+}
+
 TEST_F(VolumeEvents, NewerSystemsAndThoseThatKeepTheLevelRestoreNothing)
 {
     launch();
@@ -305,6 +336,21 @@ TEST_F(VolumeEvents, OtherOverlaysAreShownOtherwiseForConsumedAnnouncementsToo)
     EXPECT_EQ(driven[1]["value"], false);
 }
 
+TEST_F(VolumeEvents, EitherOverlayIsDrivenWithoutTheOther)
+{
+    for (const char* present : { "MeliorWindow", "ABVolumeHUDManager" }) {
+        device.classes->setPresent("MeliorWindow", false);
+        device.classes->setPresent("ABVolumeHUDManager", false);
+        device.classes->setPresent(present, true);
+        if (!processValues.sharedController)
+            launch();
+        forgetEvents();
+        announce("Alarm", "Anything", 0.5f);
+        ASSERT_EQ(countOf("overlay"), 1u) << present;
+        EXPECT_EQ(eventsOf("overlay")[0]["class"], present);
+    }
+}
+
 TEST_F(VolumeEvents, AbsentOverlaysAreNotDriven)
 {
     launch();
@@ -326,6 +372,30 @@ TEST_F(VolumeEvents, TheFirstCallWithANamePointerSeedsTheCategory)
     device.home->getActiveCategoryVolume(true);
     EXPECT_EQ(processValues.globalCategory.get().view(), "Ringtone") << "there is one seed in the life of a process";
     EXPECT_EQ(countOf("activeVolume"), 3u);
+}
+
+TEST_F(VolumeEvents, TheSeedOverwritesTheCategoryOfEarlierAnnouncementsOnce)
+{
+    launch();
+    announce("Alarm", "Anything", 0.5f);
+    device.home->getActiveCategoryVolume(true);
+    EXPECT_EQ(processValues.globalCategory.get().view(), "Audio/Video");
+    announce("Alarm", "Anything", 0.5f);
+    device.home->getActiveCategoryVolume(true);
+    EXPECT_EQ(processValues.globalCategory.get().view(), "Alarm");
+}
+
+TEST_F(VolumeEvents, TheHooksHandTheHostsAnswersBack)
+{
+    launch();
+    HostObject* const audio = AVSystemController::sharedAVSystemController().get();
+    float level = 0;
+    id name = nullptr;
+    EXPECT_TRUE((sim::send<bool, float*, id*, id>(
+        audio, sim::selector("getActiveCategoryVolume:andName:fallbackCategory:"), &level, &name, nullptr)));
+    EXPECT_EQ(level, 0.5f);
+    EXPECT_EQ(retained<NSString>(name).view(), "Audio/Video");
+    EXPECT_TRUE(AVSystemController::sharedAVSystemController().setVolumeTo(0.25f, text("Alarm")));
 }
 
 TEST_F(VolumeEvents, TheCategorySurvivesTheStringThatNamedIt)

@@ -130,6 +130,12 @@ TEST(VolumeSlots, SlidersCarryTheNamesAndImagesOfTheViewTree)
     }
 }
 
+TEST(VolumeSlots, TheBannerLaysSliderSixOutWithTheLevelOfSliderFive)
+{
+    for (const VolumeSlot& slot : volumeSlots)
+        EXPECT_EQ(slot.bannerLevelSlot, slot.number == 6 ? 5 : slot.number);
+}
+
 TEST(VolumeSlots, OnlyTheNotificationsSliderNeverReachesTheSystem)
 {
     for (const VolumeSlot& slot : volumeSlots)
