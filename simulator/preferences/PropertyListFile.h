@@ -32,7 +32,7 @@ public:
     /// only after it was over in between.
     using Warn = std::function<void(const std::string& line)>;
 
-    static constexpr std::chrono::milliseconds usualPatience { 5000 };
+    static constexpr std::chrono::milliseconds usualPatience { 10000 };
 
     /// `patience`: how long a save waits for other processes that are saving.
     PropertyListFile(std::filesystem::path file, Warn warn, std::chrono::milliseconds patience = usualPatience);
