@@ -29,7 +29,7 @@ struct Costs : testing::MixerTest {
         work();
         m_allocations = testing::allocationCount() - allocationsBefore;
         const Cost after = total();
-        RecordProperty("allocations", std::to_string(m_allocations));
+        RecordProperty("allocations" + std::to_string(++m_measurements), std::to_string(m_allocations));
         return { after.views - before.views, after.handles - before.handles, after.replacements - before.replacements };
     }
     /// Of the work measured last.
@@ -58,6 +58,7 @@ private:
     }
 
     std::size_t m_allocations = 0;
+    int m_measurements = 0;
 };
 
 // A panel is a window, a root, a container, two backdrops, three groups with a title each, and twelve sliders of a
@@ -141,7 +142,7 @@ TEST_F(Costs, LayingOutTouchesNeitherViewsNorPreferences)
         turnTo(1);
         device.screen->orientation = 3;
         EXPECT_EQ(costOf([] { controller().layoutSubviews(); }), (Cost { 0, 0, 0 }));
-        EXPECT_LE(allocations(), 40u);
+        EXPECT_LE(allocations(), 60u);
         device.screen->orientation = 1;
         dismiss();
     }
