@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# The logic and the seam over the Objective-C runtime compile for a 32-bit phone and for the machine at hand, and every
+# header of that seam and of the small SDK compiles by itself.
+#
+#   compiles_elsewhere.sh ROOT DEVICE
+#
+# DEVICE is the folder that scripts/build-device filled.
+source "$(dirname "${BASH_SOURCE[0]}")/../checks/rooms.sh"
+root=$(cd "$1" && pwd) device=$(cd "$2" && pwd)
+libcxx=$device/libcxx/usr/lib/llvm-19/include/c++/v1
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# Builds everything of the device's project that can be built with these options.
+compile() {
+    cmake -S "$root/packaging" -B "$scratch/build" -G Ninja --log-level=WARNING --fresh "$@" >/dev/null
+    cmake --build "$scratch/build" -- --quiet
+}
+compile --toolchain "$root/cmake/ios-armv7.cmake" -D PANOTRA_LIBCXX="$libcxx"
+rm -r "$scratch/build"
+for compiler in clang++-14 clang++-19; do
+    compile -D CMAKE_CXX_COMPILER="$compiler"
+done
+
+warnings=(-std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+failures=0
+# Compiles an including file, as a header is read.
+alone() {
+    local header=$1
+    shift
+    if ! clang++-19 "${warnings[@]}" "$@" -x c++ - <<<"#include \"$header\""; then
+        echo "$header does not compile alone" >&2
+        failures=$((failures + 1))
+    fi
+}
+while read -r header; do
+    alone "$header" -fblocks -I "$root" -isystem "$root/packaging/sdk/platform"
+done < <(cd "$root" && find platform/ios -name '*.h' | sort)
+
+sdk=$root/packaging/sdk
+while read -r header; do
+    alone "$header" --target=arm64-apple-ios9.0 -fblocks -nostdinc++ -nostdlibinc -isystem "$sdk/libcxx" \
+        -isystem "$libcxx" -isystem "$sdk/libc" -isystem "$sdk/platform"
+done < <(cd "$root" && find "$sdk/libc" "$sdk/platform" -name '*.h' | sort)
+
+conclude "headers that do not compile alone" "$failures"

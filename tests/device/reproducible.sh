@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# The same sources give the same bytes: built again from another folder into another folder, without a cache of
+# compilations, in another time zone, language and file mode.
+#
+#   reproducible.sh ROOT DEVICE
+#
+# DEVICE is the folder that scripts/build-device filled from the sources as they are.
+source "$(dirname "${BASH_SOURCE[0]}")/../checks/rooms.sh"
+root=$1 device=$2
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+sources=$scratch/a/longer/way/to/the/sources
+again=$sources/again
+
+mkdir -p "$again"
+(cd "$root" && cp -r CMakeLists.txt cmake controller hooks model packaging platform resources scripts views "$sources")
+cp -r "$device/libcxx" "$again"
+(
+    umask 077
+    CCACHE_DISABLE=1 TZ=Pacific/Chatham LC_ALL=C.UTF-8 "$sources/scripts/build-device" "$again" >/dev/null
+)
+
+different=0
+package=$(basename "$device"/*.deb)
+for file in "$package" arm64/Panotra.dylib simulator/Panotra.dylib; do
+    if ! cmp "$device/$file" "$again/$file"; then
+        different=$((different + 1))
+    fi
+done
+conclude "files that differ between two builds" "$different"
