@@ -24,7 +24,7 @@ struct PlayOptions {
     TraceFormat format = TraceFormat::Text;
     std::optional<std::string> traceFile; ///< none: standard output
     std::string picturesFolder = ".";
-    std::string resourceFolder; ///< the bundle with the mixer's own pictures; empty: it has none
+    std::string resourceFolder {}; ///< the bundle with the mixer's own pictures; empty: it has none
 };
 
 /// Plays the scenario on a device of its own. `pictures`: null where nothing can be drawn. Complaints go to standard
