@@ -33,6 +33,14 @@ test: ## build and run all tests, once more under the sanitizers
 	@scripts/install-dependencies build test
 	@scripts/run-tests $(build) $(jobs) $(quiet)
 
+.PHONY: bench
+bench: build ## measure: instructions of the logic, time of the pictures
+	@scripts/install-dependencies test bench
+	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
+	@cmake --build $(build) --parallel $(jobs) --target instructions render_bench -- $(quiet)
+	@bench/count-instructions $(build)/bench/instructions
+	@$(build)/render_bench
+
 .PHONY: format
 format: ## format all sources
 	@scripts/install-dependencies test
