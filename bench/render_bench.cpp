@@ -73,7 +73,8 @@ struct Phone {
     explicit Phone(std::int64_t style)
     {
         std::string failure;
-        renderer = sim::makeRenderer(render::Wallpaper::dusk(), [](const std::string&) {}, failure);
+        renderer = sim::makeRenderer(
+            render::Wallpaper::dusk(), [](const std::string&) {}, failure);
         device.resourceFolder = sim::bundleBesideProgram();
         showing.style = style;
         sim::beginToShow(device, sim::loadedLibrary(), showing);
@@ -182,7 +183,8 @@ void firstFrame(benchmark::State& state, std::int64_t style)
     report(state, style, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         std::string failure;
-        phone.renderer = sim::makeRenderer(render::Wallpaper::dusk(), [](const std::string&) {}, failure);
+        phone.renderer = sim::makeRenderer(
+            render::Wallpaper::dusk(), [](const std::string&) {}, failure);
         phone.draw();
     });
 }
