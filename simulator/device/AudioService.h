@@ -12,13 +12,14 @@ namespace panotra::sim {
 class AudioService {
 public:
     std::vector<std::pair<std::string, float>> levels; ///< in the order first stored; the six known ones at 0.5
-    std::optional<std::string> route = "Speaker";
+    std::optional<std::string> route = "Speaker"; ///< none: there is no active route
     std::string activeCategory = "Audio/Video";
-    bool echo = false;
+    bool echo = false; ///< a level that a program sets is announced if it is a new one
 
     AudioService();
     float level(const std::string& category) const;
     bool hasLevel(const std::string& category) const;
+    /// Nobody is told. Levels are not clamped.
     void store(const std::string& category, float level);
 };
 

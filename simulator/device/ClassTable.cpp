@@ -43,6 +43,17 @@ const HostField* findField(const HostObject* object, std::string_view key)
     return field == fields.end() ? nullptr : &*field;
 }
 
+void nameObjectsHeldBy(const HostObject& holder)
+{
+    for (const HostField& field : holder.isa->fields) {
+        if (field.encoding != '@')
+            continue;
+        HostObject* const held = read<HostObject*>(holder, field);
+        if (held != nullptr && held->name.empty())
+            held->name = field.name;
+    }
+}
+
 } // namespace
 
 ClassTable::ClassTable(Device& device)
@@ -139,8 +150,10 @@ void ClassTable::release(HostObject* object)
     object->isDeallocating = true;
     const HostClass& isa = *object->isa;
     if (isa.isRegistered) {
-        isa.destroy(object, object->instanceVariables.get());
+        // The last look at its fields: while the block is being destroyed there is nothing to be read in it.
+        nameObjectsHeldBy(*object);
         std::erase(m_implementation->registered, object);
+        isa.destroy(object, object->instanceVariables.get());
     }
     m_implementation->living.erase(object);
     delete object;
@@ -198,15 +211,8 @@ HostObject* ClassTable::heldInField(std::string_view field) const
 
 void ClassTable::nameHeldObjects()
 {
-    for (const HostObject* const holder : m_implementation->registered) {
-        for (const HostField& field : holder->isa->fields) {
-            if (field.encoding != '@')
-                continue;
-            HostObject* const held = read<HostObject*>(*holder, field);
-            if (held != nullptr && held->name.empty())
-                held->name = field.name;
-        }
-    }
+    for (const HostObject* const holder : m_implementation->registered)
+        nameObjectsHeldBy(*holder);
 }
 
 HostObject* ClassTable::objectForKey(HostObject* object, std::string_view key) const

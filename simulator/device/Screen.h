@@ -14,9 +14,9 @@ public:
     double height = 667;
     double scale = 2; ///< pixels a point
     bool hasRealDisplayBounds = true; ///< false: only `_referenceBounds`
-    std::int64_t orientation = 1;
+    std::int64_t orientation = 1; ///< the platform's number: 1 and 2 upright, 3 and 4 landscape
     bool statusBarHidden = false;
-    std::optional<std::pair<double, double>> statusBarCenter; ///< none: half the width as now seen, 10
+    std::optional<std::pair<double, double>> statusBarCenter; ///< points; none: half the width as now seen, 10
 
     /// Width and height in points as the interface orientation sees them.
     std::pair<double, double> currentSize() const;

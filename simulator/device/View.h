@@ -8,6 +8,9 @@
 #include "simulator/device/Geometry.h"
 
 #include <array>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace panotra::sim {

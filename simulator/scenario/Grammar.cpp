@@ -116,7 +116,13 @@ public:
             return std::nullopt;
         }
         checkPhase(m_forms.front()->phase, loadLine);
-        Command command { .line = m_line.number, .source = m_line.source, .form = chooseForm(), .arguments = {} };
+        Command command {
+            .line = m_line.number,
+            .source = m_line.source,
+            .remarks = m_line.remarks,
+            .form = chooseForm(),
+            .arguments = {},
+        };
         if (command.form != nullptr)
             readArguments(command.form->syntax, command.arguments);
         return m_mistakes.size() == mistakesBefore ? std::optional(std::move(command)) : std::nullopt;

@@ -49,6 +49,7 @@ private:
 struct Command {
     std::size_t line; ///< from 1
     std::string_view source; ///< the line as written, in the text that was parsed
+    std::vector<std::string_view> remarks; ///< the comments above it, likewise
     const Form* form;
     Arguments arguments;
 };

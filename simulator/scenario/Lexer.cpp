@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdio>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -68,6 +69,7 @@ std::string_view withoutBlanksAround(std::string_view source)
 std::vector<Line> readLines(std::string_view text)
 {
     std::vector<Line> lines;
+    std::vector<std::string_view> remarks;
     std::size_t number = 0;
     while (!text.empty()) {
         const auto end = text.find('\n');
@@ -77,12 +79,21 @@ std::vector<Line> readLines(std::string_view text)
         if (source.ends_with('\r'))
             source.remove_suffix(1);
 
-        Line line { .number = ++number, .source = withoutBlanksAround(source), .words = {}, .mistake = {} };
+        Line line {
+            .number = ++number, .source = withoutBlanksAround(source), .words = {}, .remarks = {}, .mistake = {}
+        };
         if (const auto bad = firstBadByte(source))
             line.mistake = describeBadByte(source, *bad);
         readWords(line, source);
-        if (!line.words.empty() || line.mistake)
-            lines.push_back(std::move(line));
+        if (line.words.empty() && !line.mistake) {
+            if (!line.source.empty() || !remarks.empty())
+                remarks.push_back(line.source);
+            continue;
+        }
+        while (!remarks.empty() && remarks.back().empty())
+            remarks.pop_back();
+        line.remarks = std::exchange(remarks, {});
+        lines.push_back(std::move(line));
     }
     return lines;
 }

@@ -22,6 +22,8 @@ struct Line {
     std::size_t number; ///< from 1
     std::string_view source; ///< as written, in the text that was read; no blanks around it
     std::vector<Word> words; ///< at least one, unless there is a mistake
+    /// The comments above it since the last such line, as written; empty for an empty line between them.
+    std::vector<std::string_view> remarks;
     std::optional<std::string> mistake; ///< "found …, expected …"
 };
 

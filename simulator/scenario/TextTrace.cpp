@@ -32,8 +32,12 @@ TextTrace::TextTrace(Sink sink)
 void TextTrace::command(const Command& command)
 {
     finish();
-    // What a command has brought about stands as a paragraph under it.
-    m_sink((m_wroteEvents ? "\n" : "") + printable(command.source) + '\n');
+    // What a command has brought about stands as a paragraph under it, what the scenario has to say above it.
+    std::string text = m_wroteEvents || (m_wroteCommand && !command.remarks.empty()) ? "\n" : "";
+    for (const auto remark : command.remarks)
+        text += printable(remark) + '\n';
+    m_sink(text + printable(command.source) + '\n');
+    m_wroteCommand = true;
     m_wroteEvents = false;
 }
 

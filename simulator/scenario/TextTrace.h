@@ -1,4 +1,4 @@
-/// The trace for people: the scenario's commands, and under each a line an event: when, what, with what.
+/// The trace for people: the scenario's commands and comments, and under each a line an event: when, what, with what.
 ///
 /// What comes in rows is told once: hooks, observers and listeners that follow each other share a line, so do the
 /// levels of one save, and a line that would repeat itself at the same moment is counted instead.
@@ -28,6 +28,7 @@ private:
     std::vector<Json> m_run; ///< events that will share a line
     std::string m_line; ///< complete but for its count
     std::size_t m_lineCount = 0;
+    bool m_wroteCommand = false;
     bool m_wroteEvents = false; ///< since the last command
 };
 

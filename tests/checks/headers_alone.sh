@@ -3,8 +3,9 @@
 #
 #   headers_alone.sh ROOT COMPILER
 #
-# A header that some source includes before anything else has proved it in the build; the others prove it here.
-# The headers of platform/ios are left out: they need the declarations of the device's own build.
+# What a source of the logic includes before anything else has proved it already: compile_logic.sh compiles those without
+# precompiled headers, which would hide what is missing. The headers of platform/ios are left out: they need the
+# declarations of the device's own build.
 source "$(dirname "${BASH_SOURCE[0]}")/rooms.sh"
 root=$1 compiler=$2
 
@@ -12,9 +13,9 @@ flags=(-std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -
 libraries=(libplist-2.0 cairo pangocairo librsvg-2.0)
 read -r -a library_flags <<<"$(pkg-config --cflags "${libraries[@]}")"
 
-# What each source includes first, if that is a header of ours.
-included_first() {
-    (cd "$root" && sources . | grep '\.cpp$' | grep -v '^platform/ios/' | xargs awk '/^#include / { print; nextfile }' |
+# What each source of the logic includes first, if that is a header of ours.
+proved() {
+    (cd "$root" && logic_sources . | xargs awk '/^#include / { print; nextfile }' |
         sed -n 's/^#include "\(.*\)"$/\1/p' | sort -u)
 }
 
@@ -26,6 +27,6 @@ compile_header() {
 }
 export -f compile_header
 
-headers=$(sources "$root" | grep '\.h$' | grep -v '^platform/ios/' | comm -23 - <(included_first))
+headers=$(sources "$root" | grep '\.h$' | grep -v '^platform/ios/' | comm -23 - <(proved))
 xargs -P "$(nproc)" -I{} bash -c 'compile_header "$@"' - {} "$compiler" "${flags[@]}" "${library_flags[@]}" <<<"$headers"
 echo "$(wc -l <<<"$headers") headers compile alone"

@@ -6,12 +6,19 @@ export LC_ALL=C
 
 logic_rooms=(model views controller hooks)
 
-# The rooms of ROOT that hold sources, and are there.
-source_rooms() {
-    local room
-    for room in "${logic_rooms[@]}" platform simulator tests fuzz bench; do
-        [[ ! -d $1/$room ]] || echo "$room"
+# Those of the rooms that ROOT has.
+existing_rooms() {
+    local root=$1 room
+    shift
+    for room in "$@"; do
+        [[ ! -d $root/$room ]] || echo "$room"
     done
+}
+
+# The rooms of ROOT that hold sources of ours. What packaging/sdk declares has the layout and the style of the system
+# that it stands for.
+source_rooms() {
+    existing_rooms "$1" "${logic_rooms[@]}" platform simulator packaging/checks tests fuzz bench
 }
 
 # Every C++ file of ROOT, one a line, relative to it, sorted.
@@ -22,7 +29,8 @@ sources() {
 
 # Every C++ source of the logic, headers left out.
 logic_sources() {
-    (cd "$1" && find "${logic_rooms[@]}" -type f -name '*.cpp' | sort)
+    # shellcheck disable=SC2046 # the names of rooms hold no blanks
+    (cd "$1" && find $(existing_rooms . "${logic_rooms[@]}") -type f -name '*.cpp' | sort)
 }
 
 # Ends the check: status 1 if anything was found, which has been printed already, a line saying so otherwise.

@@ -259,12 +259,19 @@ TEST_F(NamesTest, ANameStaysWhenTheFieldIsCleared)
     EXPECT_EQ(device.nameOf(&view), "_volumeView3");
 }
 
+TEST_F(NamesTest, AHolderThatGoesLeavesItsNamesBehind)
+{
+    View& view = makeView();
+    release(&makeHolder({ { "_volumeView", &view } }));
+    EXPECT_EQ(device.nameOf(&view), "_volumeView");
+}
+
 TEST_F(NamesTest, ATurnOfTheRunLoopNamesWhatFieldsHold)
 {
     View& view = makeView();
     HostObject& holder = makeHolder({ { "_containerView", &view } });
     device.runLoop->turn();
-    release(&holder);
+    std::memset(holder.instanceVariables.get(), 0, sizeof(HostObject*));
     EXPECT_EQ(device.nameOf(&view), "_containerView");
 }
 

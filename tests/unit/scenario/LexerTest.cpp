@@ -51,6 +51,14 @@ TEST(Lexer, ALineKeepsItsSourceWithoutTheBlanksAroundIt)
     EXPECT_EQ(readLines("  route Headphone  # plugged in \r\n").at(0).source, "route Headphone  # plugged in");
 }
 
+TEST(Lexer, ALineKeepsTheCommentsAboveIt)
+{
+    const auto lines = readLines("\n# one\n\t\n # two\n\n\nload # now\nlaunch\n# three");
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_THAT(lines[0].remarks, ElementsAre("# one", "", "# two"));
+    EXPECT_THAT(lines[1].remarks, IsEmpty());
+}
+
 TEST(Lexer, QuotesMayHoldBlanksAndHashes)
 {
     EXPECT_THAT(wordsOf("category \"Voice # Command\""), ElementsAre("category", "Voice # Command"));

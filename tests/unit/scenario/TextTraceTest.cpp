@@ -144,7 +144,7 @@ TEST(TextTrace, CommandsStandAboveWhatTheyBroughtAbout)
 {
     std::string text;
     const auto writer = makeTraceWriter(TraceFormat::Text, [&text](std::string_view part) { text += part; });
-    Command command { .line = 1, .source = "route nil", .form = nullptr, .arguments = {} };
+    Command command { .line = 1, .source = "route nil", .remarks = {}, .form = nullptr, .arguments = {} };
     writer->command(command);
     command.source = "launch\t# up it goes";
     writer->command(command);
@@ -159,6 +159,25 @@ TEST(TextTrace, CommandsStandAboveWhatTheyBroughtAbout)
         "     0.000  launched  (2 times)\n"
         "\n"
         "wait 1\n");
+}
+
+TEST(TextTrace, CommentsStandAboveTheirCommands)
+{
+    std::string text;
+    const auto writer = makeTraceWriter(TraceFormat::Text, [&text](std::string_view part) { text += part; });
+    const auto scenario = parseScenario("# Morning.\n\n# Music.\n\nwait 1\nwait 2\n\n  # Noon.\r\nwait 3\n# Night.\n");
+    for (const auto& command : scenario.commands)
+        writer->command(command);
+    writer->finish();
+    EXPECT_EQ(text,
+        "# Morning.\n"
+        "\n"
+        "# Music.\n"
+        "wait 1\n"
+        "wait 2\n"
+        "\n"
+        "# Noon.\n"
+        "wait 3\n");
 }
 
 TEST(TextTrace, StringsOfOthersDriveNoTerminal)
@@ -240,7 +259,7 @@ TEST(JsonTrace, WritesEventsAndNothingElse)
 {
     std::string text;
     const auto writer = makeTraceWriter(TraceFormat::JsonLines, [&text](std::string_view part) { text += part; });
-    writer->command({ .line = 1, .source = "load", .form = nullptr, .arguments = {} });
+    writer->command({ .line = 1, .source = "load", .remarks = {}, .form = nullptr, .arguments = {} });
     writer->event({ { "t", 0.5 }, { "event", "launched" } });
     writer->finish();
     EXPECT_EQ(text, "{\"t\":0.5,\"event\":\"launched\"}\n");
