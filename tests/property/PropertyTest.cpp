@@ -9,7 +9,7 @@
 namespace panotra::testing {
 namespace {
 
-constexpr std::uint64_t scenariosPerBatch = 400;
+constexpr std::uint64_t scenariosPerBatch = 300;
 
 std::vector<std::string> linesOf(const std::string& text)
 {
