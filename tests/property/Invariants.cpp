@@ -48,7 +48,7 @@ public:
     }
 
     /// Between two commands.
-    void look(std::size_t line)
+    void look(const std::string& when)
     {
         if (m_complaint)
             return;
@@ -58,7 +58,7 @@ public:
                 &Watch::levelsShownAreLevelsHeld, &Watch::fillsFollowLevels, &Watch::twelveKeysAreSavedOrNone,
                 &Watch::oneDismissalWaitsAtMost, &Watch::noSliderOutlivesItsMixer }) {
             if (Complaint complaint = (this->*invariant)()) {
-                m_complaint = "before line " + std::to_string(line) + ": " + *complaint;
+                m_complaint = when + ": " + *complaint;
                 return;
             }
         }
@@ -74,7 +74,7 @@ public:
             controller().destroyHUDWindow();
         m_device.runLoop->wait(longEnough);
         m_device.classes->drainAutoreleasePool();
-        look(0);
+        look("at the end");
         if (m_complaint)
             return;
         if (m_device.runLoop->pendingCount() != 0 || m_device.runLoop->runningAnimations() != 0)
@@ -244,7 +244,7 @@ std::optional<std::string> firstViolation(std::string_view text)
     Watch watch(device);
     sim::Audience audience;
     audience.commandBegins = [&watch](const sim::Command& command) {
-        watch.look(command.line);
+        watch.look("before line " + std::to_string(command.line));
     };
     sim::Player(device, library, audience).play(scenario);
     watch.end();

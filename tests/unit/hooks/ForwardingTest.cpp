@@ -1,0 +1,91 @@
+/// What a hook replaced is called with the receiver, the selector and every argument as the host gave them, and what
+/// it answers goes back to the host.
+#include "hooks/Panotra.h"
+#include "hooks/PreviousImplementations.h"
+#include "tests/support/MixerTest.h"
+
+namespace panotra {
+namespace {
+
+/// Objects and selectors that are compared, never used.
+template <typename Pointer> Pointer token(std::uintptr_t number)
+{
+    return reinterpret_cast<Pointer>(number * 64);
+}
+
+const id receiver = token<id>(1);
+const SEL selector = token<SEL>(2);
+const id completion = token<id>(3);
+const id fallback = token<id>(4);
+
+int calls = 0;
+
+/// Stands in for what a hook replaced: compares what arrives with what it was told to expect, and answers.
+template <typename Signature> struct Expectation;
+template <typename Result, typename... Arguments> struct Expectation<Result(Arguments...)> {
+    static inline std::tuple<Arguments...> expected;
+    static inline Result answer;
+
+    static Result check(id self, SEL name, Arguments... arguments)
+    {
+        ++calls;
+        EXPECT_EQ(self, receiver);
+        EXPECT_EQ(name, selector);
+        EXPECT_EQ(std::tuple(arguments...), expected);
+        return answer;
+    }
+};
+
+struct Forwarding : testing::MixerTest {
+    Forwarding()
+    {
+        launch();
+        calls = 0;
+    }
+
+    template <typename Result, typename... Arguments>
+    static void expectForwarded(PreviousImplementation<Result(Arguments...)>& replaced,
+        Result (*hook)(id, SEL, Arguments...) noexcept, Result answer, Arguments... arguments)
+    {
+        using Stub = Expectation<Result(Arguments...)>;
+        Stub::expected = std::tuple(arguments...);
+        Stub::answer = answer;
+        replaced.implementation = reinterpret_cast<IMP>(&Stub::check);
+        const int before = calls;
+        EXPECT_EQ(hook(receiver, selector, arguments...), answer);
+        EXPECT_EQ(calls, before + 1);
+    }
+};
+
+TEST_F(Forwarding, ASoundKeepsItsEnvironmentsItsCompletionAndItsAnswer)
+{
+    for (const bool answer : { true, false })
+        expectForwarded<bool, id, std::uint64_t, id>(
+            previous.playSound, hooks::playSound, answer, nullptr, 0x8000'0000'0000'0001u, completion);
+}
+
+TEST_F(Forwarding, TheActiveVolumeKeepsItsPointersAndItsAnswer)
+{
+    float level = 0.5f;
+    id name = nullptr;
+    for (const bool answer : { true, false })
+        expectForwarded<bool, float*, id*, id>(
+            previous.getActiveCategoryVolume, hooks::getActiveCategoryVolume, answer, &level, &name, fallback);
+}
+
+TEST_F(Forwarding, AVolumeThatAProgramSetsKeepsItsLevelItsCategoryAndItsAnswer)
+{
+    for (const bool answer : { true, false })
+        expectForwarded<bool, float, id>(previous.setVolumeTo, hooks::setVolumeTo, answer, 0.3f, nullptr);
+}
+
+TEST_F(Forwarding, AHookWithoutAPreviousImplementationAnswersNo)
+{
+    previous.playSound.implementation = nullptr;
+    EXPECT_FALSE(hooks::playSound(receiver, selector, nullptr, 0, completion));
+    previous.setVolumeTo.implementation = nullptr;
+    EXPECT_FALSE(hooks::setVolumeTo(receiver, selector, 0.3f, nullptr));
+}
+
+} // namespace
+} // namespace panotra
