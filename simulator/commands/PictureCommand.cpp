@@ -1,0 +1,47 @@
+/// The command line of `panotra picture`.
+#include "simulator/commands/Commands.h"
+
+#include "simulator/Bundle.h"
+#include "simulator/Library.h"
+#include "simulator/picture/PictureCommand.h"
+
+#include <memory>
+
+namespace panotra::sim {
+
+void addPictureCommand(CLI::App& app, ExitStatus& status)
+{
+    const auto options = std::make_shared<PictureOptions>();
+    MixerShowing& showing = options->showing;
+    CLI::App* const command = app.add_subcommand("picture", "Draw the mixer on the screen of a phone");
+    command->add_option("--style", showing.style, "The setting activeStyle: 0 the panel, 1 the banner")->type_name("N");
+    command->add_option("--skin", showing.skin, "The setting mixerSkin: 0 to 3")->type_name("N");
+    command
+        ->add_option(
+            "--orientation", showing.orientation, "The interface: 1 upright, 2 upside down, 3 and 4 on either side")
+        ->type_name("N")
+        ->capture_default_str();
+    command->add_option("--screen", options->screen, "The screen in points and pixels a point (default 375x667@2)")
+        ->type_name("WxH@S");
+    command->add_option("--scale", showing.mixerScale, "The setting scale, the size of the mixer (default 0.875)")
+        ->type_name("F");
+    command->add_option("--level", options->levels, "The level of a slot from 0 to 11; may be repeated")
+        ->type_name("SLOT=V")
+        ->take_all()
+        ->expected(1);
+    command->add_option("--focus", showing.focusedSlot, "A slot whose slider is held by a finger")->type_name("SLOT");
+    command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
+        ->type_name("FILE.png")
+        ->capture_default_str();
+    command->add_flag("--as-viewed", options->asViewed,
+        "Turn the picture as the viewer holds the phone; without it the screen stands as it is built");
+    command->add_option("-o,--output", options->outputFile, "The picture to write")->type_name("FILE.png")->required();
+    command->footer("Exit status: 0 all went well, 2 the command line is wrong, 3 a file or a font could not be "
+                    "read or written.");
+    command->callback([options, &status] {
+        options->resourceFolder = bundleBesideProgram();
+        status = drawPicture(*options, loadedLibrary());
+    });
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,55 @@
+/// The command line of `panotra play`.
+#include "simulator/commands/Commands.h"
+
+#include "simulator/Bundle.h"
+#include "simulator/Library.h"
+#include "simulator/picture/PictureFolder.h"
+
+#include <memory>
+#include <string>
+
+namespace panotra::sim {
+
+namespace {
+
+struct PlayArguments {
+    PlayOptions options;
+    std::string format = "text";
+};
+
+ExitStatus run(PlayArguments& arguments)
+{
+    PlayOptions& options = arguments.options;
+    options.format = arguments.format == "json" ? TraceFormat::JsonLines : TraceFormat::Text;
+    options.resourceFolder = bundleBesideProgram();
+    PictureFolder pictures(options.picturesFolder, complain);
+    return play(options, loadedLibrary(), &pictures);
+}
+
+} // namespace
+
+void addPlayCommand(CLI::App& app, ExitStatus& status)
+{
+    const auto arguments = std::make_shared<PlayArguments>();
+    PlayOptions& options = arguments->options;
+    CLI::App* const command = app.add_subcommand("play", "Play a scenario and print what the host saw");
+    command->add_option("FILE", options.scenarioFile, "The scenario; - is standard input")->required()->type_name("");
+    command
+        ->add_option("--prefs", options.preferencesFolder,
+            "Keep each preference domain as the property list DIR/<domain>.plist; without it domains live in memory")
+        ->type_name("DIR");
+    command->add_option("--format", arguments->format, "The trace as text for people or as json, a line an event")
+        ->check(CLI::IsMember({ "text", "json" }))
+        ->type_name("FORMAT")
+        ->capture_default_str();
+    command->add_option("--trace", options.traceFile, "Write the trace to OUT instead of standard output")
+        ->type_name("OUT");
+    command->add_option("--shots", options.picturesFolder, "Where shot puts its pictures")
+        ->type_name("DIR")
+        ->capture_default_str();
+    command->footer("Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is "
+                    "wrong and\nnothing was run, 3 a file could not be read or written.");
+    command->callback([arguments, &status] { status = run(*arguments); });
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,62 @@
+/// The command line of `panotra prefs`.
+#include "simulator/commands/Commands.h"
+
+#include "simulator/preferences/PrefsCommand.h"
+
+#include <iostream>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace panotra::sim {
+
+namespace {
+
+using preferences::PrefsAction;
+using preferences::PrefsRequest;
+using preferences::PrefsStatus;
+
+/// What was asked for must have reached whoever reads it.
+ExitStatus run(const PrefsRequest& request)
+{
+    const PrefsStatus status = preferences::runPrefsCommand(request, std::cout, std::cerr);
+    if (status == PrefsStatus::Done && !std::cout.flush()) {
+        complain("standard output could not be written");
+        return ExitStatus::FileFailed;
+    }
+    return static_cast<ExitStatus>(status);
+}
+
+} // namespace
+
+void addPrefsCommand(CLI::App& app, ExitStatus& status)
+{
+    static const std::map<std::string, PrefsAction> actions { { "list", PrefsAction::List },
+        { "get", PrefsAction::Get }, { "set", PrefsAction::Set }, { "unset", PrefsAction::Unset } };
+
+    const auto request = std::make_shared<PrefsRequest>();
+    CLI::App* const command = app.add_subcommand("prefs", "Look at the settings, or change them as another process");
+    const auto setAction = [request](const std::string& word) {
+        request->action = actions.at(word);
+    };
+    command->add_option_function<std::string>("ACTION", setAction, "list, get, set or unset")
+        ->required()
+        ->check(CLI::IsMember(&actions))
+        ->type_name("");
+    command->add_option("DOMAIN", request->domain, "The preference domain, as net.qorvath.panotra")
+        ->required()
+        ->type_name("");
+    command->add_option("KEY", request->key, "The key; not for list")->type_name("");
+    command->add_option("TYPE", request->type, "For set: int, float, bool or string")->type_name("");
+    command->add_option("VALUE", request->value, "For set; a bool is yes or no")->type_name("");
+    command
+        ->add_option("--prefs", request->folder,
+            "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
+            "~/.local/share/panotra/preferences)")
+        ->type_name("DIR");
+    command->footer("Exit status: 0 done, 1 there is no such key, 2 the command line is wrong, 3 a file could not be "
+                    "read or written.");
+    command->callback([request, &status] { status = run(*request); });
+}
+
+} // namespace panotra::sim
