@@ -30,8 +30,13 @@ run: build ## build, and play a day in the life of the mixer
 
 .PHONY: test
 test: ## build and run all tests, once more under the sanitizers
-	@scripts/install-dependencies build test
+	@scripts/install-dependencies build test device
 	@scripts/run-tests $(build) $(jobs) $(quiet)
+
+.PHONY: device
+device: ## install what is missing, make the package for a phone in build/device, and check it
+	@scripts/install-dependencies build device
+	@scripts/build-device $(build)/device
 
 .PHONY: bench
 bench: build ## measure: instructions of the logic, time of the pictures
