@@ -61,7 +61,7 @@ function(panotra_add_test name)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <nlohmann/json.hpp>)
     # A test's own code is compiled once and run once: optimising it thoroughly takes longer than it ever saves.
-    target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O1;-g1>)
+    target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O$<NOT:$<BOOL:${PANOTRA_SANITIZE}>>;-g1>)
     # gcc 12 takes the concatenation of strings for an overrun where the string's header is precompiled.
     target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow>)
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} panotra-warnings GTest::gtest_main GTest::gmock)
