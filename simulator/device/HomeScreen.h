@@ -5,6 +5,7 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/device/SystemIndicator.h"
 
 namespace panotra::sim {
 
@@ -21,6 +22,9 @@ public:
     bool volumeDownIsDown = false;
     bool assistantVisible = false;
     double rotationDuration = 0.3; ///< seconds
+
+    /// The own indicator since it was last asked for, gone or not.
+    std::optional<SystemIndicator> indicator;
 
     // Events.
     void finishLaunching();

@@ -94,11 +94,14 @@ void presentVolumeHUD(HostObject*, Selector self, std::int64_t mode, float level
     process().trace("indicator", [&] {
         return Json { { "by", self->name }, { "mode", mode }, { "level", static_cast<double>(level) } };
     });
+    process().home->indicator = { level, process().runLoop->now() };
 }
 
 void presentHUDView(HostObject*, Selector self, HostObject*, double delay)
 {
     process().trace("indicator", [&] { return Json { { "by", self->name }, { "delay", delay } }; });
+    const double level = process().audio->level(process().audio->activeCategory);
+    process().home->indicator = { level, process().runLoop->now(), delay };
 }
 
 void reorientHUDIfNeeded(HostObject*, Selector, bool flag)

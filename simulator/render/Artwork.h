@@ -14,7 +14,7 @@ namespace artwork {
 extern const std::string_view dawn; ///< the light wallpaper
 extern const std::string_view dusk; ///< the dark wallpaper
 extern const std::string_view glyphs; ///< the signs on the home screen's tiles, each a group with an id
-extern const std::string_view status; ///< the signs in the status bar, likewise
+extern const std::string_view signs; ///< the signs of the status bar and of the indicator, likewise
 } // namespace artwork
 
 /// A drawing that has been read.

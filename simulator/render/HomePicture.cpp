@@ -182,16 +182,21 @@ void drawHomeScreen(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wall
     }
 }
 
+void drawSign(cairo_t* context, Size size, const std::string& name)
+{
+    static const Drawing signs(artwork::signs);
+    signs.draw(context, size, name);
+}
+
 void drawStatusBar(cairo_t* context, Size size, const std::string& time, bool isBlack, const Typesetter& typesetter)
 {
-    static const Drawing signs(artwork::status);
     constexpr double margin = 6;
     constexpr double side = 20;
     const auto sign = [&](const char* name, double x) {
         cairo_save(context);
         cairo_translate(context, x, (size.height - side) / 2);
         cairo_push_group_with_content(context, CAIRO_CONTENT_ALPHA);
-        signs.draw(context, { side, side }, name);
+        drawSign(context, { side, side }, name);
         const Handle<cairo_pattern_t> shape(cairo_pop_group(context));
         cairo_mask(context, shape.get());
         cairo_restore(context);

@@ -19,6 +19,9 @@ inline constexpr double statusBarHeight = 20;
 /// Signal, time and battery in a rectangle of `size` at the context's origin, black or white as asked for.
 void drawStatusBar(cairo_t* context, Size size, const std::string& time, bool isBlack, const Typesetter& typesetter);
 
+/// A group of the signs' drawing, as large as fits into a rectangle of `size` at the context's origin.
+void drawSign(cairo_t* context, Size size, const std::string& name);
+
 /// Whether black is more legible than white on that part of the picture (Opaque).
 bool isLight(const Bitmap& bitmap, const PixelRect& area);
 

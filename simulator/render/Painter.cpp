@@ -182,6 +182,16 @@ void Painter::paint(const ImageItem& image, const Item& item, Bitmap& product)
     }
 }
 
+void Painter::paint(const SignItem& sign, const Item& item, Bitmap& product)
+{
+    if (product.isEmpty()) {
+        product
+            = made(item, PixelFormat::Mask, [&](cairo_t* context) { drawSign(context, item.shape.size, sign.name); });
+    }
+    setColor(context(), sign.color);
+    cairo_mask_surface(context(), product.surface(), item.extent.x, item.extent.y);
+}
+
 void Painter::paint(const BorderItem& border, const Item& item, Bitmap&)
 {
     // The outer edge is the clip's where there is one: then a larger box stands for it.

@@ -56,6 +56,7 @@ private:
     void paint(const BackdropItem& backdrop, const Item& item, Bitmap& product);
     void paint(const TextItem& text, const Item& item, Bitmap& product);
     void paint(const ImageItem& image, const Item& item, Bitmap& product);
+    void paint(const SignItem& sign, const Item& item, Bitmap& product);
     void paint(const BorderItem& border, const Item& item, Bitmap& product);
     void paint(const ClipItem& clip, const Item& item, Bitmap& product);
     void paint(const ClipEndItem& end, const Item& item, Bitmap& product);

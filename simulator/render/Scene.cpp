@@ -83,6 +83,7 @@ public:
 
     void addSurroundings();
     void addView(const sim::View& view, const Transform& toPixels);
+    void addIndicator();
     Scene take() { return std::move(m_scene); }
 
 private:
@@ -91,6 +92,8 @@ private:
         std::optional<Shape> shape; ///< of the innermost clip
     };
 
+    /// From the interface as it is turned, its origin at its top left, to pixels.
+    Transform interfaceToPixels() const;
     void add(Item::Content content, const Shape& shape);
     void addContents(const sim::View& view, const Presented& shown, const Shape& shape);
     void addBackdrop(const sim::BackdropView& view, const Shape& shape);
@@ -128,6 +131,15 @@ void SceneBuilder::enclose(Item::Content begin, Item::Content end, const Shape& 
     m_scene.push_back({ std::move(end), shape, extent });
 }
 
+Transform SceneBuilder::interfaceToPixels() const
+{
+    const sim::Screen& screen = *m_device.screen;
+    const auto [width, height] = screen.currentSize();
+    const Transform turned = compose(translation(screen.width / 2, screen.height / 2),
+        compose(rotation(interfaceAngle(screen.orientation)), translation(-width / 2, -height / 2)));
+    return compose(scaling(screen.scale), turned);
+}
+
 /// The time at which the device's clock starts, minutes after midnight.
 constexpr std::int64_t startTimeInMinutes = 9 * 60 + 41;
 
@@ -148,13 +160,11 @@ void SceneBuilder::addSurroundings()
     if (screen.statusBarHidden)
         return;
     // The bar lies along the top as the interface is turned, its middle where the host says it is.
-    const auto [width, height] = screen.currentSize();
+    const double width = screen.currentSize().first;
     const auto [centerX, centerY] = screen.currentStatusBarCenter();
-    const Transform turned = compose(translation(screen.width / 2, screen.height / 2),
-        compose(rotation(interfaceAngle(screen.orientation)), translation(-width / 2, -height / 2)));
-    const Transform placed = compose(turned, translation(centerX - width / 2, centerY - statusBarHeight / 2));
+    const Transform place = translation(centerX - width / 2, centerY - statusBarHeight / 2);
     add(StatusBarItem { clockText(m_device.runLoop->now()) },
-        { compose(toPixels, placed), { width, statusBarHeight } });
+        { compose(interfaceToPixels(), place), { width, statusBarHeight } });
 }
 
 void SceneBuilder::addView(const sim::View& view, const Transform& toPixels)
@@ -228,6 +238,40 @@ void SceneBuilder::addBorder(const sim::Layer& layer, const Shape& shape)
         add(BorderItem { layer.borderWidth, color }, shape);
 }
 
+/// The host's own indicator: a plain square in the middle of the screen, with a speaker over a row of segments.
+void SceneBuilder::addIndicator()
+{
+    const auto& indicator = m_device.home->indicator;
+    const double opacity = indicator ? indicator->opacityAt(m_device.runLoop->now()) : 0;
+    if (!(opacity > 0))
+        return;
+    constexpr Material material { 20, 1.8, 1, { 0.97, 0.97, 0.97, 0.5 } };
+    constexpr Rgba ink { 0.16, 0.16, 0.18, 0.75 };
+    constexpr Rgba unlit { 0, 0, 0, 0.22 };
+    constexpr double side = 152;
+    constexpr double signSide = 84;
+    constexpr int segments = 16;
+    constexpr double segmentWidth = 7;
+    constexpr double pitch = 8;
+    constexpr double segmentTop = 126;
+
+    const auto [width, height] = m_device.screen->currentSize();
+    const Transform corner = compose(interfaceToPixels(), translation((width - side) / 2, (height - side) / 2));
+    const auto at = [&corner](double x, double y, Size size) {
+        return Shape { compose(corner, translation(x, y)), size };
+    };
+    const Shape square { corner, { side, side }, 18, true };
+    enclose(GroupItem { opacity }, GroupEndItem { opacity }, {}, [&] {
+        add(BackdropItem { material, material.blurRadius * m_device.screen->scale, 1 }, square);
+        add(SignItem { indicator->level > 0 ? "speaker" : "speaker-off", ink },
+            at((side - signSide) / 2, (segmentTop - signSide) / 2, { signSide, signSide }));
+        const double lit = std::round(indicator->level * segments);
+        const double left = (side - segments * pitch + pitch - segmentWidth) / 2;
+        for (int i = 0; i < segments; ++i)
+            add(FillItem { i < lit ? ink : unlit }, at(left + i * pitch, segmentTop, { segmentWidth, segmentWidth }));
+    });
+}
+
 } // namespace
 
 PixelRect screenPixels(const sim::Device& device)
@@ -243,6 +287,7 @@ Scene sceneOf(const sim::Device& device)
     const auto* const window = dynamic_cast<const sim::Window*>(device.home->window());
     if (window != nullptr && window->shown)
         builder.addView(*window, scaling(device.screen->scale));
+    builder.addIndicator();
     return builder.take();
 }
 

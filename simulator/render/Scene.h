@@ -51,6 +51,13 @@ struct ImageItem {
     friend bool operator==(const ImageItem&, const ImageItem&) = default;
 };
 
+/// One of the renderer's own signs.
+struct SignItem {
+    std::string name;
+    Rgba color;
+    friend bool operator==(const SignItem&, const SignItem&) = default;
+};
+
 /// Inside the shape, along its edge.
 struct BorderItem {
     double width; ///< in the shape's own units
@@ -77,8 +84,8 @@ struct GroupEndItem {
 };
 
 struct Item {
-    using Content = std::variant<HomeItem, StatusBarItem, FillItem, BackdropItem, TextItem, ImageItem, BorderItem,
-        ClipItem, ClipEndItem, GroupItem, GroupEndItem>;
+    using Content = std::variant<HomeItem, StatusBarItem, FillItem, BackdropItem, TextItem, ImageItem, SignItem,
+        BorderItem, ClipItem, ClipEndItem, GroupItem, GroupEndItem>;
 
     Content content;
     Shape shape; ///< to pixels of the screen

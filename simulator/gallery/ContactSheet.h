@@ -1,0 +1,26 @@
+/// Pictures side by side on one sheet.
+#pragma once
+
+#include "simulator/render/Bitmap.h"
+#include "simulator/render/Text.h"
+
+#include <string>
+#include <vector>
+
+namespace panotra::sim {
+
+struct CaptionedPicture {
+    render::Bitmap pixels; ///< Opaque, not empty
+    std::string caption;
+};
+
+/// From left to right.
+struct SheetRow {
+    std::string caption;
+    std::vector<CaptionedPicture> pictures;
+};
+
+/// The rows from top to bottom, pixel for pixel, each picture over its caption. An Opaque bitmap.
+render::Bitmap contactSheet(const std::vector<SheetRow>& rows, const render::Typesetter& typesetter);
+
+} // namespace panotra::sim

@@ -1,0 +1,19 @@
+/// What is on the gallery's sheets.
+#pragma once
+
+#include "simulator/gallery/Studio.h"
+
+#include <span>
+
+namespace panotra::sim {
+
+struct Sheet {
+    const char* name; ///< the file's, without its ending
+    const char* title;
+    const char* text; ///< a sentence for the page
+    std::vector<SheetRow> (*rows)(Studio& studio);
+};
+
+std::span<const Sheet> gallerySheets();
+
+} // namespace panotra::sim
