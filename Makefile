@@ -26,7 +26,14 @@ build: ## install what is missing and build the program: build/panotra
 .PHONY: run
 run: build ## build, and play a day in the life of the mixer
 	@scripts/install-dependencies run
-	@scripts/play-example $(build)/panotra $(example) $(preferences)
+	@scripts/play-example $(build)/panotra $(example) $(preferences) $(build)/pictures
+
+.PHONY: gallery
+gallery: build ## draw everything the mixer can look like: build/gallery/index.html
+	@cmake --build $(build) --parallel $(jobs) --target panotra-gallery -- $(quiet)
+	@$(build)/panotra-gallery $(build)/gallery
+	@cmake -E copy_if_different $(build)/gallery/phones.png docs/phones.png
+	@echo "Open $(build)/gallery/index.html in a browser."
 
 .PHONY: test
 test: ## build and run all tests, once more under the sanitizers

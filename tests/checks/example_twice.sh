@@ -22,8 +22,13 @@ complain() {
 play() {
     local day=$1
     declare -n levels=$day
-    "$panotra" play "$root/examples/headphones.scenario" --prefs "$preferences" --format json >"$scratch/$day"
+    "$panotra" play "$root/examples/headphones.scenario" --prefs "$preferences" --format json \
+        --shots "$scratch/$day.pictures" >"$scratch/$day"
     plistutil --format xml --infile "$domain" >"$scratch/$day.plist"
+    local name
+    for name in morning quieter-messages louder-call evening; do
+        [[ -s $scratch/$day.pictures/$name.png ]] || complain "$day: there is no picture $name.png"
+    done
     local slot
     for ((slot = 0; slot < 12; slot++)); do
         levels[slot]=$(sed -n "/<key>volume$slot<\/key>/{n;s/.*<real>\(.*\)<\/real>.*/\1/p}" "$scratch/$day.plist")
