@@ -35,6 +35,10 @@ gallery: build ## draw everything the mixer can look like: build/gallery/index.h
 	@cmake -E copy_if_different $(build)/gallery/phones.png docs/phones.png
 	@echo "Open $(build)/gallery/index.html in a browser."
 
+.PHONY: window
+window: build ## build, and open a phone to play with
+	@$(build)/panotra window
+
 .PHONY: test
 test: ## build and run all tests, once more under the sanitizers
 	@scripts/install-dependencies build test device

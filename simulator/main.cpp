@@ -26,6 +26,7 @@ ExitStatus run(int argumentCount, char** arguments)
     addPlayCommand(app, status);
     addPictureCommand(app, status);
     addPrefsCommand(app, status);
+    addWindowCommand(app, status);
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::Success& request) {

@@ -11,5 +11,6 @@ namespace panotra::sim {
 void addPlayCommand(CLI::App& app, ExitStatus& status);
 void addPictureCommand(CLI::App& app, ExitStatus& status);
 void addPrefsCommand(CLI::App& app, ExitStatus& status);
+void addWindowCommand(CLI::App& app, ExitStatus& status);
 
 } // namespace panotra::sim

@@ -1,0 +1,37 @@
+/// The command line of `panotra window`.
+#include "simulator/commands/Commands.h"
+
+#include "simulator/Bundle.h"
+#include "simulator/Library.h"
+#include "simulator/window/WindowCommand.h"
+
+#include <memory>
+
+namespace panotra::sim {
+
+void addWindowCommand(CLI::App& app, ExitStatus& status)
+{
+    const auto options = std::make_shared<WindowOptions>();
+    CLI::App* const command = app.add_subcommand("window", "Open a phone to play with");
+    command
+        ->add_option("--prefs", options->preferencesFolder,
+            "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
+            "~/.local/share/panotra/preferences)")
+        ->type_name("DIR");
+    command->add_option("--record", options->recordFile, "Save what is done as a scenario that does it again")
+        ->type_name("FILE");
+    command->add_option("--trace", options->traceFile, "Write the trace to OUT, a line of JSON an event")
+        ->type_name("OUT");
+    command->add_flag(
+        "--statistics", options->wantsStatistics, "At the end, tell of turns of the loop and frame times");
+    command->footer(
+        "Press ? in the window for its keys. What `panotra prefs set` changes meanwhile is obeyed at once.\n"
+        "Exit status: 0 all went well, 2 the command line is wrong, 3 there is no display or no font, or a "
+        "file\ncould not be read or written.");
+    command->callback([options, &status] {
+        options->resourceFolder = bundleBesideProgram();
+        status = openWindow(*options, loadedLibrary());
+    });
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,99 @@
+/// The table of controls.
+#include "simulator/window/Controls.h"
+
+#include <algorithm>
+#include <array>
+
+namespace panotra::sim {
+
+namespace {
+
+template <Button button> constexpr Control volumeButton(const char* key, const char* cap, const char* label)
+{
+    return { "Volume buttons", key, cap, label, [](Phone& phone) { return phone.press(button); },
+        [](Phone& phone) { return phone.release(button); }, [](const Phone& phone) { return phone.isHeld(button); },
+        nullptr };
+}
+
+enum class Route { Speaker, Receiver, Headphone, Headset, HeadphonesBT, HeadsetBT };
+constexpr std::array<const char*, 6> routeNames { "Speaker", "Receiver", "Headphone", "Headset", "HeadphonesBT",
+    "HeadsetBT" };
+
+template <Route route> constexpr Control routeControl(const char* key, const char* label)
+{
+    constexpr const char* name = routeNames[static_cast<std::size_t>(route)];
+    return { "Audio route", key, key, label, [](Phone& phone) { return phone.useRoute(name); }, nullptr,
+        [](const Phone& phone) { return phone.isActive(name); },
+        [](const Phone& phone) -> std::string {
+            return phone.isPluggedIn(name) ? "plugged in" : "";
+        } };
+}
+
+enum class Gesture { Present, Dismiss, Toggle };
+constexpr std::array<const char*, 3> listeners { "net.qorvath.panotra.presentmixer", "net.qorvath.panotra.dismissmixer",
+    "net.qorvath.panotra.presentdismissmixer" };
+
+template <Gesture gesture> constexpr Control gestureControl(const char* key, const char* label)
+{
+    return { "Gestures", key, key, label,
+        [](Phone& phone) { return phone.sendGesture(listeners[static_cast<std::size_t>(gesture)]); }, nullptr, nullptr,
+        nullptr };
+}
+
+constexpr std::array controls {
+    volumeButton<Button::Up>("Up", "\u2191", "Volume up"),
+    volumeButton<Button::Down>("Down", "\u2193", "Volume down"),
+
+    Control { "Phone", "M", "M", "Ringer switch", [](Phone& phone) { return phone.switchRinger(); }, nullptr,
+        [](const Phone& phone) { return phone.isRingerMuted(); },
+        [](const Phone& phone) -> std::string {
+            return phone.isRingerMuted() ? "silent" : "ring";
+        } },
+    Control { "Phone", "S", "S", "Shake", [](Phone& phone) { return phone.shake(); }, nullptr, nullptr, nullptr },
+    Control { "Phone", "R", "R", "Rotate", [](Phone& phone) { return phone.turn(); }, nullptr, nullptr,
+        [](const Phone& phone) {
+            return phone.orientation();
+        } },
+    Control { "Phone", "L", "L", "Screen", [](Phone& phone) { return phone.switchScreen(); }, nullptr, nullptr,
+        [](const Phone& phone) -> std::string {
+            return phone.isScreenOn() ? "on" : "off";
+        } },
+
+    routeControl<Route::Speaker>("1", "Speaker"),
+    routeControl<Route::Receiver>("2", "Receiver"),
+    routeControl<Route::Headphone>("3", "Headphones"),
+    routeControl<Route::Headset>("4", "Headset"),
+    routeControl<Route::HeadphonesBT>("5", "Headphones BT"),
+    routeControl<Route::HeadsetBT>("6", "Headset BT"),
+
+    Control { "Sound", "C", "C", "Category", [](Phone& phone) { return phone.nextCategory(); }, nullptr, nullptr,
+        [](const Phone& phone) {
+            return phone.category();
+        } },
+    Control { "Sound", "P", "P", "Phone call", [](Phone& phone) { return phone.beginOrEndCall(); }, nullptr,
+        [](const Phone& phone) { return phone.isInCall(); },
+        [](const Phone& phone) -> std::string {
+            return phone.isInCall() ? "in a call" : "";
+        } },
+    Control { "Sound", "N", "N", "Notification", [](Phone& phone) { return phone.playNotificationSound(); }, nullptr,
+        nullptr, nullptr },
+
+    gestureControl<Gesture::Present>("G", "Present mixer"),
+    gestureControl<Gesture::Dismiss>("D", "Dismiss mixer"),
+    gestureControl<Gesture::Toggle>("T", "Present or dismiss"),
+};
+
+} // namespace
+
+std::span<const Control> allControls()
+{
+    return controls;
+}
+
+const Control* findControl(std::string_view key)
+{
+    const auto found = std::ranges::find(controls, key, &Control::key);
+    return found == controls.end() ? nullptr : &*found;
+}
+
+} // namespace panotra::sim

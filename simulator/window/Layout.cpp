@@ -1,0 +1,134 @@
+/// Columns: the buttons, the phone, the panel.
+#include "simulator/window/Layout.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace panotra::sim {
+
+namespace {
+
+constexpr double margin = 24;
+constexpr double controlsWidth = 228;
+constexpr double panelWidth = 392;
+constexpr double sideButtonDepth = 4; ///< of what stands out of the body, points
+
+/// Below this many pixels a unit, text is too small to be read.
+constexpr double smallestUnit = 0.7;
+
+struct Arrangement {
+    double width;
+    bool hasControls;
+    bool hasPanel;
+};
+
+constexpr std::array arrangements {
+    Arrangement { sheetWidth, true, true },
+    Arrangement { 720, true, false },
+    Arrangement { 440, false, false },
+};
+
+bool isLandscape(std::int64_t orientation)
+{
+    return orientation == 3 || orientation == 4;
+}
+
+/// A quarter turn of the phone's body from upright to how it is held, as (cosine, sine).
+Point turnOf(std::int64_t orientation)
+{
+    switch (orientation) {
+    case 2:
+        return { -1, 0 };
+    case 3:
+        return { 0, -1 };
+    case 4:
+        return { 0, 1 };
+    default:
+        return { 1, 0 };
+    }
+}
+
+} // namespace
+
+PhonePlace::PhonePlace(ScreenSize screen, std::int64_t orientation, Point center, double unitsPerPoint)
+    : m_screen(screen)
+    , m_orientation(orientation)
+    , m_center(center)
+    , m_unitsPerPoint(unitsPerPoint)
+{
+}
+
+Area PhonePlace::onSheet(const Area& upright) const
+{
+    const Point turn = turnOf(m_orientation);
+    const auto place = [&](double x, double y) {
+        const double fromMiddleX = (x - m_screen.width / 2) * m_unitsPerPoint;
+        const double fromMiddleY = (y - m_screen.height / 2) * m_unitsPerPoint;
+        return Point { m_center.x + fromMiddleX * turn.x - fromMiddleY * turn.y,
+            m_center.y + fromMiddleX * turn.y + fromMiddleY * turn.x };
+    };
+    const Point one = place(upright.x, upright.y);
+    const Point other = place(upright.right(), upright.bottom());
+    return { std::min(one.x, other.x), std::min(one.y, other.y), std::abs(other.x - one.x), std::abs(other.y - one.y) };
+}
+
+Point PhonePlace::onScreen(Point sheetPoint) const
+{
+    const Point turn = turnOf(m_orientation);
+    const double x = (sheetPoint.x - m_center.x) / m_unitsPerPoint;
+    const double y = (sheetPoint.y - m_center.y) / m_unitsPerPoint;
+    return { x * turn.x + y * turn.y + m_screen.width / 2, y * turn.x - x * turn.y + m_screen.height / 2 };
+}
+
+Area PhonePlace::body() const
+{
+    return onSheet(Area { 0, 0, m_screen.width, m_screen.height }.inset(-bodyBeside, -bodyAbove));
+}
+
+Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation)
+{
+    Layout layout;
+    const Arrangement* arrangement = &arrangements.back();
+    for (const Arrangement& each : arrangements) {
+        layout.unit = std::min(window.width / each.width, window.height / sheetHeight);
+        // A window may be low as well as narrow: then leaving something out helps nothing.
+        if (layout.unit >= std::min(smallestUnit, window.height / sheetHeight)) {
+            arrangement = &each;
+            break;
+        }
+    }
+    layout.sheet = { 0, 0, window.width / layout.unit, window.height / layout.unit };
+
+    Area rest = layout.sheet.inset(margin, margin);
+    if (arrangement->hasControls) {
+        layout.controls = rest.takeLeft(controlsWidth);
+        rest.takeLeft(margin);
+    }
+    if (arrangement->hasPanel) {
+        layout.panel = rest.takeRight(panelWidth);
+        rest.takeRight(margin);
+    }
+
+    // As many pixels a point as fit, and a whole number of them on the screen's long side.
+    const double bodyWidth = screen.width + 2 * (bodyBeside + sideButtonDepth);
+    const double bodyHeight = screen.height + 2 * bodyAbove;
+    const bool lies = isLandscape(orientation);
+    const double fitting
+        = std::min(rest.width / (lies ? bodyHeight : bodyWidth), rest.height / (lies ? bodyWidth : bodyHeight));
+    const double longSide = std::max(screen.width, screen.height);
+    const double pixels = std::max(std::floor(longSide * fitting * layout.unit), 1.0);
+    const double pixelsPerPoint = pixels / longSide;
+
+    // Its top left corner on a whole pixel.
+    const auto centered = [&](double start, double length, double points) {
+        const double size = points * pixelsPerPoint;
+        return (std::round((start + length / 2) * layout.unit - size / 2) + size / 2) / layout.unit;
+    };
+    const Point center { centered(rest.x, rest.width, lies ? screen.height : screen.width),
+        centered(rest.y, rest.height, lies ? screen.width : screen.height) };
+    layout.phone = PhonePlace(screen, orientation, center, pixelsPerPoint / layout.unit);
+    return layout;
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,66 @@
+/// Where everything is in a window of a given size: pure geometry.
+///
+/// The whole sheet grows and shrinks with the window, so that a display with more pixels to the inch, whose windows
+/// have more pixels, needs nothing of its own. What finds no room is left out: first the panel, then the buttons.
+#pragma once
+
+#include "simulator/picture/ShownMixer.h"
+#include "simulator/window/Sheet.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace panotra::sim {
+
+struct PixelSize {
+    int width = 0;
+    int height = 0;
+    friend bool operator==(const PixelSize&, const PixelSize&) = default;
+};
+
+/// The size, in units, for which the sheet is made.
+inline constexpr double sheetWidth = 1200;
+inline constexpr double sheetHeight = 800;
+
+/// A phone as its viewer holds it, interface upright.
+class PhonePlace {
+public:
+    PhonePlace() = default;
+    /// `center` and `unitsPerPoint`: on the sheet.
+    PhonePlace(ScreenSize screen, std::int64_t orientation, Point center, double unitsPerPoint);
+
+    /// An area in points of the upright screen, which may lie beside the screen on the phone's body.
+    Area onSheet(const Area& upright) const;
+    /// The point of the upright screen, in points.
+    Point onScreen(Point sheetPoint) const;
+    Area screen() const { return onSheet({ 0, 0, m_screen.width, m_screen.height }); }
+    Area body() const;
+    double unitsPerPoint() const { return m_unitsPerPoint; }
+    std::int64_t orientation() const { return m_orientation; }
+    const ScreenSize& screenSize() const { return m_screen; }
+
+private:
+    ScreenSize m_screen;
+    std::int64_t m_orientation = 1;
+    Point m_center;
+    double m_unitsPerPoint = 1;
+};
+
+/// What the body of the phone has around its screen, in points.
+inline constexpr double bodyBeside = 14;
+inline constexpr double bodyAbove = 46;
+
+struct Layout {
+    double unit = 1; ///< pixels
+    Area sheet;
+    std::optional<Area> controls;
+    std::optional<Area> panel;
+    PhonePlace phone;
+
+    Point onSheet(double pixelX, double pixelY) const { return { pixelX / unit, pixelY / unit }; }
+};
+
+/// The phone's screen lies on whole pixels.
+Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation);
+
+} // namespace panotra::sim

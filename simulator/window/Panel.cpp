@@ -1,0 +1,188 @@
+/// The panel beside the phone: settings, the system's levels, the twelve remembered ones, the end of the trace.
+#include "simulator/device/Preferences.h"
+#include "simulator/device/Services.h"
+#include "simulator/scenario/TextFormat.h"
+#include "simulator/window/Board.h"
+#include "simulator/window/Palette.h"
+#include "simulator/window/SettingsTable.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace panotra::sim {
+
+using render::TextAlignment;
+using Purpose = Spot::Purpose;
+
+namespace {
+
+constexpr double cardGap = 12;
+constexpr double cardRim = 40; ///< what a card has around its rows, heading included
+constexpr double settingHeight = 29;
+constexpr double meterHeight = 18;
+
+/// The pairs of category and route behind the twelve slots, as their sliders call them.
+struct RememberedLevel {
+    const char* category;
+    const char* label;
+    std::array<const char*, 2> routes; ///< the second may be null, both where the route does not matter
+};
+
+constexpr std::array rememberedLevels {
+    RememberedLevel { "Audio/Video", "Speaker", { "Speaker", nullptr } },
+    RememberedLevel { "Audio/Video", "Headphones", { "Headphone", "Headset" } },
+    RememberedLevel { "Audio/Video", "Headphones BT", { "HeadphonesBT", "HeadsetBT" } },
+    RememberedLevel { "PhoneCall", "Call receiver", { "Receiver", nullptr } },
+    RememberedLevel { "PhoneCall", "Call speaker", { "Speaker", nullptr } },
+    RememberedLevel { "PhoneCall", "Call headset", { "Headphone", "Headset" } },
+    RememberedLevel { "PhoneCall", "Call headset BT", { "HeadphonesBT", "HeadsetBT" } },
+    RememberedLevel { "Ringtone", "Ringtone", {} },
+    RememberedLevel { "Alarm", "Alarm", {} },
+    RememberedLevel { "Notifications", "Notifications", {} },
+    RememberedLevel { "VoiceCommand", "Siri", {} },
+    RememberedLevel { "Audio/Video", "Receiver", { "Receiver", nullptr } },
+};
+
+bool isActive(const RememberedLevel& level, const AudioService& audio)
+{
+    const auto takes = [&audio](const char* route) {
+        return route != nullptr && audio.route == route;
+    };
+    return audio.activeCategory == level.category
+        && (level.routes[0] == nullptr || takes(level.routes[0]) || takes(level.routes[1]));
+}
+
+void addSetting(Sheet& sheet, const Subject& subject, std::size_t index, Area row)
+{
+    constexpr double labelWidth = 124;
+    constexpr double valueWidth = 48;
+    constexpr double choiceGap = 4;
+    const SettingRow& setting = allSettings()[index];
+    const double value = valueOf(subject.session, setting);
+    switch (setting.kind) {
+    case SettingRow::Kind::Choice: {
+        addText(sheet, row.takeLeft(setting.choices.size() > 2 ? 60 : labelWidth), setting.label, palette::text);
+        const double count = static_cast<double>(setting.choices.size());
+        const double width = (row.width - (count - 1) * choiceGap) / count;
+        for (std::size_t choice = 0; choice < setting.choices.size(); ++choice) {
+            const Spot spot { row.takeLeft(width).inset(0, 2), Purpose::Choice, index, choice };
+            row.takeLeft(choiceGap);
+            const bool isChosen = value == static_cast<double>(choice);
+            addChoice(sheet, spot.area, setting.choices[choice], subject.emphasisOf(spot, isChosen));
+            sheet.spots.push_back(spot);
+        }
+        break;
+    }
+    case SettingRow::Kind::Switch: {
+        const Spot spot { row, Purpose::Switch, index };
+        addText(sheet, row, setting.label, palette::text);
+        addSwitch(sheet, row, value != 0, subject.emphasisOf(spot, false));
+        sheet.spots.push_back(spot);
+        break;
+    }
+    case SettingRow::Kind::Range: {
+        addText(sheet, row.takeLeft(labelWidth), setting.label, palette::text);
+        const Area number = row.takeRight(valueWidth);
+        const Spot spot { row, Purpose::Range, index };
+        const Attention& attention = subject.attention;
+        const bool isDragged = attention.draggedValue && attention.hovered && attention.hovered->isSameAs(spot);
+        const double shown = isDragged ? *attention.draggedValue : value;
+        addSlider(sheet, row, fractionOf(setting, shown), subject.emphasisOf(spot, false));
+        addText(sheet, number, textOfValue(setting, shown), palette::dim, plainText, TextAlignment::Right);
+        sheet.spots.push_back(spot);
+        break;
+    }
+    }
+}
+
+void addSystemLevels(Sheet& sheet, const AudioService& audio, Area inside, const Area& card)
+{
+    constexpr double labelWidth = 96;
+    const std::string pair = audio.activeCategory + "  \u00b7  " + audio.route.value_or("no route");
+    addText(sheet, { card.x + 120, card.y + 8, card.width - 134, 24 }, pair, palette::accent, smallText + 0.5,
+        TextAlignment::Right, render::TextWeight::Medium);
+    for (const auto& [category, level] : audio.levels) {
+        if (inside.height < meterHeight)
+            return;
+        addMeter(sheet, inside.takeTop(meterHeight), labelWidth, category, level,
+            category == audio.activeCategory ? Emphasis::On : Emphasis::None);
+    }
+}
+
+void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
+{
+    constexpr double labelWidth = 90;
+    constexpr double columnGap = 20;
+    const AudioService& audio = *subject.session.device().audio;
+    Area column = inside.takeLeft((inside.width - columnGap) / 2);
+    inside.takeLeft(columnGap);
+    for (std::size_t slot = 0; slot < rememberedLevels.size(); ++slot) {
+        if (slot == rememberedLevels.size() / 2)
+            column = inside;
+        const Json* const stored = subject.session.setting("net.qorvath.panotra", "volume" + std::to_string(slot));
+        addMeter(sheet, column.takeTop(meterHeight), labelWidth, rememberedLevels[slot].label,
+            stored != nullptr ? std::optional(numberOf(*stored)) : std::nullopt,
+            isActive(rememberedLevels[slot], audio) ? Emphasis::On : Emphasis::None);
+    }
+}
+
+/// A line of the trace in its columns: when, what, with what. A command begins at the first.
+void addTraceLine(Sheet& sheet, Area row, const std::string& line)
+{
+    constexpr double size = 11;
+    constexpr double timeWidth = 44;
+    constexpr double whatWidth = 92;
+    if (!line.starts_with(' ')) {
+        addText(sheet, row, line, palette::accent, size);
+        return;
+    }
+    const auto column = [&line](std::size_t begin, std::size_t length) {
+        std::string text = begin < line.size() ? line.substr(begin, length) : std::string();
+        text.erase(0, text.find_first_not_of(' '));
+        text.erase(text.find_last_not_of(' ') + 1);
+        return text;
+    };
+    constexpr std::size_t whatColumn = timeColumnWidth + 2;
+    Area time = row.takeLeft(timeWidth);
+    time.width -= 8;
+    addText(sheet, time, column(0, timeColumnWidth), palette::dim, size, TextAlignment::Right);
+    addText(sheet, row.takeLeft(whatWidth), column(whatColumn, whatColumnWidth), palette::text, size);
+    addText(sheet, row, column(textColumn, line.npos), palette::dim, size);
+}
+
+void addTrace(Sheet& sheet, const Session& session, Area inside)
+{
+    constexpr double lineHeight = 16;
+    const auto& lines = session.traceLines();
+    const auto room = static_cast<std::size_t>(std::max(inside.height / lineHeight, 0.0));
+    for (std::size_t i = lines.size() - std::min(room, lines.size()); i < lines.size(); ++i)
+        addTraceLine(sheet, inside.takeTop(lineHeight), lines[i]);
+}
+
+} // namespace
+
+void addPanel(Sheet& sheet, const Subject& subject, Area area)
+{
+    const auto settings = allSettings();
+    Area inside
+        = addCard(sheet, area.takeTop(cardRim + settingHeight * static_cast<double>(settings.size())), "Settings");
+    for (std::size_t index = 0; index < settings.size(); ++index)
+        addSetting(sheet, subject, index, inside.takeTop(settingHeight));
+    area.takeTop(cardGap);
+
+    const AudioService& audio = *subject.session.device().audio;
+    constexpr double sixMeters = cardRim + 6 * meterHeight;
+    const Area system = area.takeTop(sixMeters);
+    addSystemLevels(sheet, audio, addCard(sheet, system, "System levels"), system);
+    area.takeTop(cardGap);
+
+    addRememberedLevels(sheet, subject, addCard(sheet, area.takeTop(sixMeters), "Remembered levels"));
+    area.takeTop(cardGap);
+
+    addTrace(sheet, subject.session, addCard(sheet, area, "Trace"));
+}
+
+} // namespace panotra::sim

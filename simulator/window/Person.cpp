@@ -1,0 +1,147 @@
+/// From spots and keys to lines.
+#include "simulator/window/Person.h"
+
+#include "simulator/window/Numerals.h"
+#include "simulator/window/SettingsTable.h"
+
+#include <cmath>
+
+namespace panotra::sim {
+
+using Purpose = Spot::Purpose;
+
+namespace {
+
+/// Hundredths of a point are finer than any finger, and short to read.
+double inHundredths(double points)
+{
+    constexpr double fineness = 100;
+    return std::round(points * fineness) / fineness + 0.0; // no negative zero
+}
+
+} // namespace
+
+void Person::see(const Sheet& sheet, const Layout& layout)
+{
+    m_sheet = &sheet;
+    m_layout = &layout;
+}
+
+bool Person::keyDown(std::string_view key)
+{
+    const Control* const control = findControl(key);
+    if (control == nullptr)
+        return false;
+    press(static_cast<std::size_t>(control - allControls().data()));
+    return true;
+}
+
+void Person::keyUp(std::string_view key)
+{
+    if (const Control* const control = findControl(key))
+        release(static_cast<std::size_t>(control - allControls().data()));
+}
+
+bool Person::putHelpAway()
+{
+    return std::exchange(m_attention.wantsHelp, false);
+}
+
+void Person::press(std::size_t control)
+{
+    settle();
+    if (m_held.insert(control).second)
+        m_session.play(allControls()[control].press(m_phone));
+}
+
+void Person::release(std::size_t control)
+{
+    settle();
+    if (m_held.erase(control) == 0)
+        return;
+    if (const auto release = allControls()[control].release)
+        m_session.play(release(m_phone));
+}
+
+void Person::pointerDown(Point point)
+{
+    settle();
+    pointerMove(point);
+    if (!m_attention.hovered)
+        return;
+    const Spot& spot = *m_attention.hovered;
+    m_pressed = spot;
+    switch (spot.purpose) {
+    case Purpose::Screen:
+        touch("down", point);
+        break;
+    case Purpose::Control:
+        press(spot.index);
+        break;
+    case Purpose::Choice:
+        setValue(m_session, allSettings()[spot.index], static_cast<double>(spot.choice));
+        break;
+    case Purpose::Switch: {
+        const SettingRow& setting = allSettings()[spot.index];
+        setValue(m_session, setting, valueOf(m_session, setting) == 0 ? 1 : 0);
+        break;
+    }
+    case Purpose::Range:
+        dragRange(spot, point);
+        break;
+    case Purpose::Help:
+        switchHelp();
+        break;
+    }
+}
+
+void Person::pointerMove(Point point)
+{
+    if (m_pressed && m_pressed->purpose == Purpose::Screen) {
+        m_move = point;
+    } else if (m_pressed && m_pressed->purpose == Purpose::Range) {
+        dragRange(*m_pressed, point);
+    } else if (!m_pressed) {
+        const Spot* const spot = m_sheet == nullptr ? nullptr : m_sheet->spotAt(point);
+        m_attention.hovered = spot == nullptr ? std::nullopt : std::optional(*spot);
+    }
+}
+
+void Person::pointerUp(Point point)
+{
+    if (!m_pressed)
+        return;
+    const Spot spot = *m_pressed;
+    pointerMove(point);
+    settle();
+    m_pressed.reset();
+    if (spot.purpose == Purpose::Screen)
+        m_session.play("touch up");
+    else if (spot.purpose == Purpose::Control)
+        release(spot.index);
+    else if (m_attention.draggedValue)
+        setValue(m_session, allSettings()[spot.index], *m_attention.draggedValue);
+    m_attention.draggedValue.reset();
+    pointerMove(point);
+}
+
+/// A range is stored when it is let go, as the settings page does.
+void Person::dragRange(const Spot& range, Point point)
+{
+    m_attention.draggedValue = valueAtFraction(allSettings()[range.index], (point.x - range.area.x) / range.area.width);
+}
+
+void Person::settle()
+{
+    if (const auto move = std::exchange(m_move, std::nullopt))
+        touch("move", *move);
+}
+
+void Person::touch(const char* what, Point point)
+{
+    const Point onScreen = m_layout->phone.onScreen(point);
+    m_session.play(std::string("touch ") + what + ' ' + numeral(inHundredths(onScreen.x)) + ' '
+        + numeral(inHundredths(onScreen.y)));
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,60 @@
+/// The person before the window: keys and pointer become acts on the phone.
+#pragma once
+
+#include "simulator/window/Board.h"
+#include "simulator/window/Controls.h"
+
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string_view>
+
+namespace panotra::sim {
+
+class Person {
+public:
+    Person(Session& session, Phone& phone)
+        : m_session(session)
+        , m_phone(phone)
+    {
+    }
+
+    /// What the pointer meets. Both must live until the next call.
+    void see(const Sheet& sheet, const Layout& layout);
+    const Attention& attention() const { return m_attention; }
+
+    /// A key by the name that it has in the table of controls. Answers whether it means anything. A key that is down
+    /// already, as one that repeats itself is, does nothing more.
+    bool keyDown(std::string_view key);
+    void keyUp(std::string_view key);
+    void switchHelp() { m_attention.wantsHelp = !m_attention.wantsHelp; }
+    /// Answers whether there was any to be put away.
+    bool putHelpAway();
+
+    // On the sheet.
+    void pointerDown(Point point);
+    /// The phone hears of the last of several moves, before anything else happens or in `settle`.
+    void pointerMove(Point point);
+    void pointerUp(Point point);
+    void pointerLeft() { m_attention.hovered.reset(); }
+
+    /// Passes on what was held back.
+    void settle();
+
+private:
+    void press(std::size_t control);
+    void release(std::size_t control);
+    void touch(const char* what, Point point);
+    void dragRange(const Spot& range, Point point);
+
+    Session& m_session;
+    Phone& m_phone;
+    const Sheet* m_sheet = nullptr;
+    const Layout* m_layout = nullptr;
+    Attention m_attention;
+    std::set<std::size_t> m_held; ///< controls
+    std::optional<Spot> m_pressed; ///< where the pointer went down
+    std::optional<Point> m_move; ///< of a finger on the screen, not passed on yet
+};
+
+} // namespace panotra::sim

@@ -1,0 +1,159 @@
+/// Lines for each thing that a person does.
+#include "simulator/window/Phone.h"
+
+#include "simulator/device/Services.h"
+#include "simulator/window/Numerals.h"
+
+#include <algorithm>
+#include <array>
+
+namespace panotra::sim {
+
+namespace {
+
+constexpr const char* speaker = "Speaker";
+constexpr const char* receiver = "Receiver";
+constexpr const char* callCategory = "PhoneCall";
+constexpr const char* screenNotification = "com.apple.springboard.screenchanged";
+
+/// What programs may play, calls aside.
+constexpr std::array<const char*, 5> categories { "Audio/Video", "Ringtone", "Alarm", "Notifications", "VoiceCommand" };
+
+constexpr double statusBarHeight = 20; ///< points
+
+const char* nameOf(Button button)
+{
+    return button == Button::Up ? "up" : "down";
+}
+
+} // namespace
+
+Lines Phone::press(Button button) const
+{
+    return { std::string("press ") + nameOf(button) };
+}
+
+Lines Phone::release(Button button) const
+{
+    return { std::string("release ") + nameOf(button) };
+}
+
+bool Phone::isHeld(Button button) const
+{
+    return button == Button::Up ? m_device.home->volumeUpIsDown : m_device.home->volumeDownIsDown;
+}
+
+Lines Phone::switchRinger()
+{
+    m_isRingerMuted = !m_isRingerMuted;
+    return { m_isRingerMuted ? "ringer muted" : "ringer unmuted" };
+}
+
+Lines Phone::turn() const
+{
+    struct Step {
+        std::int64_t from, to;
+    };
+    constexpr std::array steps { Step { 1, 3 }, Step { 3, 2 }, Step { 2, 4 }, Step { 4, 1 } };
+    const auto step = std::ranges::find(steps, m_device.screen->orientation, &Step::from);
+    const std::int64_t next = step == steps.end() ? 1 : step->to;
+    const bool isLandscape = next == 3 || next == 4;
+    const double width = isLandscape ? m_device.screen->height : m_device.screen->width;
+    // The host gives its status bar a new frame, which is how the mixer learns of the turn.
+    return { "orientation " + std::to_string(next),
+        "statusbar-frame UIStatusBar 0 0 " + numeral(width) + ' ' + numeral(statusBarHeight) };
+}
+
+std::string Phone::orientation() const
+{
+    switch (m_device.screen->orientation) {
+    case 2:
+        return "upside down";
+    case 3:
+        return "left";
+    case 4:
+        return "right";
+    default:
+        return "upright";
+    }
+}
+
+Lines Phone::switchScreen()
+{
+    m_isScreenOn = !m_isScreenOn;
+    const std::string name = screenNotification;
+    return { "darwin " + name + (m_isScreenOn ? " 1" : " 0"), "notify " + name };
+}
+
+Lines Phone::useRoute(const std::string& route)
+{
+    Lines lines;
+    if (route == speaker || route == receiver) {
+        changeRoute(lines, route);
+    } else if (std::erase(m_accessories, route) > 0) {
+        if (isActive(route))
+            changeRoute(lines, m_accessories.empty() ? ownRoute() : m_accessories.back());
+    } else {
+        m_accessories.push_back(route);
+        changeRoute(lines, route);
+    }
+    return lines;
+}
+
+std::string Phone::ownRoute() const
+{
+    return isInCall() ? receiver : speaker;
+}
+
+/// The new route, and how the audio service tells of it.
+void Phone::changeRoute(Lines& lines, const std::string& route) const
+{
+    lines.push_back("route " + route);
+    lines.push_back(announcement(category(), "RouteChange"));
+}
+
+std::string Phone::announcement(const std::string& category, const char* reason) const
+{
+    return "announce " + category + ' ' + reason + ' ' + numeral(m_device.audio->level(category));
+}
+
+Lines Phone::nextCategory() const
+{
+    const auto current = std::ranges::find(categories, category());
+    const bool isLast = current == categories.end() || current + 1 == categories.end();
+    const std::string next = isLast ? categories.front() : *(current + 1);
+    return { "category " + next, announcement(next, "CategoryChange") };
+}
+
+Lines Phone::beginOrEndCall()
+{
+    const bool begins = !isInCall();
+    const std::string next = begins ? callCategory : *m_categoryBeforeCall;
+    if (begins)
+        m_categoryBeforeCall = category();
+    else
+        m_categoryBeforeCall.reset();
+    Lines lines { "category " + next };
+    // Without an accessory a call goes to the ear, and what comes after it to the room.
+    if (isActive(begins ? speaker : receiver))
+        lines.push_back("route " + ownRoute());
+    lines.push_back(announcement(next, "CategoryChange"));
+    return lines;
+}
+
+bool Phone::isActive(const std::string& route) const
+{
+    return m_device.audio->route == route;
+}
+
+bool Phone::isPluggedIn(const std::string& accessory) const
+{
+    return std::ranges::find(m_accessories, accessory) != m_accessories.end();
+}
+
+std::string Phone::category() const
+{
+    return m_device.audio->activeCategory;
+}
+
+} // namespace panotra::sim

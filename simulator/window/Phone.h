@@ -1,0 +1,59 @@
+/// What a person does to a phone and its accessories, told in scenario lines.
+#pragma once
+
+#include "simulator/device/Device.h"
+#include "simulator/device/HomeScreen.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace panotra::sim {
+
+using Lines = std::vector<std::string>;
+
+/// Remembers what the device itself does not know: what is plugged in, and what went on before a call.
+class Phone {
+public:
+    explicit Phone(const Device& device)
+        : m_device(device)
+    {
+    }
+
+    // Each answers the lines that do it; the phone counts as being so from then on.
+    Lines press(Button button) const;
+    Lines release(Button button) const;
+    Lines switchRinger();
+    Lines shake() const { return { "shake" }; }
+    /// A quarter turn to the left.
+    Lines turn() const;
+    Lines switchScreen();
+    /// Puts an accessory in or takes it out; one of the phone's own routes is chosen.
+    Lines useRoute(const std::string& route);
+    Lines nextCategory() const;
+    Lines beginOrEndCall();
+    Lines playNotificationSound() const { return { "sound 1" }; }
+    Lines sendGesture(const std::string& listener) const { return { "activator " + listener }; }
+
+    bool isHeld(Button button) const;
+    bool isRingerMuted() const { return m_isRingerMuted; }
+    bool isScreenOn() const { return m_isScreenOn; }
+    bool isInCall() const { return m_categoryBeforeCall.has_value(); }
+    bool isActive(const std::string& route) const;
+    bool isPluggedIn(const std::string& accessory) const;
+    std::string category() const;
+    std::string orientation() const;
+
+private:
+    std::string ownRoute() const;
+    void changeRoute(Lines& lines, const std::string& route) const;
+    std::string announcement(const std::string& category, const char* reason) const;
+
+    const Device& m_device;
+    std::vector<std::string> m_accessories; ///< the last one plugged in last
+    std::optional<std::string> m_categoryBeforeCall; ///< none: there is no call
+    bool m_isRingerMuted = false;
+    bool m_isScreenOn = true;
+};
+
+} // namespace panotra::sim

@@ -1,0 +1,85 @@
+/// inotify: the kernel tells, nobody asks again and again.
+#include "simulator/window/PreferenceWatch.h"
+
+#include "simulator/preferences/DomainNames.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/inotify.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+
+namespace panotra::sim {
+
+using preferences::FileDescriptor;
+
+namespace {
+
+/// Whether any of the notices is about a property list; others are about locks and files on their way.
+bool areOfPropertyList(const char* notices, std::size_t size)
+{
+    for (std::size_t position = 0; position + sizeof(inotify_event) <= size;) {
+        inotify_event notice;
+        std::memcpy(&notice, notices + position, sizeof notice);
+        position += sizeof notice;
+        // Too many at once, and some are lost: one may have been.
+        if ((notice.mask & IN_Q_OVERFLOW) != 0)
+            return true;
+        if (notice.len > 0 && preferences::domainOfFile(notices + position))
+            return true;
+        position += notice.len;
+    }
+    return false;
+}
+
+} // namespace
+
+std::unique_ptr<PreferenceWatch> PreferenceWatch::make(
+    const std::string& folder, std::function<void()> changed, std::string& failure)
+{
+    std::unique_ptr<PreferenceWatch> watch(new PreferenceWatch);
+    watch->m_notices = FileDescriptor(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
+    watch->m_end = FileDescriptor(eventfd(0, EFD_CLOEXEC));
+    constexpr std::uint32_t replacedOrGone = IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE;
+    if (!watch->m_notices.isOpen() || !watch->m_end.isOpen()
+        || inotify_add_watch(watch->m_notices.get(), folder.c_str(), replacedOrGone) < 0) {
+        failure = std::strerror(errno);
+        return nullptr;
+    }
+    // Signals are the main thread's.
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    watch->m_thread = std::thread([&self = *watch, call = std::move(changed)] { self.run(call); });
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return watch;
+}
+
+PreferenceWatch::~PreferenceWatch()
+{
+    if (!m_thread.joinable())
+        return;
+    const std::uint64_t one = 1;
+    static_cast<void>(::write(m_end.get(), &one, sizeof one));
+    m_thread.join();
+}
+
+void PreferenceWatch::run(const std::function<void()>& changed) const
+{
+    alignas(inotify_event) std::array<char, 4096> notices {};
+    std::array<pollfd, 2> waitingFor { pollfd { m_notices.get(), POLLIN, 0 }, pollfd { m_end.get(), POLLIN, 0 } };
+    constexpr int forever = -1;
+    while (poll(waitingFor.data(), waitingFor.size(), forever) > 0 && waitingFor[1].revents == 0) {
+        const auto size = ::read(m_notices.get(), notices.data(), notices.size());
+        if (size > 0 && areOfPropertyList(notices.data(), static_cast<std::size_t>(size)))
+            changed();
+    }
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,31 @@
+/// Notices that a property list in a folder was written, by whatever process.
+#pragma once
+
+#include "simulator/preferences/FileDescriptor.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace panotra::sim {
+
+class PreferenceWatch {
+public:
+    /// `changed` is called on a thread of the watch's own. Null and the reason in `failure` if the folder cannot be
+    /// watched.
+    static std::unique_ptr<PreferenceWatch> make(
+        const std::string& folder, std::function<void()> changed, std::string& failure);
+    /// `changed` is not called any more afterwards.
+    ~PreferenceWatch();
+
+private:
+    PreferenceWatch() = default;
+    void run(const std::function<void()>& changed) const;
+
+    preferences::FileDescriptor m_notices;
+    preferences::FileDescriptor m_end; ///< readable once the watch is to end
+    std::thread m_thread;
+};
+
+} // namespace panotra::sim

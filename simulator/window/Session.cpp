@@ -1,0 +1,211 @@
+/// Lines played, time passed on, and what other processes write noticed.
+#include "simulator/window/Session.h"
+
+#include "simulator/device/Preferences.h"
+#include "simulator/device/RunLoop.h"
+#include "simulator/window/Numerals.h"
+#include "simulator/window/SettingLines.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cmath>
+#include <utility>
+
+namespace panotra::sim {
+
+namespace {
+
+constexpr const char* ownDomain = "net.qorvath.panotra";
+
+/// Levels that tell the six apart at a glance.
+constexpr std::array<const char*, 6> pleasantLevels { "system Audio/Video 0.5625", "system PhoneCall 0.625",
+    "system Ringtone 0.75", "system Alarm 0.875", "system Notifications 0.4375", "system VoiceCommand 0.5" };
+
+/// Longer than the indicator is to be seen.
+constexpr double indicatorSeconds = 3;
+
+} // namespace
+
+/// A line is checked as one of a whole scenario, in which the library has been loaded before.
+struct Session::ParsedLine {
+    ParsedLine(const std::string& line, bool isLoaded)
+        : text(isLoaded ? "load\n" + line : line)
+        , scenario(parseScenario(text))
+    {
+        assert(scenario.mistakes.empty());
+        if (isLoaded)
+            scenario.commands.erase(scenario.commands.begin());
+    }
+
+    const std::string text;
+    Scenario scenario;
+};
+
+Session::Session(SessionSetup setup, const Library& library)
+    : m_setup(std::move(setup))
+    , m_device(m_setup.preferencesFolder)
+    , m_text(makeTraceWriter(TraceFormat::Text,
+          [this](std::string_view text) {
+              for (std::size_t end; !text.empty(); text.remove_prefix(std::min(text.size(), end + 1))) {
+                  end = std::min(text.find('\n'), text.size());
+                  if (end > 0)
+                      m_traceLines.emplace_back(text.substr(0, end));
+              }
+              while (m_traceLines.size() > traceLinesKept)
+                  m_traceLines.pop_front();
+          }))
+    , m_player(m_device, library,
+          Audience { .commandBegins = [this](const Command& command) { tell(command); },
+              .expectationFailed = {},
+              .fileFailed = m_setup.fileFailed })
+{
+    if (m_setup.trace)
+        m_json = makeTraceWriter(TraceFormat::JsonLines, m_setup.trace);
+    m_device.resourceFolder = m_setup.resourceFolder;
+    m_device.traceSink = [this](const Json& event) {
+        observe(event);
+    };
+    start(m_setup.screen);
+}
+
+void Session::start(const ScreenSize& screen)
+{
+    play("screen " + numeral(screen.width) + ' ' + numeral(screen.height) + ' ' + numeral(screen.scale));
+    m_settings = m_device.preferences->all();
+    // What is in the files already is nothing to be done, but the scenario has to know it.
+    for (const std::string& line : linesOfChanges(Json::object(), m_settings))
+        record(line);
+    if (setting(ownDomain, "replaceHUD") == nullptr) {
+        play(lineOfSetting(ownDomain, "replaceHUD", true));
+        m_settings[ownDomain]["replaceHUD"] = true;
+    }
+    for (const char* const line : pleasantLevels)
+        play(line);
+    play({ "echo on", "load", "launch" });
+}
+
+void Session::play(const std::string& line)
+{
+    record(line);
+    run(line);
+    m_lineTime = m_device.runLoop->now();
+}
+
+void Session::play(const std::vector<std::string>& lines)
+{
+    for (const std::string& line : lines)
+        play(line);
+}
+
+void Session::set(const std::string& domain, const std::string& key, const Json& value)
+{
+    // What somebody else has just written is not taken for ours.
+    lookForForeignChanges();
+    play(lineOfSetting(domain, key, value));
+    m_settings[domain][key] = value;
+    if (const auto announcement = announcementOf(domain))
+        play("notify " + *announcement);
+}
+
+const Json* Session::setting(const std::string& domain, const std::string& key) const
+{
+    const auto found = m_settings.find(domain);
+    if (found == m_settings.end())
+        return nullptr;
+    const auto value = found->find(key);
+    return value == found->end() ? nullptr : &*value;
+}
+
+void Session::lookForForeignChanges()
+{
+    const Json before = std::exchange(m_settings, m_device.preferences->all());
+    for (const std::string& line : linesOfChanges(before, m_settings)) {
+        record(line);
+        const ParsedLine parsed(line, m_isLoaded);
+        for (const Command& command : parsed.scenario.commands)
+            tell(command);
+    }
+    for (const std::string& domain : changedDomains(before, m_settings)) {
+        if (const auto announcement = announcementOf(domain))
+            play("notify " + *announcement);
+    }
+}
+
+void Session::advance(std::chrono::microseconds time)
+{
+    m_sinceLine += time;
+    moveClockTo(m_lineTime + static_cast<double>(m_sinceLine.count()) / 1e6);
+}
+
+/// The clock then stands where a single `wait` since the last line would have put it, to the bit.
+void Session::moveClockTo(double time)
+{
+    while (m_device.runLoop->now() < time) {
+        const double now = m_device.runLoop->now();
+        double step = time - now;
+        while (now + step > time)
+            step = std::nextafter(step, 0);
+        run("wait " + numeral(step));
+    }
+}
+
+std::optional<std::chrono::microseconds> Session::untilDue() const
+{
+    const auto due = m_device.runLoop->nextDue();
+    if (!due)
+        return std::nullopt;
+    return std::chrono::microseconds(std::llround(std::ceil((*due - m_device.runLoop->now()) * 1e6)));
+}
+
+bool Session::isMoving() const
+{
+    return m_device.runLoop->runningAnimations() > 0 || m_device.runLoop->now() < m_indicatorEnd;
+}
+
+void Session::finish()
+{
+    recordTime();
+}
+
+void Session::recordTime()
+{
+    if (m_sinceLine.count() > 0 && m_setup.record)
+        m_setup.record("wait " + inSeconds(m_sinceLine) + '\n');
+    m_sinceLine = {};
+    m_lineTime = m_device.runLoop->now();
+}
+
+void Session::record(const std::string& line)
+{
+    recordTime();
+    if (m_setup.record)
+        m_setup.record(line + '\n');
+}
+
+void Session::run(const std::string& line)
+{
+    m_player.play(ParsedLine(line, m_isLoaded).scenario);
+    m_text->finish();
+    m_isLoaded = m_isLoaded || line == "load";
+}
+
+void Session::tell(const Command& command)
+{
+    // Time passes all the time.
+    if (!command.source.starts_with("wait"))
+        m_text->command(command);
+}
+
+void Session::observe(const Json& event)
+{
+    if (m_json != nullptr)
+        m_json->event(event);
+    m_text->event(event);
+    if (event.at("event") == "write")
+        m_settings[event.at("domain").get<std::string>()][event.at("key").get<std::string>()] = event.at("value");
+    else if (event.at("event") == "indicator")
+        m_indicatorEnd = event.at("t").get<double>() + indicatorSeconds;
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,119 @@
+/// Everything that can be missing is asked for before the window opens.
+#include "simulator/window/WindowCommand.h"
+
+#include "simulator/Files.h"
+#include "simulator/picture/PictureFolder.h"
+#include "simulator/preferences/DefaultFolder.h"
+#include "simulator/scenario/Text.h"
+#include "simulator/window/PreferenceWatch.h"
+#include "simulator/window/WindowLoop.h"
+
+#include <filesystem>
+#include <utility>
+
+namespace panotra::sim {
+
+namespace {
+
+ExitStatus failed(const std::string& message)
+{
+    complain(message);
+    return ExitStatus::FileFailed;
+}
+
+/// An absolute path, so that it stays the same folder whatever happens; none after a complaint.
+std::optional<std::string> makePreferencesFolder(const std::optional<std::string>& asked)
+{
+    const auto folder = asked ? std::filesystem::path(*asked) : preferences::defaultFolder();
+    if (!folder) {
+        complain("no home folder to keep preferences in: give one with --prefs");
+        return std::nullopt;
+    }
+    std::error_code error;
+    if (!std::filesystem::create_directories(*folder, error) && error) {
+        complain(printable(folder->string()) + ": " + error.message());
+        return std::nullopt;
+    }
+    return std::filesystem::absolute(*folder, error).string();
+}
+
+/// A file that is written as the session goes on, if one was asked for.
+class OptionalOutput {
+public:
+    explicit OptionalOutput(const std::optional<std::string>& name)
+    {
+        if (name)
+            m_file.emplace(OutputFile::named(*name));
+    }
+
+    std::function<void(std::string_view)> sink()
+    {
+        if (!m_file)
+            return {};
+        return [this](std::string_view text) {
+            m_file->write(text);
+        };
+    }
+    /// Answers whether all of it is written, after a complaint if not.
+    bool isWell()
+    {
+        if (!m_file || !m_file->error())
+            return true;
+        complain(m_file->error()->message);
+        return false;
+    }
+    bool close()
+    {
+        if (m_file)
+            m_file->close();
+        return isWell();
+    }
+
+private:
+    std::optional<OutputFile> m_file;
+};
+
+} // namespace
+
+ExitStatus openWindow(const WindowOptions& options, const Library& library)
+{
+    const auto folder = makePreferencesFolder(options.preferencesFolder);
+    if (!folder)
+        return ExitStatus::FileFailed;
+    std::string failure;
+    const auto renderer = makeRenderer(render::Wallpaper::dusk(), complain, failure);
+    if (renderer == nullptr)
+        return failed(failure);
+    const auto display = Display::open("Panotra", failure);
+    if (display == nullptr)
+        return failed("no display to open a window on: " + failure);
+    OptionalOutput recording(options.recordFile);
+    OptionalOutput trace(options.traceFile);
+    if (!recording.isWell() || !trace.isWell())
+        return ExitStatus::FileFailed;
+    const auto push = [event = WindowLoop::preferencesEvent()] {
+        SDL_Event pushed {};
+        pushed.type = event;
+        SDL_PushEvent(&pushed);
+    };
+    const auto watch = PreferenceWatch::make(*folder, push, failure);
+    if (watch == nullptr)
+        return failed(printable(*folder) + ": " + failure);
+
+    SessionSetup setup;
+    setup.preferencesFolder = *folder;
+    setup.resourceFolder = options.resourceFolder;
+    setup.record = recording.sink();
+    setup.trace = trace.sink();
+    setup.fileFailed = complain;
+    Session session(std::move(setup), library);
+    Phone phone(session.device());
+    WindowLoop loop(*display, session, phone, *renderer);
+    loop.run();
+    if (options.wantsStatistics)
+        std::fprintf(stderr, "panotra: %s\n", loop.statistics().c_str());
+    const bool wrote = recording.close() & trace.close();
+    return wrote && session.filesWorked() ? ExitStatus::AllWell : ExitStatus::FileFailed;
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,183 @@
+/// Events in, time on, picture out.
+#include "simulator/window/WindowLoop.h"
+
+#include "simulator/device/Services.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <thread>
+
+namespace panotra::sim {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto frameInterval = 16667us;
+
+void waitForEvent(std::chrono::microseconds most)
+{
+    constexpr std::chrono::microseconds longest = 1h; // a number of milliseconds that is an int
+    const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(std::min(most, longest));
+    if (milliseconds.count() > 0)
+        SDL_WaitEventTimeout(nullptr, static_cast<int>(milliseconds.count()));
+}
+
+} // namespace
+
+std::uint32_t WindowLoop::preferencesEvent()
+{
+    static const std::uint32_t event = SDL_RegisterEvents(1);
+    return event;
+}
+
+WindowLoop::WindowLoop(Display& display, Session& session, Phone& phone, render::Renderer& renderer)
+    : m_display(display)
+    , m_session(session)
+    , m_phone(phone)
+    , m_picture(renderer)
+    , m_person(session, phone)
+    , m_clock(now())
+    , m_lastFrame(m_clock - frameInterval)
+{
+}
+
+void WindowLoop::run()
+{
+    while (m_isOpen) {
+        draw();
+        waitForSomething();
+        ++m_turns;
+        letTimePass();
+        for (SDL_Event event; SDL_PollEvent(&event) != 0;)
+            handle(event);
+        m_person.settle();
+    }
+    m_session.finish();
+}
+
+/// For the next frame while something moves, else for an event or the next thing that is due. In no case for less
+/// than a frame: of a hundred moves of the mouse between two frames only the last is to be seen.
+void WindowLoop::waitForSomething()
+{
+    if (!m_session.isMoving() && !m_movedLastFrame) {
+        if (const auto due = m_session.untilDue())
+            waitForEvent(m_clock + *due - now());
+        else
+            SDL_WaitEvent(nullptr);
+    }
+    std::this_thread::sleep_until(m_lastFrame + frameInterval);
+}
+
+void WindowLoop::letTimePass()
+{
+    const Moment moment = now();
+    m_session.advance(moment - m_clock);
+    m_clock = moment;
+}
+
+void WindowLoop::handle(const SDL_Event& event)
+{
+    switch (event.type) {
+    case SDL_QUIT:
+        m_isOpen = false;
+        break;
+    case SDL_WINDOWEVENT:
+        handleWindow(event.window);
+        break;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+        handleKey(event.key);
+        break;
+    case SDL_TEXTINPUT:
+        if (event.text.text[0] == '?')
+            m_person.switchHelp();
+        break;
+    case SDL_MOUSEBUTTONDOWN:
+        if (event.button.button == SDL_BUTTON_LEFT) {
+            SDL_CaptureMouse(SDL_TRUE);
+            m_person.pointerDown(onSheet(event.button.x, event.button.y));
+        }
+        break;
+    case SDL_MOUSEBUTTONUP:
+        if (event.button.button == SDL_BUTTON_LEFT) {
+            SDL_CaptureMouse(SDL_FALSE);
+            m_person.pointerUp(onSheet(event.button.x, event.button.y));
+        }
+        break;
+    case SDL_MOUSEMOTION:
+        m_person.pointerMove(onSheet(event.motion.x, event.motion.y));
+        break;
+    default:
+        if (event.type == preferencesEvent())
+            m_session.lookForForeignChanges();
+        break;
+    }
+}
+
+void WindowLoop::handleWindow(const SDL_WindowEvent& event)
+{
+    if (event.event == SDL_WINDOWEVENT_EXPOSED || event.event == SDL_WINDOWEVENT_SIZE_CHANGED)
+        m_isExposed = true;
+    else if (event.event == SDL_WINDOWEVENT_LEAVE)
+        m_person.pointerLeft();
+}
+
+void WindowLoop::handleKey(const SDL_KeyboardEvent& event)
+{
+    // Where the digits need the shift key, the place of the key tells which one is meant.
+    const std::array names { SDL_GetKeyName(event.keysym.sym), SDL_GetScancodeName(event.keysym.scancode) };
+    if (event.type == SDL_KEYUP) {
+        for (const char* const name : names)
+            m_person.keyUp(name);
+    } else if (event.keysym.sym == SDLK_q) {
+        m_isOpen = false;
+    } else if (event.keysym.sym == SDLK_ESCAPE) {
+        m_person.putHelpAway();
+    } else if (event.repeat == 0 && !m_person.keyDown(names[0])) {
+        m_person.keyDown(names[1]);
+    }
+}
+
+Point WindowLoop::onSheet(int x, int y) const
+{
+    const double pixels = m_display.pixelsPerPointerUnit();
+    return m_layout.onSheet((x + 0.5) * pixels, (y + 0.5) * pixels);
+}
+
+void WindowLoop::draw()
+{
+    const auto begin = Clock::now();
+    m_lastFrame = std::chrono::floor<std::chrono::microseconds>(begin);
+    const Device& device = m_session.device();
+    const PixelSize size = m_display.size();
+    m_layout = layOut(
+        size, { device.screen->width, device.screen->height, device.screen->scale }, device.screen->orientation);
+    m_sheet = makeSheet({ m_session, m_phone, m_layout, m_person.attention() });
+    m_person.see(m_sheet, m_layout);
+    WindowPicture::Frame frame = m_picture.draw(m_session.device(), m_sheet, m_layout, size);
+    m_movedLastFrame = !frame.changed.empty();
+    if (m_isExposed)
+        frame.changed = { frame.pixels.extent() };
+    if (frame.changed.empty())
+        return;
+    m_isExposed = !m_display.show(frame.pixels, frame.changed);
+    m_frameTimes.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begin).count());
+}
+
+std::string WindowLoop::statistics() const
+{
+    std::vector<double> times = m_frameTimes;
+    std::ranges::sort(times);
+    const auto quantile = [&times](double part) {
+        return times.empty() ? 0 : times[static_cast<std::size_t>(part * static_cast<double>(times.size() - 1))];
+    };
+    std::array<char, 160> text {};
+    std::snprintf(text.data(), text.size(),
+        "%zu turns, %zu frames, %.1f ms a frame (median), %.1f ms (99th percentile)", m_turns, times.size(),
+        quantile(0.5), quantile(0.99));
+    return text.data();
+}
+
+} // namespace panotra::sim

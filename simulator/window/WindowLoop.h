@@ -1,0 +1,56 @@
+/// The loop that follows real time: sixty turns a second while something moves, none while nothing does.
+#pragma once
+
+#include "simulator/window/Display.h"
+#include "simulator/window/Person.h"
+#include "simulator/window/WindowPicture.h"
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace panotra::sim {
+
+class WindowLoop {
+public:
+    /// Pushed, from whatever thread, when other processes may have changed settings.
+    static std::uint32_t preferencesEvent();
+
+    WindowLoop(Display& display, Session& session, Phone& phone, render::Renderer& renderer);
+
+    /// Until the window is closed.
+    void run();
+    /// "turns 12, frames 8, …"
+    std::string statistics() const;
+
+private:
+    using Clock = std::chrono::steady_clock;
+    using Moment = std::chrono::time_point<Clock, std::chrono::microseconds>;
+
+    static Moment now() { return std::chrono::floor<std::chrono::microseconds>(Clock::now()); }
+    void waitForSomething();
+    void handle(const SDL_Event& event);
+    void handleWindow(const SDL_WindowEvent& event);
+    void handleKey(const SDL_KeyboardEvent& event);
+    void letTimePass();
+    void draw();
+    Point onSheet(int x, int y) const;
+
+    Display& m_display;
+    Session& m_session;
+    Phone& m_phone;
+    WindowPicture m_picture;
+    Person m_person;
+    Sheet m_sheet;
+    Layout m_layout;
+    Moment m_clock; ///< up to when the session's time has passed
+    Moment m_lastFrame;
+    bool m_isOpen = true;
+    bool m_isExposed = true; ///< the whole window has to be shown
+    bool m_movedLastFrame = true;
+    std::size_t m_turns = 0;
+    std::vector<double> m_frameTimes; ///< milliseconds of those that had something to draw
+};
+
+} // namespace panotra::sim
