@@ -1,0 +1,145 @@
+/// `panotra picture` and `shot`: pictures, and one line for what goes wrong.
+#include "tests/command/CommandLine.h"
+
+#include <gmock/gmock.h>
+
+namespace panotra::testing {
+namespace {
+
+using ::testing::ContainsRegex;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class PictureCommand : public CommandLine {
+protected:
+    /// Width and height as the file's header tells them.
+    static std::pair<int, int> sizeOf(const std::string& png)
+    {
+        const auto number = [&png](std::size_t at) {
+            int value = 0;
+            for (std::size_t i = at; i < at + 4; ++i)
+                value = value * 256 + static_cast<unsigned char>(png.at(i));
+            return value;
+        };
+        return { number(16), number(20) };
+    }
+    bool isThere(const char* file) const { return exists(folder / file); }
+};
+
+TEST_F(PictureCommand, DrawsTheScreenAtItsScale)
+{
+    const auto ended = run("picture -o out.png");
+    EXPECT_EQ(ended.status, 0) << ended.errors;
+    EXPECT_EQ(ended.output + ended.errors, "");
+    EXPECT_EQ(sizeOf(read("out.png")), (std::pair { 750, 1334 }));
+    EXPECT_EQ(run("picture --screen 320x480@1 --style 1 --skin 2 --orientation 3 --scale 1 --level 0=0.5 --level 11=1 "
+                  "--focus 0 --wallpaper dawn --as-viewed -o out.png")
+                  .status,
+        0);
+    EXPECT_EQ(sizeOf(read("out.png")), (std::pair { 480, 320 }));
+}
+
+TEST_F(PictureCommand, TheSameOptionsGiveTheSameBytes)
+{
+    run("picture --screen 160x240@1 -o one.png");
+    run("picture --screen 160x240@1 -o two.png");
+    EXPECT_EQ(read("one.png"), read("two.png"));
+    EXPECT_NE(read("one.png"), "");
+}
+
+TEST_F(PictureCommand, TakesAPhotographForAWallpaper)
+{
+    run("picture --screen 100x100@1 -o wall.png");
+    EXPECT_EQ(run("picture --screen 160x240@1 --wallpaper wall.png -o one.png").status, 0);
+    EXPECT_EQ(run("picture --screen 160x240@1 -o two.png").status, 0);
+    EXPECT_NE(read("one.png"), read("two.png"));
+}
+
+TEST_F(PictureCommand, AWrongOptionIsOneLineAndNothingIsDrawn)
+{
+    for (const auto* options : { "--screen 0x480@1", "--screen 320x480", "--screen 320x480@0", "--screen 320x-1@1",
+             "--screen wide", "--screen 1e9x1e9@1", "--screen 0.2x0.2@1", "--screen nanx480@1", "--level 0",
+             "--level 12=0.5", "--level -1=0.5", "--level 0=loud", "--level 0=", "--focus 12", "--focus -1",
+             "--focus x", "--style x", "--skin 1.5", "--orientation up", "--scale big", "--bogus" }) {
+        const auto ended = run(std::string("picture -o out.png ") + options);
+        EXPECT_EQ(ended.status, 2) << options;
+        EXPECT_EQ(ended.output, "") << options;
+        EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]+\n$")) << options;
+        EXPECT_FALSE(isThere("out.png")) << options;
+    }
+    EXPECT_EQ(run("picture").status, 2);
+    EXPECT_THAT(run("picture --screen 0x480@1 -o out.png").errors,
+        StartsWith("panotra: --screen: found \"0x480@1\", expected WIDTHxHEIGHT@SCALE"));
+    EXPECT_THAT(run("picture --screen 9000x10@1 -o out.png").errors,
+        StartsWith("panotra: --screen: the screen has sides that are not 1 to 8192 pixels"));
+}
+
+TEST_F(PictureCommand, APlaceThatCannotBeWrittenIsOneLine)
+{
+    EXPECT_EQ(run("picture --screen 160x240@1 -o no/such/out.png").errors,
+        "panotra: no/such/out.png: No such file or directory\n");
+    EXPECT_EQ(run("picture --screen 160x240@1 -o .").errors, "panotra: .: Is a directory\n");
+    EXPECT_EQ(run("picture --screen 160x240@1 -o /dev/full").errors, "panotra: /dev/full: No space left on device\n");
+    for (const auto* place : { "no/such/out.png", ".", "/dev/full" })
+        EXPECT_EQ(run(std::string("picture --screen 160x240@1 -o ") + place).status, 3) << place;
+}
+
+TEST_F(PictureCommand, AWallpaperThatCannotBeReadIsOneLine)
+{
+    run("picture --screen 160x240@1 -o whole.png");
+    runScript("head -c 5000 whole.png >half.png; printf '\\211PNG\\r\\n\\032\\n' >head.png; : >empty.png");
+    for (const auto* file : { "half.png", "head.png", "empty.png", "good" }) {
+        const auto ended = run(std::string("picture -o out.png --wallpaper ") + file);
+        EXPECT_EQ(ended.status, 3) << file;
+        EXPECT_EQ(ended.errors, std::string("panotra: ") + file + ": no readable PNG picture\n");
+    }
+    EXPECT_EQ(run("picture -o out.png --wallpaper none.png").errors, "panotra: none.png: No such file or directory\n");
+    EXPECT_FALSE(isThere("out.png"));
+}
+
+TEST_F(PictureCommand, WithoutAnyFontItSaysWhichPackageHelps)
+{
+    write("fonts.conf", "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\"><fontconfig></fontconfig>");
+    const std::string noFonts = "FONTCONFIG_FILE=$PWD/fonts.conf \"$panotra\" ";
+    const auto ended = runScript(noFonts + "picture -o out.png");
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_EQ(ended.errors, "panotra: no font is installed (Inter comes with the package fonts-inter)\n");
+    write("shooting", "load\nshot here\n");
+    const auto played = runScript(noFonts + "play shooting");
+    EXPECT_EQ(played.status, 3);
+    EXPECT_THAT(played.errors, ContainsRegex("^panotra: [^\n]*here.png: no font is installed[^\n]*\n$"));
+}
+
+TEST_F(PictureCommand, AnotherFontThanTheOneMeantIsNamedOnce)
+{
+    // Whatever there is of Inter but under another name is as good as another font.
+    const auto found = runScript("fc-list ':family=Inter:style=Regular' file | head -1 | cut -d: -f1");
+    ASSERT_NE(found.output, "\n");
+    write("fonts.conf",
+        "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\"><fontconfig><dir prefix=\"cwd\">fonts</dir>"
+        "<cachedir>cache</cachedir><match target=\"scan\"><edit name=\"family\" mode=\"assign\"><string>Stand-in"
+        "</string></edit></match></fontconfig>");
+    const auto ended = runScript("mkdir fonts && cp " + found.output.substr(0, found.output.find('\n'))
+        + " fonts && FONTCONFIG_FILE=$PWD/fonts.conf \"$panotra\" picture --screen 160x240@1 -o out.png");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(
+        ended.errors, "panotra: the font Inter is not installed (package fonts-inter); text is set in Stand-in\n");
+    EXPECT_TRUE(isThere("out.png"));
+}
+
+TEST_F(PictureCommand, AShotThatCannotBeWrittenIsOneLineAndThePlayEndsWithThree)
+{
+    write("shooting", "screen 160 240 1\nload\nshot here\n");
+    write("far", "screen 100000 100000 3\nload\nshot here\n");
+    EXPECT_EQ(run("play shooting --shots pictures").status, 0);
+    EXPECT_EQ(sizeOf(read("pictures/here.png")), (std::pair { 160, 240 }));
+    const auto ended = run("play shooting --shots good/pictures");
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_THAT(ended.errors, ContainsRegex("^panotra: good/pictures/here.png: [^\n]+\n$"));
+    const auto tooLarge = run("play far --shots pictures");
+    EXPECT_EQ(tooLarge.status, 3);
+    EXPECT_THAT(tooLarge.errors, HasSubstr("sides that are not 1 to 8192 pixels\n"));
+}
+
+} // namespace
+} // namespace panotra::testing
