@@ -4,6 +4,7 @@
 #include "hooks/Panotra.h"
 #include "hooks/PreviousImplementations.h"
 #include "model/ProcessValues.h"
+#include "simulator/Globals.h"
 
 namespace panotra::sim {
 namespace {
@@ -23,25 +24,8 @@ void load()
 
 Json globals()
 {
-    const ProcessValues& values = processValues;
-    const NSString category = values.globalCategory.get();
-    return {
-        { "activeStyle", values.activeStyle },
-        { "mixerSkin", values.mixerSkin },
-        { "replaceHUD", values.replaceHUD },
-        { "scale", values.scale },
-        { "dismissOnTouch", values.dismissOnTouch },
-        { "isAppCallNotification", values.isAppCallNotification },
-        { "handleShake", values.handleShake },
-        { "autoDismiss", values.autoDismiss },
-        { "globalCategory", category ? Json(category.view()) : Json(nullptr) },
-        { "manualSet", values.manualSet },
-        { "isHackedRingtoneVolume", values.isHackedRingtoneVolume },
-        { "isPanning", values.isPanning },
-        { "presentedViaActivator", values.presentedViaActivator },
-        { "autoResetTransform", values.autoResetTransform },
-        { "killedByTouch", values.killedByTouch },
-    };
+    const NSString category = processValues.globalCategory.get();
+    return globalsReport(processValues, category ? Json(category.view()) : Json(nullptr));
 }
 
 LayoutMemory layoutMemory()

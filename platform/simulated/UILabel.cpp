@@ -4,44 +4,11 @@
 #include "platform/simulated/Host.h"
 #include "simulator/device/View.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace panotra {
-
-namespace {
-
-struct FontWeight {
-    CGFloat weight;
-    const char* name;
-};
-
-/// The platform's scale of weights.
-constexpr FontWeight fontWeights[] = {
-    { CGFloat(-0.8), "ultraLight" },
-    { CGFloat(-0.6), "thin" },
-    { UIFontWeightLight, "light" },
-    { CGFloat(0), "regular" },
-    { CGFloat(0.23), "medium" },
-    { CGFloat(0.3), "semibold" },
-    { CGFloat(0.4), "bold" },
-    { CGFloat(0.56), "heavy" },
-    { CGFloat(0.62), "black" },
-};
-
-const char* nearestWeightName(CGFloat weight)
-{
-    const auto distance = [weight](const FontWeight& each) {
-        return std::abs(each.weight - weight);
-    };
-    return std::ranges::min_element(fontWeights, {}, distance)->name;
-}
-
-} // namespace
 
 UIFont UIFont::systemFontOfSize(CGFloat points, CGFloat weight) noexcept
 {
-    return simulated::create<UIFont, sim::Font>("UIFont", points, nearestWeightName(weight));
+    return simulated::create<UIFont, sim::Font>("UIFont", points, sim::nearestWeightName(weight));
 }
 
 UILabel UILabel::init() noexcept

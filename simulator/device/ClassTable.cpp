@@ -34,6 +34,12 @@ template <typename Value> Value read(const HostObject& object, const HostField& 
     return value;
 }
 
+/// What an object field holds. Borrowed.
+HostObject* readObject(const HostObject& object, const HostField& field)
+{
+    return field.resolve != nullptr ? field.resolve(read<void*>(object, field)) : read<HostObject*>(object, field);
+}
+
 const HostField* findField(const HostObject* object, std::string_view key)
 {
     if (object == nullptr)
@@ -48,7 +54,7 @@ void nameObjectsHeldBy(const HostObject& holder)
     for (const HostField& field : holder.isa->fields) {
         if (field.encoding != '@')
             continue;
-        HostObject* const held = read<HostObject*>(holder, field);
+        HostObject* const held = readObject(holder, field);
         if (held != nullptr && held->name.empty())
             held->name = field.name;
     }
@@ -218,7 +224,7 @@ void ClassTable::nameHeldObjects()
 HostObject* ClassTable::objectForKey(HostObject* object, std::string_view key) const
 {
     const HostField* const field = findField(object, key);
-    return field != nullptr && field->encoding == '@' ? read<HostObject*>(*object, *field) : nullptr;
+    return field != nullptr && field->encoding == '@' ? readObject(*object, *field) : nullptr;
 }
 
 Json ClassTable::scalarForKey(HostObject* object, std::string_view key) const

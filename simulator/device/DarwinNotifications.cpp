@@ -33,10 +33,10 @@ std::uint64_t DarwinNotifications::stateOf(std::int32_t token) const
     return state(m_tokens[static_cast<std::size_t>(token) - 1]);
 }
 
-void DarwinNotifications::addObserver(const std::string& name, void (*callback)())
+void DarwinNotifications::addObserver(const std::string& name, std::function<void()> callback)
 {
     m_device.trace("observe", [&] { return Json { { "name", name } }; });
-    m_observers.emplace_back(name, callback);
+    m_observers.emplace_back(name, std::move(callback));
 }
 
 void DarwinNotifications::deliver(const std::string& name)
@@ -44,8 +44,10 @@ void DarwinNotifications::deliver(const std::string& name)
     // Those who come to observe meanwhile have missed it.
     const std::size_t count = m_observers.size();
     for (std::size_t i = 0; i < count; ++i) {
-        if (m_observers[i].first == name)
-            m_observers[i].second();
+        if (m_observers[i].first == name) {
+            const auto callback = m_observers[i].second; // the list may grow under it
+            callback();
+        }
     }
 }
 

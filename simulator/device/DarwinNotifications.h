@@ -3,6 +3,7 @@
 
 #include "simulator/device/Device.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -21,7 +22,7 @@ public:
     std::int32_t registerCheck(const std::string& name);
     std::uint64_t stateOf(std::int32_t token) const;
     /// Traced as `observe`.
-    void addObserver(const std::string& name, void (*callback)());
+    void addObserver(const std::string& name, std::function<void()> callback);
     /// Calls the observers in this process; leaves no event of its own.
     void deliver(const std::string& name);
     /// `notify_post`. Traced as `post`, then delivered.
@@ -31,7 +32,7 @@ private:
     Device& m_device;
     std::map<std::string, std::uint64_t> m_states;
     std::vector<std::string> m_tokens;
-    std::vector<std::pair<std::string, void (*)()>> m_observers;
+    std::vector<std::pair<std::string, std::function<void()>>> m_observers;
 };
 
 } // namespace panotra::sim

@@ -28,6 +28,8 @@ struct HostField {
     std::size_t offset = 0;
     /// Reads a scalar that the host keeps elsewhere; null where the block holds the field.
     std::int64_t (*read)() = nullptr;
+    /// The object behind what an object field holds; null where the field holds the object itself.
+    struct HostObject* (*resolve)(void* held) = nullptr;
 };
 
 /// A class of the process. `present` is false for a class that the process lacks: it then cannot be found by name.
@@ -61,8 +63,9 @@ struct HostObject {
     std::size_t references = 1;
     /// Set while its dealloc runs: counting it then neither saves nor frees it a second time.
     bool isDeallocating = false;
-    /// The instance variables of the most derived class that was registered at run time; else null.
-    std::unique_ptr<std::byte[]> instanceVariables;
+    /// The instance variables of the most derived class that was registered at run time; else null. A host that has
+    /// another object for this one keeps that here, and its deleter hears of this object's end.
+    std::shared_ptr<std::byte[]> instanceVariables;
     /// The name that traces call it by, once it has one.
     std::string name;
 

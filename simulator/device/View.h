@@ -36,6 +36,9 @@ struct Font : HostObject {
     }
 };
 
+/// The name of the weight that is nearest on the platform's scale from -1 to 1.
+const char* nearestWeightName(double weight);
+
 struct Image : HostObject {
     std::string baseName;
     bool isTemplate = false;

@@ -3,6 +3,8 @@
 #include "simulator/device/ClassTable.h"
 #include "simulator/device/View.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace panotra::sim {
@@ -14,7 +16,33 @@ struct ContentView : View {
     void superviewBoundsChanged() override { applyFrame({ 0, 0, superview->bounds.width, superview->bounds.height }); }
 };
 
+struct FontWeight {
+    double weight;
+    const char* name;
+};
+
+/// The platform's scale of weights.
+constexpr FontWeight fontWeights[] = {
+    { -0.8, "ultraLight" },
+    { -0.6, "thin" },
+    { -0.4, "light" },
+    { 0, "regular" },
+    { 0.23, "medium" },
+    { 0.3, "semibold" },
+    { 0.4, "bold" },
+    { 0.56, "heavy" },
+    { 0.62, "black" },
+};
+
 } // namespace
+
+const char* nearestWeightName(double weight)
+{
+    const auto distance = [weight](const FontWeight& each) {
+        return std::abs(each.weight - weight);
+    };
+    return std::ranges::min_element(fontWeights, {}, distance)->name;
+}
 
 void Window::makeKeyAndVisible()
 {

@@ -20,6 +20,7 @@ simulator/device      | simulator/device simulator/preferences                  
 simulator/scenario    | simulator/scenario simulator/device                     | any
 simulator/render      | simulator/render simulator/device                       | any
 simulator             | simulator/...                                           | any
+simulator/Globals.cpp | simulator/... model platform                            | any
 simulator/Library.cpp | simulator/... hooks controller views model platform     | any
 '
 

@@ -21,10 +21,10 @@ source_rooms() {
     existing_rooms "$1" "${logic_rooms[@]}" platform simulator packaging/checks tests fuzz bench
 }
 
-# Every C++ file of ROOT, one a line, relative to it, sorted.
+# Every C++ and Objective-C++ file of ROOT, one a line, relative to it, sorted.
 sources() {
     # shellcheck disable=SC2046 # the names of rooms hold no blanks
-    (cd "$1" && find $(source_rooms .) -type f \( -name '*.h' -o -name '*.cpp' \) | sort)
+    (cd "$1" && find $(source_rooms .) -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.mm' \) | sort)
 }
 
 # Every C++ source of the logic, headers left out.

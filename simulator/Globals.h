@@ -1,0 +1,16 @@
+/// The library's process-wide values as the trace tells them.
+#pragma once
+
+#include "simulator/device/Device.h"
+
+namespace panotra {
+struct ProcessValues;
+}
+
+namespace panotra::sim {
+
+/// By their names, in the order of the trace. `category`: the text of `globalCategory` or null; reading it is up to
+/// whoever knows what strings are made of.
+Json globalsReport(const ProcessValues& values, Json category);
+
+} // namespace panotra::sim

@@ -1,0 +1,94 @@
+/// Loads the library's file, and reads its process-wide values where the file has them.
+#include "tests/hosts/HostLibrary.h"
+
+#include "model/ProcessValues.h"
+#include "simulator/Globals.h"
+#include "tests/hosts/HostProcess.h"
+#include "tests/hosts/LibraryImage.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+
+namespace panotra::hosts {
+
+namespace {
+
+std::string& libraryPath()
+{
+    static std::string path;
+    return path;
+}
+
+std::string chosenPath()
+{
+    if (!libraryPath().empty())
+        return libraryPath();
+    const char* const named = std::getenv("PANOTRA_LIBRARY");
+    return named != nullptr ? named : PANOTRA_NATIVE_LIBRARY;
+}
+
+std::unique_ptr<LibraryImage>& image()
+{
+    static std::unique_ptr<LibraryImage> loaded;
+    return loaded;
+}
+
+/// The structure that the same header made of the library's sources; before the load, what a process starts with.
+const ProcessValues& values()
+{
+    constexpr static ProcessValues fresh;
+    if (image() == nullptr)
+        return fresh;
+    static const void* const found = image()->symbol("_ZN7panotra13processValuesE");
+    if (found == nullptr)
+        throw std::runtime_error("the library has no process-wide values");
+    return *static_cast<const ProcessValues*>(found);
+}
+
+/// The reference holds the object alone, and only the library's own code can count it.
+template <typename Handle> void* heldBy(const ProcessReference<Handle>& reference)
+{
+    void* object = nullptr;
+    static_assert(sizeof reference == sizeof object);
+    std::memcpy(&object, &reference, sizeof object);
+    return object;
+}
+
+void load()
+{
+    prepareProcess();
+    try {
+        image() = openNativeImage(chosenPath());
+    } catch (const std::runtime_error& error) {
+        std::fprintf(stderr, "panotra: %s\n", error.what());
+        std::exit(EXIT_FAILURE);
+    }
+}
+
+sim::Json globals()
+{
+    const auto category = textOfString(heldBy(values().globalCategory));
+    return sim::globalsReport(values(), category ? sim::Json(*category) : sim::Json(nullptr));
+}
+
+sim::LayoutMemory layoutMemory()
+{
+    return { values().justCreated, values().previousOrientation };
+}
+
+} // namespace
+
+void chooseLibrary(const std::string& path)
+{
+    libraryPath() = path;
+}
+
+sim::Library chosenLibrary()
+{
+    return { load, globals, layoutMemory };
+}
+
+} // namespace panotra::hosts

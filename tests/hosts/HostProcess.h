@@ -1,0 +1,14 @@
+/// The process into which the library is loaded.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace panotra::hosts {
+
+/// Sets Objective-C classes in front of the device that lives now. Once a process, before the library is loaded.
+void prepareProcess();
+/// The text of a string object; nothing for null.
+std::optional<std::string> textOfString(void* string);
+
+} // namespace panotra::hosts

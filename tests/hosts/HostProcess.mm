@@ -1,0 +1,26 @@
+/// Before the library comes.
+#include "tests/hosts/HostProcess.h"
+
+#include "tests/hosts/DeviceCalls.h"
+#include "tests/hosts/Values.h"
+#include "tests/hosts/classes/Foundation.h"
+
+#include <cstdlib>
+
+namespace panotra::hosts {
+
+void prepareProcess()
+{
+    // Foundation would make a folder for its defaults in the user's home.
+    setenv("GNUSTEP_CONFIG_FILE", PANOTRA_GNUSTEP_CONFIG, 1);
+    [NSAutoreleasePool new]; // for the life of the process
+    makeFoundationTheDevices();
+    routeDeviceCallsThroughMessages();
+}
+
+std::optional<std::string> textOfString(void* string)
+{
+    return textOf(static_cast<id>(string));
+}
+
+} // namespace panotra::hosts

@@ -1,0 +1,16 @@
+/// What the library finds in the process: the platform's functions that it imports, by name. The allow-list of the
+/// link stubs names the same functions.
+///
+/// A shared object of this machine is linked so that it asks for `__wrap_NAME` where it would import NAME, and the
+/// program exports those; a loader of other files binds by this table.
+#pragma once
+
+#include <string_view>
+
+namespace panotra::hosts {
+
+/// The address of the function or object that the library knows as `name`, its C name. Null for a name that neither the
+/// platform's stand-ins nor this process has.
+void* importedSymbol(std::string_view name);
+
+} // namespace panotra::hosts

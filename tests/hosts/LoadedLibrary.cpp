@@ -1,0 +1,12 @@
+/// What the runner of scenario tests plays with.
+#include "simulator/Library.h"
+#include "tests/hosts/HostLibrary.h"
+
+namespace panotra::sim {
+
+Library loadedLibrary()
+{
+    return hosts::chosenLibrary();
+}
+
+} // namespace panotra::sim

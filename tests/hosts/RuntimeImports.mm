@@ -1,0 +1,193 @@
+/// The platform's Objective-C runtime over the one at hand: what that has is called, what it lacks is made of it.
+#include "tests/hosts/Crossings.h"
+#include "tests/hosts/Peers.h"
+
+#include <objc/message.h>
+#include <objc/runtime.h>
+
+#include <string>
+
+using namespace panotra;
+using hosts::noteCrossing;
+
+namespace {
+
+void noteMessage(id receiver, SEL selector)
+{
+    if (!hosts::areCrossingsRecorded())
+        return;
+    const Class receiverClass = object_getClass(receiver);
+    noteCrossing((class_isMetaClass(receiverClass) ? "+[" : "-[") + std::string(class_getName(receiverClass)) + ' '
+        + sel_getName(selector) + ']');
+}
+
+/// A pool of the device's and one of Foundation's, pushed together.
+struct Pool {
+    NSAutoreleasePool* foundation;
+    std::size_t device;
+};
+
+} // namespace
+
+extern "C" {
+
+IMP panotraFindMethod(id receiver, SEL selector)
+{
+    noteMessage(receiver, selector);
+    return objc_msg_lookup(receiver, selector);
+}
+
+// Classes. What the device's process lacks cannot be found, and what it has of some other program is made.
+
+Class __wrap_objc_getClass(const char* name)
+{
+    noteCrossing("objc_getClass");
+    if (name == nullptr || hosts::device().classes->find(name) == nullptr)
+        return Nil;
+    if (const Class found = objc_lookUpClass(name))
+        return found;
+    const Class made = objc_allocateClassPair([NSObject class], name, 0);
+    objc_registerClassPair(made);
+    return made;
+}
+
+Class __wrap_object_getClass(id object)
+{
+    noteCrossing("object_getClass");
+    return object_getClass(object);
+}
+
+Class __wrap_class_getSuperclass(Class hostClass)
+{
+    noteCrossing("class_getSuperclass");
+    return class_getSuperclass(hostClass);
+}
+
+std::size_t __wrap_class_getInstanceSize(Class hostClass)
+{
+    noteCrossing("class_getInstanceSize");
+    return class_getInstanceSize(hostClass);
+}
+
+// Methods.
+
+SEL __wrap_sel_registerName(const char* name)
+{
+    noteCrossing("sel_registerName");
+    return sel_registerName(name);
+}
+
+BOOL __wrap_class_respondsToSelector(Class hostClass, SEL selector)
+{
+    noteCrossing("class_respondsToSelector");
+    return class_respondsToSelector(hostClass, selector);
+}
+
+IMP __wrap_class_getMethodImplementation(Class hostClass, SEL selector)
+{
+    noteCrossing("class_getMethodImplementation");
+    return class_getMethodImplementation(hostClass, selector);
+}
+
+Method __wrap_class_getInstanceMethod(Class hostClass, SEL selector)
+{
+    noteCrossing("class_getInstanceMethod");
+    return class_getInstanceMethod(hostClass, selector);
+}
+
+unsigned __wrap_method_getNumberOfArguments(Method method)
+{
+    noteCrossing("method_getNumberOfArguments");
+    return method_getNumberOfArguments(method);
+}
+
+const char* __wrap_method_getTypeEncoding(Method method)
+{
+    noteCrossing("method_getTypeEncoding");
+    return method_getTypeEncoding(method);
+}
+
+// Instance variables.
+
+Ivar __wrap_class_getInstanceVariable(Class hostClass, const char* name)
+{
+    noteCrossing("class_getInstanceVariable");
+    return class_getInstanceVariable(hostClass, name);
+}
+
+const char* __wrap_ivar_getTypeEncoding(Ivar variable)
+{
+    noteCrossing("ivar_getTypeEncoding");
+    return ivar_getTypeEncoding(variable);
+}
+
+std::ptrdiff_t __wrap_ivar_getOffset(Ivar variable)
+{
+    noteCrossing("ivar_getOffset");
+    return ivar_getOffset(variable);
+}
+
+// Classes of the library's own.
+
+Class __wrap_objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes)
+{
+    noteCrossing("objc_allocateClassPair");
+    return objc_allocateClassPair(superclass, name, extraBytes);
+}
+
+void __wrap_objc_registerClassPair(Class hostClass)
+{
+    noteCrossing("objc_registerClassPair");
+    objc_registerClassPair(hostClass);
+    hosts::addRegisteredClass(hostClass);
+}
+
+BOOL __wrap_class_addIvar(
+    Class hostClass, const char* name, std::size_t size, std::uint8_t log2Alignment, const char* types)
+{
+    noteCrossing("class_addIvar");
+    return class_addIvar(hostClass, name, size, log2Alignment, types);
+}
+
+BOOL __wrap_class_addMethod(Class hostClass, SEL selector, IMP implementation, const char* types)
+{
+    noteCrossing("class_addMethod");
+    return class_addMethod(hostClass, selector, implementation, types);
+}
+
+// Counting, and pools.
+
+id __wrap_objc_retain(id object)
+{
+    noteCrossing("objc_retain");
+    return [object retain];
+}
+
+void __wrap_objc_release(id object)
+{
+    noteCrossing("objc_release");
+    [object release];
+}
+
+id __wrap_objc_autorelease(id object)
+{
+    noteCrossing("objc_autorelease");
+    return [object autorelease];
+}
+
+void* __wrap_objc_autoreleasePoolPush()
+{
+    noteCrossing("objc_autoreleasePoolPush");
+    return new Pool { [NSAutoreleasePool new], hosts::device().classes->pushAutoreleasePool() };
+}
+
+void __wrap_objc_autoreleasePoolPop(void* pushed)
+{
+    noteCrossing("objc_autoreleasePoolPop");
+    auto* const pool = static_cast<Pool*>(pushed);
+    hosts::device().classes->popAutoreleasePool(pool->device);
+    [pool->foundation drain];
+    delete pool;
+}
+
+} // extern "C"

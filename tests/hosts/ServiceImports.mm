@@ -1,0 +1,113 @@
+/// The hooking framework, Darwin notifications and the main queue, over the device.
+#include "simulator/device/DarwinNotifications.h"
+#include "simulator/device/RunLoop.h"
+#include "tests/hosts/Blocks.h"
+#include "tests/hosts/Crossings.h"
+#include "tests/hosts/Peers.h"
+#include "tests/hosts/Values.h"
+
+#include <objc/runtime.h>
+
+using namespace panotra;
+using hosts::noteCrossing;
+
+// The runtime's own: what is cached of a class and of those below it is made anew.
+extern "C" void __objc_update_dispatch_table_for_class(Class);
+
+namespace {
+
+constexpr double nanosecondsPerSecond = 1e9;
+constexpr std::uint32_t statusOk = 0;
+
+using NotificationCallback
+    = void (*)(void* center, void* observer, const void* name, const void* object, const void* userInfo);
+
+/// Stands for the one notification centre there is.
+int darwinNotifyCenter;
+
+/// The device reports the hook, and goes on sending the message.
+void tellDevice(Class hostClass, SEL selector)
+{
+    HostClass& known = hosts::deviceClassOf(hostClass);
+    const HostSelector* const name = sim::selector(sel_getName(selector));
+    hosts::device().classes->replace(known, name, known.find(name), nullptr);
+}
+
+} // namespace
+
+extern "C" {
+
+/// An inherited method gets a replacement of the class's own. The previous implementation is known before the
+/// replacement can run.
+void __wrap_MSHookMessageEx(Class hostClass, SEL selector, IMP replacement, IMP* previous)
+{
+    noteCrossing("MSHookMessageEx");
+    const Method method = class_getInstanceMethod(hostClass, selector);
+    if (method == nullptr)
+        return;
+    if (previous != nullptr)
+        *previous = method_getImplementation(method);
+    if (!class_addMethod(hostClass, selector, replacement, method_getTypeEncoding(method)))
+        method_setImplementation(method, replacement);
+    __objc_update_dispatch_table_for_class(hostClass);
+    tellDevice(hostClass, selector);
+}
+
+// Darwin notifications.
+
+std::uint32_t __wrap_notify_register_check(const char* name, int* token)
+{
+    noteCrossing("notify_register_check");
+    *token = hosts::device().darwin->registerCheck(name);
+    return statusOk;
+}
+
+std::uint32_t __wrap_notify_get_state(int token, std::uint64_t* state)
+{
+    noteCrossing("notify_get_state");
+    *state = hosts::device().darwin->stateOf(token);
+    return statusOk;
+}
+
+std::uint32_t __wrap_notify_post(const char* name)
+{
+    noteCrossing("notify_post");
+    hosts::device().darwin->post(name);
+    return statusOk;
+}
+
+void* __wrap_CFNotificationCenterGetDarwinNotifyCenter()
+{
+    noteCrossing("CFNotificationCenterGetDarwinNotifyCenter");
+    return &darwinNotifyCenter;
+}
+
+void __wrap_CFNotificationCenterAddObserver(
+    void* center, void* observer, NotificationCallback callback, const void* name, const void* object, std::intptr_t)
+{
+    noteCrossing("CFNotificationCenterAddObserver");
+    const auto text = hosts::textOf(static_cast<id>(const_cast<void*>(name)));
+    if (!text)
+        return;
+    hosts::device().darwin->addObserver(*text, [=] { callback(center, observer, name, object, nullptr); });
+}
+
+// The main queue. Time does not pass between the two calls, so that the delay alone tells when.
+
+std::uint64_t __wrap_dispatch_time(std::uint64_t, std::int64_t nanoseconds)
+{
+    noteCrossing("dispatch_time");
+    return static_cast<std::uint64_t>(nanoseconds);
+}
+
+void __wrap_dispatch_after(std::uint64_t nanoseconds, void*, void* block)
+{
+    noteCrossing("dispatch_after");
+    hosts::device().runLoop->dispatch(
+        static_cast<double>(nanoseconds) / nanosecondsPerSecond, hosts::functionOfBlock(block));
+}
+
+/// Only its address is asked for.
+int _dispatch_main_q;
+
+} // extern "C"

@@ -1,0 +1,301 @@
+/// The classes of the home screen, of the audio service and of other people's libraries.
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/SharedObjects.h"
+#include "tests/hosts/DeviceCalls.h"
+#include "tests/hosts/Values.h"
+#include "tests/hosts/classes/UIKit.h"
+
+using namespace panotra;
+
+namespace {
+
+/// The one object of a class.
+id sharedObject(const char* className)
+{
+    return hosts::hostObjectFor(hosts::device().home->shared(className));
+}
+
+} // namespace
+
+// The audio service.
+
+@interface AVSystemController : DeviceObject
+@end
+
+@implementation AVSystemController
+
++ (id)sharedAVSystemController
+{
+    return sharedObject("AVSystemController");
+}
+
+- (void)postEffectiveVolumeNotification:(id)announcement
+{
+    hosts::callOwn<void>("AVSystemController", hosts::peerOf(self), _cmd, hosts::deviceObjectFor(announcement));
+}
+
+- (BOOL)getActiveCategoryVolume:(float*)level andName:(id*)name fallbackCategory:(id)fallback
+{
+    HostObject* category = nullptr;
+    const bool result = hosts::callOwn<bool>("AVSystemController", hosts::peerOf(self), _cmd, level,
+        name == nullptr ? nullptr : &category, hosts::deviceObjectFor(fallback));
+    if (name != nullptr)
+        *name = hosts::hostObjectFor(category);
+    return result;
+}
+
+- (BOOL)setVolumeTo:(float)level forCategory:(id)category
+{
+    return hosts::callOwn<bool>(
+        "AVSystemController", hosts::peerOf(self), _cmd, level, hosts::deviceObjectFor(category));
+}
+
+- (BOOL)getVolume:(float*)level forCategory:(id)category
+{
+    return hosts::callOwn<bool>(
+        "AVSystemController", hosts::peerOf(self), _cmd, level, hosts::deviceObjectFor(category));
+}
+
+- (id)attributeForKey:(id)key
+{
+    return hosts::hostObjectFor(
+        hosts::callOwn<HostObject*>("AVSystemController", hosts::peerOf(self), _cmd, hosts::deviceObjectFor(key)));
+}
+
+@end
+
+// The home screen's program.
+
+@interface SpringBoard : UIApplication
+@end
+
+@implementation SpringBoard
+
+- (void)applicationDidFinishLaunching:(id)application
+{
+    hosts::callOwn<void>("SpringBoard", hosts::peerOf(self), _cmd, hosts::deviceObjectFor(application));
+}
+
+- (double)windowRotationDuration
+{
+    return hosts::device().home->rotationDuration;
+}
+
+- (BOOL)isSpringBoardStatusBarHidden
+{
+    return hosts::callOwn<bool>("SpringBoard", hosts::peerOf(self), _cmd);
+}
+
+@end
+
+/// Its state is read by key from its instance variables.
+@interface VolumeControl : DeviceObject {
+    long long _mode;
+    BOOL _volumeUpButtonIsDown;
+    BOOL _volumeDownButtonIsDown;
+}
+@end
+
+@implementation VolumeControl
+
+/// Brings the instance variables up to date: the buttons are the device's.
+- (id)updated
+{
+    const sim::HomeScreen& home = *hosts::device().home;
+    _mode = home.volumeMode;
+    _volumeUpButtonIsDown = home.volumeUpIsDown;
+    _volumeDownButtonIsDown = home.volumeDownIsDown;
+    return self;
+}
+
++ (id)sharedVolumeControl
+{
+    return [sharedObject("VolumeControl") updated];
+}
+
+- (void)_presentVolumeHUDWithMode:(long)mode volume:(float)volume
+{
+    hosts::callOwn<void>("VolumeControl", hosts::peerOf(self), _cmd, std::int64_t { mode }, volume);
+}
+
+@end
+
+@interface SBHUDController : DeviceObject
+@end
+
+@implementation SBHUDController
+
+- (void)presentHUDView:(id)view autoDismissWithDelay:(double)delay
+{
+    hosts::callOwn<void>("SBHUDController", hosts::peerOf(self), _cmd, hosts::deviceObjectFor(view), delay);
+}
+
+- (void)reorientHUDIfNeeded:(BOOL)flag
+{
+    hosts::callOwn<void>("SBHUDController", hosts::peerOf(self), _cmd, flag != NO);
+}
+
+@end
+
+@interface SBSound : DeviceObject
+@end
+
+@implementation SBSound
+
+- (long)soundType
+{
+    return hosts::callOwn<std::int64_t>("SBSound", hosts::peerOf(self), _cmd);
+}
+
+@end
+
+@interface SBSoundController : DeviceObject
+@end
+
+@implementation SBSoundController
+
+- (BOOL)playSound:(id)sound environments:(unsigned long)environments completion:(id)completion
+{
+    return hosts::callOwn<bool>("SBSoundController", hosts::peerOf(self), _cmd, hosts::deviceObjectFor(sound),
+        std::uint64_t { environments }, hosts::deviceObjectFor(completion));
+}
+
+@end
+
+@interface SBMediaController : DeviceObject
+@end
+
+@implementation SBMediaController
+
+- (void)setRingerMuted:(BOOL)muted
+{
+    hosts::callOwn<void>("SBMediaController", hosts::peerOf(self), _cmd, muted != NO);
+}
+
+@end
+
+// The voice assistant.
+
+@interface AXSpringBoardServer : DeviceObject
+@end
+
+@implementation AXSpringBoardServer
+
++ (id)server
+{
+    return sharedObject("AXSpringBoardServer");
+}
+
+- (BOOL)isSiriVisible
+{
+    return hosts::device().home->assistantVisible;
+}
+
+- (void)openSiri
+{
+    hosts::callOwn<void>("AXSpringBoardServer", hosts::peerOf(self), _cmd);
+}
+
+- (void)dismissSiri
+{
+    hosts::callOwn<void>("AXSpringBoardServer", hosts::peerOf(self), _cmd);
+}
+
+@end
+
+@interface SBAssistantController : DeviceObject
+@end
+
+@implementation SBAssistantController
+
++ (id)sharedInstance
+{
+    return sharedObject("SBAssistantController");
+}
+
+- (id)window
+{
+    return hosts::hostObjectFor(hosts::peerAs<sim::AssistantController>(self)->window);
+}
+
+@end
+
+// Other people's indicator overlays.
+
+@interface MeliorWindow : UIWindow
+@end
+
+@implementation MeliorWindow
+
++ (id)sharedInstance
+{
+    return sharedObject("MeliorWindow");
+}
+
+@end
+
+@interface ABVolumeHUDVisibilityManager : DeviceObject
+@end
+
+@implementation ABVolumeHUDVisibilityManager
+
+- (void)hideImmediatelyIfPossible
+{
+    hosts::callOwn<void>("ABVolumeHUDVisibilityManager", hosts::peerOf(self), _cmd);
+}
+
+@end
+
+@interface ABVolumeHUDManager : DeviceObject
+@end
+
+@implementation ABVolumeHUDManager
+
++ (id)sharedManager
+{
+    return sharedObject("ABVolumeHUDManager");
+}
+
+- (id)visibilityManager
+{
+    return hosts::hostObjectFor(hosts::peerAs<sim::VolumeHUDManager>(self)->visibilityManager);
+}
+
+- (id)targetView
+{
+    return hosts::hostObjectFor(hosts::peerAs<sim::VolumeHUDManager>(self)->targetView);
+}
+
+@end
+
+// The gesture framework.
+
+@interface LAActivator : DeviceObject
+@end
+
+@implementation LAActivator
+
++ (id)sharedInstance
+{
+    return sharedObject("LAActivator");
+}
+
+- (void)registerListener:(id)listener forName:(NSString*)name
+{
+    if (const auto text = hosts::textOf(name))
+        hosts::device().home->registerListener(hosts::peerOf(listener), *text);
+}
+
+@end
+
+@interface LAEvent : DeviceObject
+@end
+
+@implementation LAEvent
+
+- (void)setHandled:(BOOL)handled
+{
+    hosts::callOwn<void>("LAEvent", hosts::peerOf(self), _cmd, handled != NO);
+}
+
+@end

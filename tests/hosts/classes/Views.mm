@@ -1,0 +1,332 @@
+/// UIView: geometry, the tree, block animations.
+#include "simulator/device/RunLoop.h"
+#include "tests/hosts/Blocks.h"
+#include "tests/hosts/DeviceCalls.h"
+#include "tests/hosts/Values.h"
+#include "tests/hosts/classes/UIKit.h"
+
+using namespace panotra;
+
+namespace {
+
+sim::View* viewOf(id view)
+{
+    return hosts::peerAs<sim::View>(view);
+}
+
+std::optional<sim::Rgba> componentsOf(id color)
+{
+    const auto* const peer = hosts::peerAs<sim::Color>(color);
+    return peer == nullptr ? std::nullopt : std::optional(peer->rgba);
+}
+
+} // namespace
+
+@implementation UIResponder
+
++ (id)allocWithZone:(NSZone*)zone
+{
+    const id object = NSAllocateObject(self, 0, zone);
+    hosts::attachNewPeer(object);
+    return object;
+}
+
+- (void)motionBegan:(long)motion withEvent:(id)event
+{
+    hosts::callOwn<void>(
+        "UIResponder", hosts::peerOf(self), _cmd, std::int64_t { motion }, hosts::deviceObjectFor(event));
+}
+
+@end
+
+@implementation UIView
+
+- (id)initWithFrame:(DeviceRect)frame
+{
+    viewOf(self)->setFrame(frame);
+    return self;
+}
+
+// Geometry.
+
+- (DeviceRect)frame
+{
+    return viewOf(self)->frame();
+}
+
+- (void)setFrame:(DeviceRect)frame
+{
+    viewOf(self)->setFrame(frame);
+}
+
+- (DeviceRect)bounds
+{
+    const auto& size = viewOf(self)->bounds;
+    return { 0, 0, size.width, size.height };
+}
+
+- (DevicePoint)center
+{
+    return viewOf(self)->center;
+}
+
+- (void)setCenter:(DevicePoint)center
+{
+    viewOf(self)->setCenter(center);
+}
+
+- (void)setTransform:(DeviceTransform)transform
+{
+    viewOf(self)->setTransform(transform);
+}
+
+// Looks.
+
+- (double)alpha
+{
+    return viewOf(self)->alpha;
+}
+
+- (void)setAlpha:(double)alpha
+{
+    viewOf(self)->setAlpha(alpha);
+}
+
+- (void)setHidden:(BOOL)hidden
+{
+    viewOf(self)->setHidden(hidden);
+}
+
+- (void)setBackgroundColor:(id)color
+{
+    viewOf(self)->setBackground(componentsOf(color));
+}
+
+- (void)setUserInteractionEnabled:(BOOL)enabled
+{
+    viewOf(self)->interaction = enabled;
+}
+
+- (long)tag
+{
+    return viewOf(self)->tag;
+}
+
+- (void)setTag:(long)tag
+{
+    viewOf(self)->tag = tag;
+}
+
+- (id)layer
+{
+    return hosts::hostObjectFor(&viewOf(self)->layerObject());
+}
+
+// The tree.
+
+- (id)superview
+{
+    return hosts::hostObjectFor(viewOf(self)->superview);
+}
+
+- (id)subviews
+{
+    NSMutableArray* const subviews = [NSMutableArray array];
+    for (sim::View* const view : viewOf(self)->subviews)
+        [subviews addObject:hosts::hostObjectFor(view)];
+    return subviews;
+}
+
+- (void)addSubview:(id)view
+{
+    viewOf(self)->addSubview(*viewOf(view));
+}
+
+- (void)bringSubviewToFront:(id)view
+{
+    viewOf(self)->bringSubviewToFront(*viewOf(view));
+}
+
+- (void)removeFromSuperview
+{
+    viewOf(self)->removeFromSuperview();
+}
+
+// Touches.
+
+- (id)hitTest:(DevicePoint)point withEvent:(id)event
+{
+    return hosts::hostObjectFor(viewOf(self)->hitTest(point));
+}
+
+- (void)addGestureRecognizer:(id)recognizer
+{
+    viewOf(self)->addRecognizer(*hosts::peerAs<sim::PanRecognizer>(recognizer));
+}
+
+- (void)removeGestureRecognizer:(id)recognizer
+{
+    viewOf(self)->removeRecognizer(*hosts::peerAs<sim::PanRecognizer>(recognizer));
+}
+
++ (void)animateWithDuration:(double)duration
+                      delay:(double)delay
+                    options:(unsigned long)options
+                 animations:(void*)animations
+                 completion:(void*)completion
+{
+    hosts::device().runLoop->animate(
+        duration, delay, options, hosts::functionOfBlock(animations), hosts::completionOfBlock(completion));
+}
+
+@end
+
+// Windows.
+
+@implementation UIWindow
+
+- (void)setWindowLevel:(double)level
+{
+    hosts::peerAs<sim::Window>(self)->level = level;
+}
+
+- (void)makeKeyAndVisible
+{
+    hosts::peerAs<sim::Window>(self)->makeKeyAndVisible();
+}
+
+@end
+
+// The blur view.
+
+@implementation _UIBackdropViewSettings
+
++ (id)settingsForStyle:(long)style graphicsQuality:(long)quality
+{
+    return hosts::autoreleasedHostObject(
+        hosts::device().classes->make<sim::BackdropSettings>("_UIBackdropViewSettings", style, quality));
+}
+
+@end
+
+@implementation _UIBackdropView
+
+- (id)initWithFrame:(DeviceRect)frame autosizesToFitSuperview:(BOOL)autosizes settings:(id)settings
+{
+    auto* const backdrop = hosts::peerAs<sim::BackdropView>([self initWithFrame:frame]);
+    backdrop->autosizes = autosizes;
+    if (const auto* const given = hosts::peerAs<sim::BackdropSettings>(settings)) {
+        backdrop->style = given->style;
+        backdrop->quality = given->quality;
+    }
+    return self;
+}
+
+- (void)setBlurRadius:(double)radius
+{
+    hosts::peerAs<sim::BackdropView>(self)->setBlurRadius(radius);
+}
+
+- (void)transitionToStyle:(long)style
+{
+    hosts::peerAs<sim::BackdropView>(self)->style = style;
+}
+
+- (id)contentView
+{
+    return hosts::hostObjectFor(hosts::peerAs<sim::BackdropView>(self)->content);
+}
+
+- (id)effectView
+{
+    return hosts::hostObjectFor(hosts::peerAs<sim::BackdropView>(self)->effect);
+}
+
+@end
+
+// Texts and pictures.
+
+@implementation UILabel
+
+- (void)setText:(NSString*)text
+{
+    hosts::peerAs<sim::Label>(self)->text = hosts::textOf(text);
+}
+
+- (void)setTextAlignment:(long)alignment
+{
+    hosts::peerAs<sim::Label>(self)->alignment = alignment;
+}
+
+- (void)setFont:(id)font
+{
+    auto* const label = hosts::peerAs<sim::Label>(self);
+    if (const auto* const given = hosts::peerAs<sim::Font>(font)) {
+        label->fontSize = given->size;
+        label->fontWeight = given->weight;
+    }
+}
+
+- (void)setTextColor:(id)color
+{
+    hosts::peerAs<sim::Label>(self)->textColor = componentsOf(color);
+}
+
+@end
+
+@implementation UIImageView
+
+- (id)initWithImage:(id)image
+{
+    hosts::peerAs<sim::ImageView>(self)->setImage(hosts::peerAs<sim::Image>(image));
+    return self;
+}
+
+- (void)setTintColor:(id)color
+{
+    hosts::peerAs<sim::ImageView>(self)->tint = componentsOf(color);
+}
+
+@end
+
+// Layers.
+
+@implementation CALayer
+
+- (void)setMasksToBounds:(BOOL)masks
+{
+    if (sim::View* const view = hosts::peerAs<sim::LayerObject>(self)->view)
+        view->layer.masksToBounds = masks;
+}
+
+- (void)setCornerRadius:(double)radius
+{
+    if (sim::View* const view = hosts::peerAs<sim::LayerObject>(self)->view)
+        view->layer.cornerRadius = radius;
+}
+
+- (void)setContinuousCorners:(BOOL)continuous
+{
+    if (sim::View* const view = hosts::peerAs<sim::LayerObject>(self)->view)
+        view->layer.continuousCorners = continuous;
+}
+
+- (void)setBorderWidth:(double)width
+{
+    if (sim::View* const view = hosts::peerAs<sim::LayerObject>(self)->view)
+        view->layer.borderWidth = width;
+}
+
+- (void)setBorderColor:(void*)color
+{
+    if (sim::View* const view = hosts::peerAs<sim::LayerObject>(self)->view)
+        view->layer.borderColor = componentsOf(static_cast<id>(color));
+}
+
+- (void)removeAllAnimations
+{
+    if (sim::View* const view = hosts::peerAs<sim::LayerObject>(self)->view)
+        hosts::device().runLoop->removeAllAnimations(*view);
+}
+
+@end
