@@ -2,6 +2,7 @@
 #include "simulator/Bundle.h"
 #include "simulator/Files.h"
 #include "simulator/Play.h"
+#include "simulator/picture/PictureFolder.h"
 #include "tests/hosts/HostLibrary.h"
 
 #include <CLI/CLI.hpp>
@@ -25,6 +26,7 @@ int run(int argumentCount, char** arguments)
     play->add_option("--prefs", options.preferencesFolder, "Keep each preference domain as DIR/<domain>.plist");
     play->add_option("--format", format, "The trace as text or as json")->check(CLI::IsMember({ "text", "json" }));
     play->add_option("--trace", options.traceFile, "Write the trace there instead of to standard output");
+    play->add_option("--shots", options.picturesFolder, "Where shot puts its pictures");
     app.require_subcommand(1);
     CLI11_PARSE(app, argumentCount, arguments);
 
@@ -32,7 +34,8 @@ int run(int argumentCount, char** arguments)
     options.resourceFolder = sim::bundleBesideProgram();
     if (!library.empty())
         hosts::chooseLibrary(library);
-    return static_cast<int>(sim::play(options, hosts::chosenLibrary()));
+    sim::PictureFolder pictures(options.picturesFolder, sim::complain);
+    return static_cast<int>(sim::play(options, hosts::chosenLibrary(), &pictures));
 }
 
 } // namespace

@@ -1,9 +1,15 @@
 #!/usr/bin/env bash
-# Two programs play one scenario: the traces and the ways in which they end must be the same.
+# Two programs play one scenario: traces and pictures must be the same, and both must end well.
 #
 #   same_trace.sh PROGRAM PROGRAM FILE
-set -uo pipefail
-first=$("$1" play --format json "$3") || exit 1
-second=$("$2" play --format json "$3") || exit 1
-[[ -n $first ]] || { echo "no trace at all" >&2; exit 1; }
-diff <(echo "$first") <(echo "$second")
+set -euo pipefail
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+play() {
+    mkdir "$folder/$1"
+    "$2" play --format json --shots "$folder/$1" --trace "$folder/$1/trace" "$3"
+}
+play first "$1" "$3"
+play second "$2" "$3"
+[[ -s $folder/first/trace ]]
+diff -r "$folder/first" "$folder/second"
