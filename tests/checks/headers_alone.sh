@@ -10,7 +10,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/rooms.sh"
 root=$1 compiler=$2
 
 flags=(-std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -I "$root")
-libraries=(libplist-2.0 cairo pangocairo librsvg-2.0)
+libraries=(libplist-2.0 cairo pangocairo librsvg-2.0 sdl2)
 read -r -a library_flags <<<"$(pkg-config --cflags "${libraries[@]}")"
 
 # What each source of the logic includes first, if that is a header of ours.
