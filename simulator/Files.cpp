@@ -68,12 +68,17 @@ void OutputFile::write(std::string_view text)
         noteError(errno);
 }
 
+void OutputFile::flush()
+{
+    if (m_stream && std::fflush(m_stream.get()) != 0)
+        noteError(errno);
+}
+
 void OutputFile::close()
 {
     if (!m_stream)
         return;
-    if (std::fflush(m_stream.get()) != 0)
-        noteError(errno);
+    flush();
     // A file system may keep its complaint until the very end.
     auto* const stream = m_stream.release();
     if (m_stream.get_deleter()(stream) != 0)

@@ -26,6 +26,8 @@ public:
     static OutputFile named(const std::string& name);
 
     void write(std::string_view text);
+    /// Passes on what was written: whoever reads the file sees it.
+    void flush();
     /// Everything that was written is with the system afterwards, or error() says why not.
     void close();
     const std::optional<FileError>& error() const { return m_error; }

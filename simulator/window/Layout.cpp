@@ -15,7 +15,7 @@ constexpr double panelWidth = 392;
 constexpr double sideButtonDepth = 4; ///< of what stands out of the body, points
 
 /// Below this many pixels a unit, text is too small to be read.
-constexpr double smallestUnit = 0.7;
+constexpr double smallestUnit = 0.65;
 
 struct Arrangement {
     double width;

@@ -51,7 +51,7 @@ void Person::press(std::size_t control)
 {
     settle();
     if (m_held.insert(control).second)
-        m_session.play(allControls()[control].press(m_phone));
+        m_session.playAll(allControls()[control].press(m_phone));
 }
 
 void Person::release(std::size_t control)
@@ -60,7 +60,7 @@ void Person::release(std::size_t control)
     if (m_held.erase(control) == 0)
         return;
     if (const auto release = allControls()[control].release)
-        m_session.play(release(m_phone));
+        m_session.playAll(release(m_phone));
 }
 
 void Person::pointerDown(Point point)

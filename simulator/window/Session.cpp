@@ -1,6 +1,7 @@
 /// Lines played, time passed on, and what other processes write noticed.
 #include "simulator/window/Session.h"
 
+#include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/window/Numerals.h"
@@ -21,9 +22,6 @@ constexpr const char* ownDomain = "net.qorvath.panotra";
 /// Levels that tell the six apart at a glance.
 constexpr std::array<const char*, 6> pleasantLevels { "system Audio/Video 0.5625", "system PhoneCall 0.625",
     "system Ringtone 0.75", "system Alarm 0.875", "system Notifications 0.4375", "system VoiceCommand 0.5" };
-
-/// Longer than the indicator is to be seen.
-constexpr double indicatorSeconds = 3;
 
 } // namespace
 
@@ -82,7 +80,7 @@ void Session::start(const ScreenSize& screen)
     }
     for (const char* const line : pleasantLevels)
         play(line);
-    play({ "echo on", "load", "launch" });
+    playAll({ "echo on", "load", "launch" });
 }
 
 void Session::play(const std::string& line)
@@ -92,7 +90,7 @@ void Session::play(const std::string& line)
     m_lineTime = m_device.runLoop->now();
 }
 
-void Session::play(const std::vector<std::string>& lines)
+void Session::playAll(const std::vector<std::string>& lines)
 {
     for (const std::string& line : lines)
         play(line);
@@ -152,15 +150,22 @@ void Session::moveClockTo(double time)
 
 std::optional<std::chrono::microseconds> Session::untilDue() const
 {
-    const auto due = m_device.runLoop->nextDue();
+    const double now = m_device.runLoop->now();
+    const auto& indicator = m_device.home->indicator;
+    auto due = m_device.runLoop->nextDue();
+    if (indicator && now < indicator->fadesAt())
+        due = std::min(due.value_or(indicator->fadesAt()), indicator->fadesAt());
     if (!due)
         return std::nullopt;
-    return std::chrono::microseconds(std::llround(std::ceil((*due - m_device.runLoop->now()) * 1e6)));
+    return std::chrono::microseconds(std::llround(std::ceil((*due - now) * 1e6)));
 }
 
 bool Session::isMoving() const
 {
-    return m_device.runLoop->runningAnimations() > 0 || m_device.runLoop->now() < m_indicatorEnd;
+    const double now = m_device.runLoop->now();
+    const auto& indicator = m_device.home->indicator;
+    const bool isFading = indicator && now >= indicator->fadesAt() && now < indicator->goneAt();
+    return isFading || m_device.runLoop->runningAnimations() > 0;
 }
 
 void Session::finish()
@@ -204,8 +209,6 @@ void Session::observe(const Json& event)
     m_text->event(event);
     if (event.at("event") == "write")
         m_settings[event.at("domain").get<std::string>()][event.at("key").get<std::string>()] = event.at("value");
-    else if (event.at("event") == "indicator")
-        m_indicatorEnd = event.at("t").get<double>() + indicatorSeconds;
 }
 
 } // namespace panotra::sim

@@ -40,7 +40,7 @@ public:
 
     /// A line that may stand after `load`, `wait` aside. One that is no such line is a programmer's mistake.
     void play(const std::string& line);
-    void play(const std::vector<std::string>& lines);
+    void playAll(const std::vector<std::string>& lines);
 
     /// Stores a number, boolean or string and announces it as the settings page does.
     void set(const std::string& domain, const std::string& key, const Json& value);
@@ -83,7 +83,6 @@ private:
     std::chrono::microseconds m_sinceLine { 0 };
     Json m_settings = Json::object(); ///< by domain and key, as this process knows them
     std::deque<std::string> m_traceLines;
-    double m_indicatorEnd = 0; ///< until then the host's own indicator may be seen
 };
 
 } // namespace panotra::sim

@@ -52,6 +52,7 @@ public:
             return {};
         return [this](std::string_view text) {
             m_file->write(text);
+            m_file->flush(); // a crash leaves what led to it
         };
     }
     /// Answers whether all of it is written, after a complaint if not.

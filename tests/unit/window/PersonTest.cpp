@@ -1,0 +1,185 @@
+/// Keys and pointer, on a sheet that nobody draws.
+#include "simulator/window/Person.h"
+#include "simulator/window/SettingsTable.h"
+#include "tests/unit/window/SessionFixture.h"
+
+namespace panotra::sim {
+namespace {
+
+using namespace std::chrono_literals;
+
+using ::testing::HasSubstr;
+
+class PersonTest : public testing::SessionFixture {
+protected:
+    PersonTest()
+        : phone(start().device())
+        , person(*session, phone)
+        , layout(layOut({ 1200, 800 }, {}, 1))
+    {
+        look();
+        newLines();
+    }
+
+    void look()
+    {
+        sheet = makeSheet({ *session, phone, layout, person.attention() });
+        person.see(sheet, layout);
+    }
+    /// The middle of the first spot of a purpose and index.
+    Point middleOf(Spot::Purpose purpose, std::size_t index = 0, std::size_t choice = 0) const
+    {
+        for (const Spot& spot : sheet.spots) {
+            if (spot.isSameAs({ {}, purpose, index, choice }))
+                return { spot.area.x + spot.area.width / 2, spot.area.y + spot.area.height / 2 };
+        }
+        ADD_FAILURE() << "no such spot";
+        return {};
+    }
+    void click(Point point)
+    {
+        person.pointerDown(point);
+        person.pointerUp(point);
+        look();
+    }
+    static std::size_t settingNamed(const std::string& key)
+    {
+        const auto settings = allSettings();
+        return static_cast<std::size_t>(std::ranges::find(settings, key, [](const SettingRow& row) {
+            return std::string(row.key);
+        }) - settings.begin());
+    }
+    Point onPhone(double x, double y) const
+    {
+        const Area spot = layout.phone.onSheet({ x, y, 0, 0 });
+        return { spot.x, spot.y };
+    }
+
+    Phone phone;
+    Person person;
+    Layout layout;
+    Sheet sheet;
+};
+
+TEST_F(PersonTest, AVolumeKeyIsHeldUntilItComesUpHoweverOftenItRepeats)
+{
+    EXPECT_TRUE(person.keyDown("Up"));
+    EXPECT_TRUE(person.keyDown("Up"));
+    EXPECT_TRUE(phone.isHeld(Button::Up));
+    person.keyUp("Up");
+    person.keyUp("Up");
+    EXPECT_EQ(newLines(), "press up\nrelease up\n");
+    EXPECT_FALSE(person.keyDown("F7"));
+}
+
+TEST_F(PersonTest, AButtonIsHeldAsLongAsTheMouseHoldsIt)
+{
+    const Point down = middleOf(Spot::Purpose::Control, 1);
+    person.pointerDown(down);
+    EXPECT_TRUE(phone.isHeld(Button::Down));
+    person.pointerUp({ 0, 0 });
+    EXPECT_FALSE(phone.isHeld(Button::Down));
+    EXPECT_EQ(newLines(), "press down\nrelease down\n");
+}
+
+TEST_F(PersonTest, EveryControlHasAButtonInTheWindow)
+{
+    for (std::size_t index = 0; index < allControls().size(); ++index)
+        middleOf(Spot::Purpose::Control, index);
+}
+
+TEST_F(PersonTest, TheMouseIsAFingerOnTheScreen)
+{
+    person.pointerDown(onPhone(100, 200));
+    person.pointerMove(onPhone(110, 200));
+    person.pointerMove(onPhone(150.125, 210));
+    person.settle();
+    person.settle();
+    person.pointerMove(onPhone(160, 220));
+    person.pointerUp(onPhone(161, 221));
+    EXPECT_EQ(newLines(), "touch down 100 200\ntouch move 150.13 210\ntouch move 161 221\ntouch up\n");
+    person.pointerMove(onPhone(10, 10));
+    person.settle();
+    EXPECT_EQ(newLines(), "") << "no button is down";
+}
+
+TEST_F(PersonTest, ADragOverASliderMovesItsLevel)
+{
+    person.keyDown("G");
+    session->advance(500ms);
+    const Json before = *session->setting(testing::ownDomain, "volume0");
+    View* const slider = dynamic_cast<View*>(session->device().classes->heldInField("_volumeView0"));
+    ASSERT_NE(slider, nullptr);
+    // The slider's left end, wherever it is on the screen.
+    const auto isOnSlider = [&](double x, double y) {
+        const auto point = slider->fromScreen({ x, y });
+        return point && point->x > 5 && point->x < 15 && point->y > 10 && point->y < 20;
+    };
+    Point place {};
+    for (double y = 0; y < 667; y += 5) {
+        for (double x = 0; x < 375; x += 5) {
+            if (isOnSlider(x, y))
+                place = { x, y };
+        }
+    }
+    person.pointerDown(onPhone(place.x, place.y));
+    person.pointerMove(onPhone(place.x + 40, place.y));
+    person.settle();
+    person.pointerUp(onPhone(place.x + 20, place.y));
+    EXPECT_NE(*session->setting(testing::ownDomain, "volume0"), before);
+    EXPECT_THAT(traced, HasSubstr("\"view\":\"_volumeView0\""));
+}
+
+TEST_F(PersonTest, AScreenThatIsOffTakesNoTouches)
+{
+    person.keyDown("L");
+    person.keyUp("L");
+    look();
+    newLines();
+    click(onPhone(100, 200));
+    EXPECT_EQ(newLines(), "");
+}
+
+TEST_F(PersonTest, AChoiceAndASwitchAreStoredAtOnce)
+{
+    click(middleOf(Spot::Purpose::Choice, settingNamed("mixerSkin"), 2));
+    EXPECT_THAT(newLines(), HasSubstr("pref net.qorvath.panotra mixerSkin int 2\nnotify"));
+    click(middleOf(Spot::Purpose::Switch, settingNamed("handleShake")));
+    EXPECT_THAT(newLines(), HasSubstr("handleShake bool yes\nnotify"));
+    click(middleOf(Spot::Purpose::Switch, settingNamed("handleShake")));
+    EXPECT_THAT(newLines(), HasSubstr("handleShake bool no\nnotify"));
+}
+
+TEST_F(PersonTest, ARangeIsStoredWhenItIsLetGo)
+{
+    const std::size_t delay = settingNamed("dismissDelay");
+    const Point middle = middleOf(Spot::Purpose::Range, delay);
+    person.pointerDown(middle);
+    EXPECT_EQ(person.attention().draggedValue, 5.5);
+    person.pointerMove({ middle.x + 1000, middle.y });
+    EXPECT_EQ(newLines(), "");
+    person.pointerUp({ middle.x + 1000, middle.y });
+    EXPECT_EQ(
+        newLines(), "pref net.qorvath.brevane2 dismissDelay float 10.0\nnotify net.qorvath.brevane2.settingschanged\n");
+    EXPECT_EQ(person.attention().draggedValue, std::nullopt);
+}
+
+TEST_F(PersonTest, TheListOfKeysCoversEverythingUntilItIsTouched)
+{
+    person.switchHelp();
+    look();
+    std::string texts;
+    for (const Element& element : sheet.elements) {
+        if (const auto* const text = std::get_if<Text>(&element))
+            texts += text->text + '\n';
+    }
+    for (const Control& control : allControls())
+        EXPECT_THAT(texts, HasSubstr(std::string(control.cap) + '\n' + control.label)) << control.label;
+    click(middleOf(Spot::Purpose::Control, 0));
+    EXPECT_FALSE(person.attention().wantsHelp);
+    EXPECT_EQ(newLines(), "");
+    EXPECT_FALSE(person.putHelpAway());
+}
+
+} // namespace
+} // namespace panotra::sim

@@ -1,0 +1,62 @@
+/// Each setting of the table, as the library takes it.
+#include "simulator/window/SettingsTable.h"
+#include "simulator/preferences/Conversions.h"
+#include "tests/unit/window/SessionFixture.h"
+
+namespace panotra::sim {
+namespace {
+
+class SettingsTableTest : public testing::SessionFixture {
+protected:
+    /// What the library holds.
+    double global(const SettingRow& row) const
+    {
+        const std::string name = row.key == std::string("dismissDelay") ? "autoDismiss" : row.key;
+        return preferences::numberOf(library.globals().at(name));
+    }
+};
+
+const SettingRow& row(const std::string& key)
+{
+    return *std::ranges::find(allSettings(), key, [](const SettingRow& each) { return std::string(each.key); });
+}
+
+TEST_F(SettingsTableTest, WhereNothingIsStoredTheTableKnowsWhatTheMixerTakes)
+{
+    writeElsewhere("replaceHUD", false); // what the session would choose
+    start();
+    for (const SettingRow& each : allSettings())
+        EXPECT_EQ(valueOf(*session, each), global(each)) << each.key;
+}
+
+TEST_F(SettingsTableTest, AChosenValueIsWhatTheLibraryThenHolds)
+{
+    start();
+    for (const SettingRow& each : allSettings()) {
+        for (const double value : { each.kind == SettingRow::Kind::Range ? 0.75 * each.most : 1.0,
+                 each.kind == SettingRow::Kind::Range ? each.least : 0.0 }) {
+            setValue(*session, each, value);
+            EXPECT_FLOAT_EQ(static_cast<float>(valueOf(*session, each)), static_cast<float>(global(each))) << each.key;
+            EXPECT_NEAR(global(each), value, each.step) << each.key;
+        }
+    }
+    setValue(*session, row("mixerSkin"), 3);
+    setValue(*session, row("dismissDelay"), 99);
+    EXPECT_EQ(global(row("mixerSkin")), 3);
+    EXPECT_EQ(global(row("dismissDelay")), 10) << "the end of its range";
+}
+
+TEST(SettingRowTest, StepsOfARangeAreRoundNumbers)
+{
+    const SettingRow& scale = row("scale");
+    EXPECT_EQ(valueAtFraction(scale, 0), 0.5);
+    EXPECT_EQ(valueAtFraction(scale, 1), 1.25);
+    EXPECT_EQ(valueAtFraction(scale, -7), 0.5);
+    EXPECT_EQ(valueAtFraction(scale, 0.52), 0.9);
+    EXPECT_EQ(valueAtFraction(scale, fractionOf(scale, 0.875)), 0.875);
+    EXPECT_EQ(textOfValue(scale, 0.875), "0.875");
+    EXPECT_EQ(textOfValue(row("dismissDelay"), 2.5), "2.5 s");
+}
+
+} // namespace
+} // namespace panotra::sim

@@ -1,0 +1,274 @@
+#!/usr/bin/env bash
+# The window as a person uses it: a display of its own, real keys, a real mouse, and pictures of what is to be seen.
+#
+#   window_test.sh PANOTRA CASE
+#
+# CASE is the name of a function below, with hyphens. Whatever takes time is waited for, not slept over.
+set -euo pipefail
+panotra=$1 case=$2
+domain=net.qorvath.panotra
+
+scratch=$(mktemp -d)
+display_process=
+window_process=
+clean_up() {
+    [[ -z $window_process ]] || kill -KILL "$window_process" 2>/dev/null || true
+    [[ -z $display_process ]] || kill "$display_process" 2>/dev/null || true
+    wait 2>/dev/null || true
+    rm -rf "$scratch"
+}
+trap clean_up EXIT
+cd "$scratch"
+
+fail() {
+    echo "$case: $1" >&2
+    for file in complaints recording; do
+        [[ ! -s $file ]] || tail -n 40 "$file" >&2
+    done
+    exit 1
+}
+
+# Tries a command again and again until it succeeds.
+wait_for() {
+    local what=$1 tries=600
+    shift
+    until "$@"; do
+        ((tries-- > 0)) || fail "waited in vain for $what"
+        sleep 0.05
+    done
+}
+
+has_line() { [[ -s $1 ]]; }
+open_display() {
+    Xvfb -displayfd 3 -screen 0 1320x880x24 3>display 2>/dev/null &
+    display_process=$!
+    wait_for "a display" has_line display
+    DISPLAY=:$(<display)
+    export DISPLAY SDL_VIDEODRIVER=x11
+}
+
+in_recording() { grep -qsFx -- "$1" recording; }
+in_trace() { grep -qsF -- "$1" trace.jsonl; }
+
+# Opens the window on a phone whose settings are in the folder `preferences`.
+open_window() {
+    [[ -n $display_process ]] || open_display
+    "$panotra" window --prefs preferences --record recording --trace trace.jsonl --statistics 2>complaints &
+    window_process=$!
+    wait_for "the phone" in_recording launch
+    wait_for "the window" see_window
+    wait_for "its picture" shows_something
+}
+see_window() {
+    kill -0 "$window_process" 2>/dev/null || fail "the window is gone"
+    window=$(xdotool search --onlyvisible --name '^Panotra$' 2>/dev/null | head -n 1)
+    [[ -n $window ]]
+}
+close_window() {
+    xdotool key q
+    local status=0
+    wait "$window_process" || status=$?
+    window_process=
+    [[ $status -eq 0 ]] || fail "the window ended with status $status"
+}
+
+# A picture of the window: a header, then rows of pixels.
+photograph() { xwd -silent -id "$window" >"$1"; }
+shows_something() {
+    photograph now
+    # The empty window is all black.
+    [[ $(tail -c 200000 now | tr -d '\0' | head -c 50000 | wc -c) -eq 50000 ]]
+}
+header_field() { od -An -tu4 -N4 -j $((4 * $2)) --endian=big "$1" | tr -d ' '; }
+
+# How many bytes of two photographs differ inside a rectangle of the sheet: X Y WIDTH HEIGHT in its units.
+differences() {
+    local header row bytes
+    header=$(($(header_field "$1" 0) + 12 * $(header_field "$1" 19)))
+    row=$(header_field "$1" 12)
+    bytes=$(($(header_field "$1" 11) / 8))
+    { cmp -l "$1" "$2" || true; } | awk -v header="$header" -v row="$row" -v bytes="$bytes" -v unit="$(unit)" \
+        -v x="$3" -v y="$4" -v width="$5" -v height="$6" '
+        {
+            offset = $1 - 1 - header
+            px = int(offset % row / bytes) / unit
+            py = int(offset / row) / unit
+            if (offset >= 0 && px >= x && px < x + width && py >= y && py < y + height) count++
+        }
+        END { print count + 0 }'
+}
+
+# Pixels a unit: the sheet is 800 units high.
+unit() { xdotool getwindowgeometry --shell "$window" | awk -F= '$1 == "HEIGHT" { print $2 / 800 }'; }
+# The mouse goes to a place on the sheet.
+point_at() { xdotool mousemove --window "$window" "$(scaled "$1")" "$(scaled "$2")"; }
+scaled() { awk -v length_in_units="$1" -v unit="$(unit)" 'BEGIN { printf "%d", length_in_units * unit }'; }
+
+# The middle of the phone's screen, where the panel of the mixer is.
+phone=(400 200 240 380)
+
+differs_on_phone() {
+    photograph now
+    [[ $(differences "$1" now "${phone[@]}") -gt 20000 ]]
+}
+
+level_of() {
+    plistutil --format xml --infile "preferences/$domain.plist" |
+        awk -F '[<>]' -v key="$1" 'found { print $3; exit } $3 == key { found = 1 }'
+}
+
+a_press_shows_the_mixer() {
+    open_window
+    photograph before
+    xdotool keydown Up
+    wait_for "the press" in_recording "press up"
+    wait_for "the mixer" differs_on_phone before
+    in_trace '"event":"windowShown"' || fail "the mixer has no window"
+    xdotool keyup Up
+    wait_for "the release" in_recording "release up"
+    # Nobody does anything, and it goes away by itself.
+    wait_for "the dismissal" in_trace '"event":"perform","selector":"releaseObjects"'
+    is_as_before() {
+        photograph now
+        [[ $(differences before now "${phone[@]}") -eq 0 ]]
+    }
+    wait_for "the home screen as it was" is_as_before
+    close_window
+}
+
+a_drag_reaches_the_property_list() {
+    open_window
+    xdotool key g
+    wait_for "the mixer" in_trace '"event":"windowShown"'
+    # A panel that is still fading in takes no touch: first the blur comes, then the panel.
+    has_faded_in() { [[ $(grep -cF '"event":"animationEnd"' trace.jsonl) -ge 2 ]]; }
+    wait_for "the end of its fade" has_faded_in
+    wait_for "its levels" test -s "preferences/$domain.plist"
+    photograph before
+    # The slider of the ringtone, from three quarters to about a fifth.
+    point_at 470 519
+    xdotool mousedown 1
+    wait_for "the finger" in_trace '"view":"_volumeView7"'
+    point_at 440 519
+    point_at 418 519
+    has_dragged() { awk -v level="$(level_of volume7)" 'BEGIN { exit !(level > 0.05 && level < 0.4) }'; }
+    wait_for "the level in the property list" has_dragged
+    xdotool mouseup 1
+    wait_for "the finger's end" in_recording "touch up"
+    photograph now
+    [[ $(differences before now "${phone[@]}") -gt 500 ]] || fail "the slider does not show its level"
+    close_window
+    [[ $(level_of volume8) == 0.875* ]] || fail "another level is $(level_of volume8)"
+}
+
+another_process_is_obeyed() {
+    open_window
+    "$panotra" prefs set --prefs preferences $domain activeStyle int 1
+    wait_for "the announcement" in_recording "notify $domain.settingschanged"
+    in_recording "pref $domain activeStyle int 1" || fail "the change is not recorded"
+    photograph before
+    xdotool key Up
+    wait_for "the mixer" in_trace '"event":"windowShown"'
+    # The banner stands above the middle of the screen, which stays as it was.
+    shows_banner() {
+        photograph now
+        [[ $(differences before now 360 80 320 200) -gt 10000 && $(differences before now 400 560 240 100) -eq 0 ]]
+    }
+    wait_for "the banner" shows_banner
+    close_window
+    echo "expect globals.activeStyle 1" >>recording
+    "$panotra" play recording --trace /dev/null || fail "the recorded phone does not obey"
+}
+
+a_recording_gives_the_same_trace() {
+    "$panotra" prefs set --prefs preferences $domain volume1 float 0.3
+    open_window
+    local key
+    for key in Up 3 p Down p 3 n m m c t r s; do
+        xdotool key "$key"
+    done
+    wait_for "the last key" in_recording shake
+    xdotool key d r r r g
+    wait_for "the mixer" in_recording "activator net.qorvath.panotra.presentmixer"
+    point_at 460 519
+    xdotool mousedown 1
+    point_at 430 519
+    point_at 490 521
+    xdotool mouseup 1
+    wait_for "the finger's end" in_recording "touch up"
+    # A setting, by the mouse: the third skin.
+    point_at 1048 100
+    xdotool click 1
+    wait_for "the setting" in_recording "pref $domain mixerSkin int 2"
+    close_window
+    "$panotra" play recording --format json --trace again.jsonl || fail "the recording does not play"
+    cmp trace.jsonl again.jsonl || fail "another trace"
+}
+
+the_indicator_without_the_mixer() {
+    "$panotra" prefs set --prefs preferences $domain replaceHUD bool no
+    open_window
+    photograph before
+    xdotool key Up
+    wait_for "the indicator" in_trace '"event":"indicator"'
+    shows_indicator() {
+        photograph now
+        [[ $(differences before now "${phone[@]}") -gt 5000 ]]
+    }
+    wait_for "its picture" shows_indicator
+    ! in_trace '"event":"windowShown"' || fail "the mixer is there, too"
+    is_gone() {
+        photograph now
+        [[ $(differences before now "${phone[@]}") -eq 0 ]]
+    }
+    wait_for "its end" is_gone
+    close_window
+}
+
+nothing_wakes_an_idle_window() {
+    open_window
+    switches() { awk '/voluntary_ctxt_switches/ { sum += $2 } END { print sum }' "/proc/$window_process"/task/*/status; }
+    # The display may still have something to tell right after the start.
+    local before=-1 now
+    now=$(switches)
+    for _ in {1..20}; do
+        before=$now
+        sleep 1
+        now=$(switches)
+        [[ $now -ne $before ]] || break
+    done
+    [[ $now -eq $before ]] || fail "$((now - before)) wake-ups in a second of nothing"
+    close_window
+}
+
+trouble_is_one_line() {
+    # expect STATUS PATTERN COMMAND...
+    expect() {
+        local status=0 expected=$1 pattern=$2
+        shift 2
+        "$@" >output 2>complaints || status=$?
+        [[ $status -eq $expected ]] || fail "status $status instead of $expected: $*"
+        [[ $(wc -l <complaints) -eq 1 && ! -s output ]] || fail "not one line: $*"
+        grep -qE -- "$pattern" complaints || fail "no '$pattern': $*"
+    }
+    echo "no folder" >file
+    echo "what was recorded before" >kept
+    local without_display=(env -u DISPLAY -u WAYLAND_DISPLAY SDL_VIDEODRIVER=x11)
+    expect 3 '^panotra: no display to open a window on: ' \
+        "${without_display[@]}" "$panotra" window --prefs preferences --record kept
+    grep -qFx "what was recorded before" kept || fail "a window that did not open has emptied the recording"
+    expect 3 '^panotra: file/preferences: Not a directory$' "$panotra" window --prefs file/preferences
+    expect 3 '^panotra: file: Not a directory$' "$panotra" window --prefs file
+    expect 3 '^panotra: no home folder' env -u HOME -u XDG_DATA_HOME "$panotra" window
+    expect 2 '^panotra: ' "$panotra" window --frobnicate
+    expect 2 '^panotra: ' "$panotra" window --record
+    cat >fonts.conf <<<'<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd"><fontconfig></fontconfig>'
+    expect 3 '^panotra: no font is installed' \
+        env FONTCONFIG_FILE="$PWD/fonts.conf" "$panotra" window --prefs preferences
+    open_display
+    expect 3 '^panotra: no/recording: No such file or directory$' \
+        "$panotra" window --prefs preferences --record no/recording
+    expect 3 '^panotra: no/trace: No such file or directory$' "$panotra" window --prefs preferences --trace no/trace
+}
+
+"${case//-/_}"
