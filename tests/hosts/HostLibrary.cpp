@@ -4,7 +4,10 @@
 #include "model/ProcessValues.h"
 #include "simulator/Globals.h"
 #include "tests/hosts/HostProcess.h"
+#include "tests/hosts/Imports.h"
 #include "tests/hosts/LibraryImage.h"
+#include "tests/hosts/macho/MachImage.h"
+#include "tests/hosts/macho/MachImports.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -57,11 +60,22 @@ template <typename Handle> void* heldBy(const ProcessReference<Handle>& referenc
     return object;
 }
 
+void* import(std::string_view name)
+{
+    void* const ofFormat = machImport(name);
+    return ofFormat != nullptr ? ofFormat : importedSymbol(name);
+}
+
+std::unique_ptr<LibraryImage> open(const std::string& path)
+{
+    return isMachFile(path) ? openMachImage(path, import) : openNativeImage(path);
+}
+
 void load()
 {
     prepareProcess();
     try {
-        image() = openNativeImage(chosenPath());
+        image() = open(chosenPath());
     } catch (const std::runtime_error& error) {
         std::fprintf(stderr, "panotra: %s\n", error.what());
         std::exit(EXIT_FAILURE);
