@@ -6,7 +6,8 @@
 
 namespace panotra::hosts {
 
-/// Sets Objective-C classes in front of the device that lives now. Once a process, before the library is loaded.
+/// Sets Objective-C classes in front of the device that lives now. Before the library is loaded; a second time nothing
+/// happens.
 void prepareProcess();
 /// The text of a string object; nothing for null.
 std::optional<std::string> textOfString(void* string);

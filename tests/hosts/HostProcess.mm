@@ -6,11 +6,15 @@
 #include "tests/hosts/classes/Foundation.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace panotra::hosts {
 
 void prepareProcess()
 {
+    static bool isPrepared = false;
+    if (std::exchange(isPrepared, true))
+        return;
     // Foundation would make a folder for its defaults in the user's home.
     setenv("GNUSTEP_CONFIG_FILE", PANOTRA_GNUSTEP_CONFIG, 1);
     [NSAutoreleasePool new]; // for the life of the process

@@ -13,4 +13,8 @@ namespace panotra::hosts {
 /// platform's stand-ins nor this process has.
 void* importedSymbol(std::string_view name);
 
+/// From now on the library finds under the name a class that has of the one that it would find what that inherits, and
+/// nothing else.
+void emptyClass(const char* name);
+
 } // namespace panotra::hosts

@@ -1,10 +1,13 @@
 /// The platform's Objective-C runtime over the one at hand: what that has is called, what it lacks is made of it.
 #include "tests/hosts/Crossings.h"
+#include "tests/hosts/Imports.h"
 #include "tests/hosts/Peers.h"
 
 #include <objc/message.h>
 #include <objc/runtime.h>
 
+#include <cstdlib>
+#include <map>
 #include <string>
 
 using namespace panotra;
@@ -21,6 +24,19 @@ void noteMessage(id receiver, SEL selector)
         + sel_getName(selector) + ']');
 }
 
+std::map<std::string, Class, std::less<>>& emptyClasses()
+{
+    static std::map<std::string, Class, std::less<>> all;
+    return all;
+}
+
+Class newClass(const char* name, Class superclass)
+{
+    const Class made = objc_allocateClassPair(superclass, name, 0);
+    objc_registerClassPair(made);
+    return made;
+}
+
 /// A pool of the device's and one of Foundation's, pushed together.
 struct Pool {
     NSAutoreleasePool* foundation;
@@ -29,7 +45,18 @@ struct Pool {
 
 } // namespace
 
+void hosts::emptyClass(const char* name)
+{
+    emptyClasses()[name] = newClass((std::string("Empty") + name).c_str(), class_getSuperclass(objc_lookUpClass(name)));
+}
+
 extern "C" {
+
+void* __wrap_malloc(std::size_t size)
+{
+    noteCrossing("malloc");
+    return std::malloc(size);
+}
 
 IMP panotraFindMethod(id receiver, SEL selector)
 {
@@ -44,11 +71,10 @@ Class __wrap_objc_getClass(const char* name)
     noteCrossing("objc_getClass");
     if (name == nullptr || hosts::device().classes->find(name) == nullptr)
         return Nil;
-    if (const Class found = objc_lookUpClass(name))
-        return found;
-    const Class made = objc_allocateClassPair([NSObject class], name, 0);
-    objc_registerClassPair(made);
-    return made;
+    if (const auto empty = emptyClasses().find(name); empty != emptyClasses().end())
+        return empty->second;
+    const Class found = objc_lookUpClass(name);
+    return found != Nil ? found : newClass(name, [NSObject class]);
 }
 
 Class __wrap_object_getClass(id object)

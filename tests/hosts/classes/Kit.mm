@@ -1,11 +1,12 @@
 /// The rest of UIKit: colours, fonts, pictures, the screen, events, recognisers, the application.
+#include "tests/hosts/classes/UIKit.h"
+
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Pictures.h"
 #include "simulator/device/Screen.h"
 #include "simulator/device/Values.h"
 #include "tests/hosts/DeviceCalls.h"
 #include "tests/hosts/Values.h"
-#include "tests/hosts/classes/UIKit.h"
 
 #include <objc/runtime.h>
 

@@ -1,9 +1,10 @@
 /// The classes of the home screen, of the audio service and of other people's libraries.
+#include "tests/hosts/classes/SpringBoard.h"
+
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/SharedObjects.h"
 #include "tests/hosts/DeviceCalls.h"
 #include "tests/hosts/Values.h"
-#include "tests/hosts/classes/UIKit.h"
 
 using namespace panotra;
 
@@ -18,9 +19,6 @@ id sharedObject(const char* className)
 } // namespace
 
 // The audio service.
-
-@interface AVSystemController : DeviceObject
-@end
 
 @implementation AVSystemController
 
@@ -66,9 +64,6 @@ id sharedObject(const char* className)
 
 // The home screen's program.
 
-@interface SpringBoard : UIApplication
-@end
-
 @implementation SpringBoard
 
 - (void)applicationDidFinishLaunching:(id)application
@@ -86,14 +81,6 @@ id sharedObject(const char* className)
     return hosts::callOwn<bool>("SpringBoard", hosts::peerOf(self), _cmd);
 }
 
-@end
-
-/// Its state is read by key from its instance variables.
-@interface VolumeControl : DeviceObject {
-    long long _mode;
-    BOOL _volumeUpButtonIsDown;
-    BOOL _volumeDownButtonIsDown;
-}
 @end
 
 @implementation VolumeControl
@@ -120,9 +107,6 @@ id sharedObject(const char* className)
 
 @end
 
-@interface SBHUDController : DeviceObject
-@end
-
 @implementation SBHUDController
 
 - (void)presentHUDView:(id)view autoDismissWithDelay:(double)delay
@@ -137,9 +121,6 @@ id sharedObject(const char* className)
 
 @end
 
-@interface SBSound : DeviceObject
-@end
-
 @implementation SBSound
 
 - (long)soundType
@@ -147,9 +128,6 @@ id sharedObject(const char* className)
     return hosts::callOwn<std::int64_t>("SBSound", hosts::peerOf(self), _cmd);
 }
 
-@end
-
-@interface SBSoundController : DeviceObject
 @end
 
 @implementation SBSoundController
@@ -162,9 +140,6 @@ id sharedObject(const char* className)
 
 @end
 
-@interface SBMediaController : DeviceObject
-@end
-
 @implementation SBMediaController
 
 - (void)setRingerMuted:(BOOL)muted
@@ -175,9 +150,6 @@ id sharedObject(const char* className)
 @end
 
 // The voice assistant.
-
-@interface AXSpringBoardServer : DeviceObject
-@end
 
 @implementation AXSpringBoardServer
 
@@ -203,9 +175,6 @@ id sharedObject(const char* className)
 
 @end
 
-@interface SBAssistantController : DeviceObject
-@end
-
 @implementation SBAssistantController
 
 + (id)sharedInstance
@@ -222,9 +191,6 @@ id sharedObject(const char* className)
 
 // Other people's indicator overlays.
 
-@interface MeliorWindow : UIWindow
-@end
-
 @implementation MeliorWindow
 
 + (id)sharedInstance
@@ -234,9 +200,6 @@ id sharedObject(const char* className)
 
 @end
 
-@interface ABVolumeHUDVisibilityManager : DeviceObject
-@end
-
 @implementation ABVolumeHUDVisibilityManager
 
 - (void)hideImmediatelyIfPossible
@@ -244,9 +207,6 @@ id sharedObject(const char* className)
     hosts::callOwn<void>("ABVolumeHUDVisibilityManager", hosts::peerOf(self), _cmd);
 }
 
-@end
-
-@interface ABVolumeHUDManager : DeviceObject
 @end
 
 @implementation ABVolumeHUDManager
@@ -270,9 +230,6 @@ id sharedObject(const char* className)
 
 // The gesture framework.
 
-@interface LAActivator : DeviceObject
-@end
-
 @implementation LAActivator
 
 + (id)sharedInstance
@@ -286,9 +243,6 @@ id sharedObject(const char* className)
         hosts::device().home->registerListener(hosts::peerOf(listener), *text);
 }
 
-@end
-
-@interface LAEvent : DeviceObject
 @end
 
 @implementation LAEvent

@@ -1,9 +1,10 @@
 /// UIView: geometry, the tree, block animations.
+#include "tests/hosts/classes/UIKit.h"
+
 #include "simulator/device/RunLoop.h"
 #include "tests/hosts/Blocks.h"
 #include "tests/hosts/DeviceCalls.h"
 #include "tests/hosts/Values.h"
-#include "tests/hosts/classes/UIKit.h"
 
 using namespace panotra;
 

@@ -1,0 +1,125 @@
+/// What the library asks of the process when it is loaded.
+#include "tests/hosts/Crossings.h"
+
+#include "tests/hosts/HostTest.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <set>
+
+namespace panotra::testing {
+
+namespace {
+
+using ::testing::ElementsAre;
+
+/// Questions that change nothing and counts that are given back.
+const std::set<std::string> looksAndCounts = {
+    "class_getInstanceMethod",
+    "class_getMethodImplementation",
+    "class_getSuperclass",
+    "class_respondsToSelector",
+    "object_getClass",
+    "objc_autoreleasePoolPop",
+    "objc_autoreleasePoolPush",
+    "objc_release",
+    "objc_retain",
+    "sel_registerName",
+};
+
+/// The library's first look at anything is counted too.
+class CrossingsTest : public HostTest {
+protected:
+    std::vector<std::string> crossingsOfLoad()
+    {
+        hosts::forgetCrossings();
+        hosts::recordCrossings(true);
+        library.load();
+        hosts::recordCrossings(false);
+        return hosts::crossings();
+    }
+
+    static std::vector<std::string> withoutLooks(std::vector<std::string> all)
+    {
+        std::erase_if(all, [](const std::string& each) { return looksAndCounts.contains(each); });
+        return all;
+    }
+};
+
+} // namespace
+
+TEST_F(CrossingsTest, OutsideTheHomeScreenTheConstructorHooksTheShakeRegistersItAndAsksWhereItIs)
+{
+    device.bundleIdentifier = "com.example.editor";
+    const auto all = crossingsOfLoad();
+    EXPECT_THAT(withoutLooks(all),
+        ElementsAre("objc_getClass", // UIResponder
+            "MSHookMessageEx", "notify_register_check",
+            "objc_getClass", // NSBundle
+            "+[NSBundle mainBundle]", "-[NSBundle bundleIdentifier]",
+            "objc_getClass", // NSString
+            "-[GSCInlineString UTF8String]", "-[GSCInlineString lengthOfBytesUsingEncoding:]"));
+    EXPECT_EQ(all.size(), 36u);
+    EXPECT_EQ(std::ranges::count(all, "objc_retain"), std::ranges::count(all, "objc_release"));
+    EXPECT_EQ(events.size(), 2u); // the hook and the registration
+}
+
+TEST_F(CrossingsTest, InTheHomeScreenTheConstructorMakesNoObjectButTheNamesOfItsObservers)
+{
+    auto all = withoutLooks(crossingsOfLoad());
+    const auto countAll = [&all](const char* name) {
+        return std::ranges::count(all, name);
+    };
+    EXPECT_EQ(countAll("MSHookMessageEx"), 12);
+    EXPECT_EQ(countAll("notify_register_check"), 2);
+    EXPECT_EQ(countAll("CFNotificationCenterAddObserver"), 4);
+    EXPECT_EQ(countAll("+[NSString alloc]"), 4);
+    EXPECT_EQ(countAll("objc_allocateClassPair"), 0);
+}
+
+TEST_F(CrossingsTest, AnAnnouncementAndAStepOfADragCostFewMessagesAndAllocations)
+{
+    launch();
+    struct Cost {
+        long messages;
+        long allocations; ///< the library's own, and the objects that it makes
+    };
+    const auto costOf = [](const char* what, const auto& action) {
+        hosts::forgetCrossings();
+        hosts::recordCrossings(true);
+        action();
+        hosts::recordCrossings(false);
+        const auto& all = hosts::crossings();
+        const Cost cost {
+            std::ranges::count_if(all, [](const std::string& each) { return each[1] == '['; }),
+            std::ranges::count_if(
+                all, [](const std::string& each) { return each == "malloc" || each.ends_with(" alloc]"); }),
+        };
+        std::printf("%s: %ld messages, %ld allocations\n", what, cost.messages, cost.allocations);
+        return cost;
+    };
+    const auto announced = [this](const char* reason, float level) {
+        device.home->announce("Audio/Video", reason, level);
+    };
+    device.preferences->set("net.qorvath.panotra", "replaceHUD", true);
+    device.home->notify("net.qorvath.panotra.settingschanged");
+    announced("ExplicitVolumeChange", 0.25f);
+    pass(1);
+    announced("RouteChange", 0.25f);
+    const Cost route = costOf("a change of the route", [&] { announced("RouteChange", 0.75f); });
+    const Cost level = costOf("a new level", [&] { announced("ExplicitVolumeChange", 0.75f); });
+    pass(1);
+    device.home->pan(0, 1, 100);
+    const Cost step = costOf("a step of a drag", [&] { device.home->pan(0, 2, 120); });
+    device.home->pan(0, 3, 120);
+    EXPECT_GT(route.messages, 0);
+    EXPECT_LE(route.messages, 1000);
+    EXPECT_LE(level.messages, 1000);
+    EXPECT_LE(step.messages, 1000);
+    EXPECT_LE(route.allocations, 1000);
+    EXPECT_LE(level.allocations, 1000);
+    EXPECT_LE(step.allocations, 1000);
+}
+
+} // namespace panotra::testing

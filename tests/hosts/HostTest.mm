@@ -1,0 +1,71 @@
+/// The process of the tests.
+#include "tests/hosts/HostTest.h"
+
+#include "tests/hosts/HostProcess.h"
+#include "tests/hosts/Imports.h"
+
+#include <algorithm>
+
+namespace panotra::testing {
+
+HostTest::HostTest()
+{
+    device.traceSink = [this](const sim::Json& event) {
+        events.push_back(event);
+    };
+    hosts::prepareProcess();
+}
+
+void HostTest::load()
+{
+    library.load();
+    pass();
+}
+
+void HostTest::launch()
+{
+    load();
+    device.home->finishLaunching();
+    pass();
+}
+
+void HostTest::pass(double seconds)
+{
+    device.runLoop->turn();
+    device.runLoop->wait(seconds);
+}
+
+void HostTest::announce(id announcement)
+{
+    [audio() postEffectiveVolumeNotification:announcement];
+    pass();
+}
+
+NSDictionary* HostTest::announcement(id category, id reason, id level)
+{
+    NSMutableDictionary* const made = [NSMutableDictionary dictionary];
+    if (category != nil)
+        [made setObject:category forKey:@"AudioCategory"];
+    if (reason != nil)
+        [made setObject:reason forKey:@"AudioVolumeChangeReason"];
+    if (level != nil)
+        [made setObject:level forKey:@"AudioVolume"];
+    return made;
+}
+
+std::size_t HostTest::countOf(const std::string& event) const
+{
+    return static_cast<std::size_t>(
+        std::ranges::count_if(events, [&](const sim::Json& each) { return each["event"] == event; }));
+}
+
+IMP hook(const char* className, const char* selector, IMP replacement)
+{
+    using Hooking = void (*)(Class, SEL, IMP, IMP*);
+    IMP previous = nullptr;
+    const auto install = reinterpret_cast<Hooking>(hosts::importedSymbol("MSHookMessageEx"));
+    install(objc_lookUpClass(className), sel_registerName(selector), replacement, &previous);
+    return previous;
+}
+
+} // namespace panotra::testing

@@ -1,0 +1,385 @@
+/// Hosts that do what no host should: nothing may crash, and no call may be lost to whoever was there before.
+#include "tests/hosts/HostTest.h"
+
+#include "tests/hosts/Imports.h"
+#include "tests/hosts/LibraryImage.h"
+
+#include <cmath>
+#include <filesystem>
+#include <limits>
+
+namespace panotra::testing {
+
+namespace {
+
+/// Whatever may stand where a program expects something else.
+NSArray* oddValues()
+{
+    const double huge = std::numeric_limits<double>::max();
+    const double infinite = std::numeric_limits<double>::infinity();
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    NSString* const longText = [@"" stringByPaddingToLength:100000 withString:@"volume " startingAtIndex:0];
+    return [NSArray arrayWithObjects:[NSNull null], @"", @"Audio/Video", @"ExplicitVolumeChange", @"-1e400", @"\u00e9",
+                    longText, [NSNumber numberWithDouble:huge], [NSNumber numberWithDouble:-huge],
+                    [NSNumber numberWithDouble:infinite], [NSNumber numberWithDouble:none],
+                    [NSNumber numberWithFloat:0.5f], [NSNumber numberWithLongLong:LLONG_MIN],
+                    [NSNumber numberWithUnsignedLongLong:ULLONG_MAX], [NSNumber numberWithBool:YES], [NSArray array],
+                    [NSArray arrayWithObject:@"Ringtone"], [NSDictionary dictionary], [NSData data],
+                    [[NSObject new] autorelease], [NSObject class], nil];
+}
+
+/// A hook of another library's: it counts, and passes the call on. `Place` tells hooks of one type apart.
+template <int Place, typename Type> struct OtherHook;
+template <int Place, typename Result, typename... Arguments> struct OtherHook<Place, Result(Arguments...)> {
+    static inline IMP previous = nullptr;
+    static inline int calls = 0;
+
+    static Result replacement(id self, SEL selector, Arguments... arguments)
+    {
+        ++calls;
+        return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(previous)(self, selector, arguments...);
+    }
+    static void install(const char* className, const char* selector)
+    {
+        previous = hook(className, selector, reinterpret_cast<IMP>(replacement));
+    }
+};
+
+} // namespace
+
+using HostileHost = HostTest;
+
+TEST_F(HostileHost, AnnouncementsWithAnythingUnderAnyKeyReachTheHost)
+{
+    launch();
+    std::size_t announced = 0;
+    for (const bool replaces : { false, true }) {
+        device.preferences->set("net.qorvath.panotra", "replaceHUD", replaces);
+        device.home->notify("net.qorvath.panotra.settingschanged");
+        for (NSUInteger i = 0; i < [oddValues() count]; ++i) {
+            const id value = [oddValues() objectAtIndex:i];
+            announce(announcement(value, @"ExplicitVolumeChange", [NSNumber numberWithFloat:0.5f]));
+            announce(announcement(@"Audio/Video", value, [NSNumber numberWithFloat:0.25f]));
+            announce(announcement(@"Audio/Video", @"ExplicitVolumeChange", value));
+            announce(announcement(@"Ringtone", @"RouteChange", value));
+            announce(announcement(value, value, value));
+            announce(value);
+            announced += 6;
+            ASSERT_EQ(countOf("announced"), announced);
+            pass(0.1);
+        }
+    }
+    announce(nil);
+    EXPECT_EQ(countOf("announced"), announced + 1);
+    pass(100);
+    announce(announcement(@"Audio/Video", @"ExplicitVolumeChange", [NSNumber numberWithFloat:0.75f]));
+    EXPECT_TRUE(isShown());
+    pass(100);
+    EXPECT_FALSE(isShown());
+}
+
+TEST_F(HostileHost, ListenersAreAskedWithAnyNameAndAnswerNothingOrAText)
+{
+    launch();
+    const id listener = [objc_lookUpClass("PNOHelperController") performSelector:@selector(sharedInstance)];
+    ASSERT_NE(listener, nil);
+    const SEL questions[] = {
+        sel_registerName("activator:requiresLocalizedGroupForListenerName:"),
+        sel_registerName("activator:requiresLocalizedTitleForListenerName:"),
+        sel_registerName("activator:requiresLocalizedDescriptionForListenerName:"),
+    };
+    NSArray* const names = [oddValues() arrayByAddingObject:@"net.qorvath.panotra.mixer"];
+    for (NSUInteger i = 0; i <= [names count]; ++i) {
+        const id name = i < [names count] ? [names objectAtIndex:i] : nil;
+        for (const SEL question : questions) {
+            const id answer = [listener performSelector:question withObject:name withObject:name];
+            EXPECT_TRUE(answer == nil || [answer isKindOfClass:[NSString class]]);
+        }
+        using Receive = void (*)(id, SEL, id, id, id);
+        const SEL receive = sel_registerName("activator:receiveEvent:forListenerName:");
+        reinterpret_cast<Receive>(class_getMethodImplementation(object_getClass(listener), receive))(
+            listener, receive, name, name, name);
+        pass();
+    }
+    pass(100);
+}
+
+TEST_F(HostileHost, FieldsOfTheMixerAreReadByKeyThroughTheRuntime)
+{
+    launch();
+    device.home->notify("net.qorvath.panotra.uikitshaken");
+    pass(1);
+    ASSERT_TRUE(isShown());
+    const id controller = [objc_lookUpClass("PNOController") performSelector:@selector(sharedInstance)];
+    EXPECT_EQ([controller valueForKey:@"_window"], hosts::hostObjectFor(device.home->window()));
+    const id slider = [controller valueForKey:@"_volumeView3"];
+    EXPECT_STREQ(class_getName(object_getClass(slider)), "PNOVolumeView");
+    EXPECT_FLOAT_EQ([[slider valueForKey:@"volume"] floatValue], 0.5f);
+    EXPECT_TRUE([[slider valueForKey:@"_label1"] isKindOfClass:objc_lookUpClass("UILabel")]);
+}
+
+TEST_F(HostileHost, HooksOfOthersBeforeAndAfterAreAllCalledOnceACall)
+{
+    using Announce = void(id);
+    using SetVolume = BOOL(float, id);
+    using Mute = void(BOOL);
+    using Play = BOOL(id, unsigned long, id);
+    OtherHook<0, Announce>::install("AVSystemController", "postEffectiveVolumeNotification:");
+    OtherHook<0, SetVolume>::install("AVSystemController", "setVolumeTo:forCategory:");
+    OtherHook<0, Mute>::install("SBMediaController", "setRingerMuted:");
+    OtherHook<0, Play>::install("SBSoundController", "playSound:environments:completion:");
+    launch();
+    OtherHook<1, Announce>::install("AVSystemController", "postEffectiveVolumeNotification:");
+    OtherHook<1, SetVolume>::install("AVSystemController", "setVolumeTo:forCategory:");
+    OtherHook<1, Mute>::install("SBMediaController", "setRingerMuted:");
+    OtherHook<1, Play>::install("SBSoundController", "playSound:environments:completion:");
+
+    device.home->announceChange("Audio/Video", 0.25f);
+    EXPECT_EQ((OtherHook<0, Announce>::calls), 1);
+    EXPECT_EQ((OtherHook<1, Announce>::calls), 1);
+    EXPECT_EQ(countOf("announced"), 1u);
+
+    device.home->setVolume("Alarm", 0.75f);
+    EXPECT_EQ((OtherHook<0, SetVolume>::calls), 1);
+    EXPECT_EQ((OtherHook<1, SetVolume>::calls), 1);
+    EXPECT_EQ(countOf("setVolume"), 1u);
+
+    device.home->setRingerMuted(true);
+    EXPECT_EQ((OtherHook<0, Mute>::calls), 1);
+    EXPECT_EQ((OtherHook<1, Mute>::calls), 1);
+    EXPECT_EQ(countOf("ringer"), 1u);
+
+    device.home->playSound(1);
+    EXPECT_EQ((OtherHook<0, Play>::calls), 1);
+    EXPECT_EQ((OtherHook<1, Play>::calls), 1);
+    EXPECT_EQ(countOf("sound"), 1u);
+    EXPECT_EQ((OtherHook<0, SetVolume>::calls), 2); // the ringer's level, moved for the sound
+    EXPECT_EQ((OtherHook<1, SetVolume>::calls), 2);
+}
+
+namespace {
+
+/// How deep hosts call a hooked method from inside a hooked method here.
+constexpr int deepest = 20;
+int depth = 0;
+IMP setVolumeBefore = nullptr;
+
+/// Announces each level from inside the call that sets it, as a host that knows no queue.
+BOOL setVolumeAndAnnounce(id self, SEL selector, float level, id category)
+{
+    if (depth < deepest) {
+        ++depth;
+        [self postEffectiveVolumeNotification:[NSDictionary dictionaryWithObjectsAndKeys:category, @"AudioCategory",
+                                                            @"RouteChange", @"AudioVolumeChangeReason",
+                                                            [NSNumber numberWithFloat:level + 0.01f], @"AudioVolume",
+                                                            nil]];
+    }
+    return reinterpret_cast<BOOL (*)(id, SEL, float, id)>(setVolumeBefore)(self, selector, level, category);
+}
+
+} // namespace
+
+TEST_F(HostileHost, CallsOfHookedMethodsFromInsideHookedMethodsAllArrive)
+{
+    setVolumeBefore
+        = hook("AVSystemController", "setVolumeTo:forCategory:", reinterpret_cast<IMP>(setVolumeAndAnnounce));
+    launch();
+    events.clear();
+    [audio() setVolumeTo:0.25f forCategory:@"Audio/Video"];
+    pass();
+    EXPECT_EQ(depth, deepest);
+    EXPECT_EQ(countOf("announced"), std::size_t { deepest });
+    EXPECT_EQ(countOf("setVolume"), std::size_t { deepest } + 1);
+}
+
+TEST_F(HostileHost, ASecondCopyOfTheLibraryLosesNoCallToTheHost)
+{
+    launch();
+    const auto copy = std::filesystem::temp_directory_path() / ("libPanotraCopy." + std::to_string(getpid()) + ".so");
+    std::filesystem::copy_file(PANOTRA_NATIVE_LIBRARY, copy, std::filesystem::copy_options::overwrite_existing);
+    const auto second = hosts::openNativeImage(copy.string());
+    std::filesystem::remove(copy);
+    EXPECT_EQ(countOf("hook"), 24u);
+    events.clear();
+    device.home->finishLaunching();
+    device.home->announceChange("Audio/Video", 0.25f);
+    device.home->setRingerMuted(true);
+    device.home->press(sim::Button::Up);
+    device.home->notify("net.qorvath.panotra.uikitshaken");
+    pass(100);
+    EXPECT_EQ(countOf("launched"), 1u);
+    EXPECT_EQ(countOf("announced"), 2u);
+    EXPECT_EQ(countOf("ringer"), 1u);
+}
+
+namespace {
+
+/// Everything that the outside does to a home screen.
+void liveADay(sim::Device& device, const std::function<void(double)>& pass)
+{
+    sim::HomeScreen& home = *device.home;
+    for (const bool replaces : { false, true }) {
+        for (const std::int64_t style : { 0, 1 }) {
+            device.preferences->set("net.qorvath.panotra", "replaceHUD", replaces);
+            device.preferences->set("net.qorvath.panotra", "activeStyle", style);
+            home.notify("net.qorvath.panotra.settingschanged");
+            home.getActiveCategoryVolume(true);
+            home.announce("Audio/Video", "RouteChange", 0.75f);
+            home.press(sim::Button::Up);
+            home.release(sim::Button::Up);
+            pass(1);
+            home.presentHUD(1);
+            home.reorientHUD(true);
+            home.setStatusBarFrame("UIStatusBar", 0, 0, 320, 20);
+            home.setRingerMuted(replaces);
+            home.playSound(1);
+            home.playSound(std::nullopt);
+            home.motionBegan(1);
+            home.notify("net.qorvath.panotra.uikitshaken");
+            home.askActivator("title", "net.qorvath.panotra.mixer");
+            home.askActivator("icon", "net.qorvath.panotra.mixer");
+            home.sendActivatorEvent("net.qorvath.panotra.mixer");
+            home.pan(0, 1, 30);
+            home.pan(0, 2, 60);
+            home.pan(0, 3, 60);
+            device.touches->down(160, 240);
+            device.touches->move(190, 240);
+            device.touches->up();
+            home.notify("com.apple.springboard.screenchanged");
+            pass(100);
+        }
+    }
+}
+
+const char* const classesOfTheProcess[] = { "NSBundle", "NSDictionary", "NSNumber", "NSString", "NSUserDefaults",
+    "CALayer", "UIApplication", "UIColor", "UIFont", "UIImage", "UIImageView", "UILabel", "UIPanGestureRecognizer",
+    "UIResponder", "UIScreen", "UIStatusBar", "UIView", "UIViewPropertyAnimator", "UIWindow", "_UIBackdropView",
+    "_UIBackdropViewSettings", "_UIStatusBar", "AVSystemController", "AXSpringBoardServer", "SBAssistantController",
+    "SBHUDController", "SBMediaController", "SBSoundController", "SpringBoard", "VolumeControl", "LAActivator",
+    "MeliorWindow", "ABVolumeHUDManager" };
+
+/// A view that is none could not be shown by any host: UIView has its methods always.
+std::vector<const char*> classesThatMayBeEmpty()
+{
+    std::vector<const char*> classes(std::begin(classesOfTheProcess), std::end(classesOfTheProcess));
+    std::erase_if(classes, [](std::string_view name) { return name == "UIView"; });
+    return classes;
+}
+
+class ProcessWithout : public HostTest, public ::testing::WithParamInterface<const char*> { };
+class ProcessWithAnEmpty : public HostTest, public ::testing::WithParamInterface<const char*> { };
+
+std::string nameOf(const ::testing::TestParamInfo<const char*>& info)
+{
+    const std::string name = info.param;
+    return name.substr(name.find_first_not_of('_')) + (name[0] == '_' ? "Private" : "");
+}
+
+} // namespace
+
+TEST_P(ProcessWithout, TheClassLivesOn)
+{
+    device.classes->setPresent("MeliorWindow", true);
+    device.classes->setPresent("ABVolumeHUDManager", true);
+    device.classes->setPresent(GetParam(), false);
+    launch();
+    liveADay(device, [this](double seconds) { pass(seconds); });
+    EXPECT_EQ(countOf("launched"), std::string(GetParam()) == "SpringBoard" ? 0u : 1u);
+}
+
+/// The class is there, and has none of the methods that it should have of its own.
+TEST_P(ProcessWithAnEmpty, ClassLivesOn)
+{
+    device.classes->setPresent("MeliorWindow", true);
+    device.classes->setPresent("ABVolumeHUDManager", true);
+    hosts::emptyClass(GetParam());
+    launch();
+    liveADay(device, [this](double seconds) { pass(seconds); });
+    EXPECT_EQ(countOf("launched"), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithout, ::testing::ValuesIn(classesOfTheProcess), nameOf);
+INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithAnEmpty, ::testing::ValuesIn(classesThatMayBeEmpty()), nameOf);
+
+namespace {
+
+class Random : public HostTest, public ::testing::WithParamInterface<unsigned> { };
+
+/// The same numbers on every machine.
+class Dice {
+public:
+    explicit Dice(unsigned seed)
+        : m_state(seed)
+    {
+    }
+    /// From 0 to `sides` - 1.
+    unsigned roll(unsigned sides)
+    {
+        m_state = m_state * 6364136223846793005u + 1442695040888963407u;
+        return static_cast<unsigned>(m_state >> 33) % sides;
+    }
+
+private:
+    std::uint64_t m_state;
+};
+
+} // namespace
+
+TEST_P(Random, CallsWithAnythingInAnyOrderAllReachTheHost)
+{
+    launch();
+    Dice dice(GetParam());
+    NSArray* const values = oddValues();
+    const auto any = [&]() -> id {
+        const unsigned choice = dice.roll(static_cast<unsigned>([values count]) + 3);
+        return choice < [values count] ? [values objectAtIndex:choice] : nil;
+    };
+    const auto key = [&](id expected) -> id {
+        return dice.roll(2) == 0 ? expected : any();
+    };
+    std::size_t announced = 0;
+    for (int step = 0; step < 1500; ++step) {
+        NSAutoreleasePool* const pool = [NSAutoreleasePool new];
+        switch (dice.roll(10)) {
+        case 0:
+        case 1:
+        case 2:
+            device.home->playSound(5); // of the type that swallows no announcement
+            announce(announcement(key(@"Audio/Video"), key(@"ExplicitVolumeChange"), any()));
+            ++announced;
+            break;
+        case 3:
+            [audio() setVolumeTo:static_cast<float>([any() hash] % 100) / 50 forCategory:any()];
+            break;
+        case 4:
+            device.home->notify("net.qorvath.panotra.uikitshaken");
+            break;
+        case 5:
+            device.preferences->set("net.qorvath.panotra", dice.roll(2) == 0 ? "replaceHUD" : "activeStyle",
+                static_cast<int>(dice.roll(3)));
+            device.home->notify("net.qorvath.panotra.settingschanged");
+            break;
+        case 6:
+            device.screen->orientation = dice.roll(6);
+            device.home->reorientHUD(true);
+            break;
+        case 7:
+            device.home->pan(static_cast<int>(dice.roll(12)), dice.roll(6), dice.roll(400));
+            break;
+        case 8:
+            device.touches->down(dice.roll(400), dice.roll(700));
+            device.touches->move(dice.roll(400), dice.roll(700));
+            device.touches->up();
+            break;
+        default:
+            pass(dice.roll(30) / 10.0);
+        }
+        device.runLoop->turn();
+        [pool drain];
+    }
+    EXPECT_EQ(countOf("announced"), announced);
+}
+
+INSTANTIATE_TEST_SUITE_P(Hostile, Random, ::testing::Range(1u, 9u));
+
+} // namespace panotra::testing
