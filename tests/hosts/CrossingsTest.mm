@@ -114,12 +114,12 @@ TEST_F(CrossingsTest, AnAnnouncementAndAStepOfADragCostFewMessagesAndAllocations
     const Cost step = costOf("a step of a drag", [&] { device.home->pan(0, 2, 120); });
     device.home->pan(0, 3, 120);
     EXPECT_GT(route.messages, 0);
-    EXPECT_LE(route.messages, 1000);
-    EXPECT_LE(level.messages, 1000);
-    EXPECT_LE(step.messages, 1000);
-    EXPECT_LE(route.allocations, 1000);
-    EXPECT_LE(level.allocations, 1000);
-    EXPECT_LE(step.allocations, 1000);
+    EXPECT_LE(route.messages, 25);
+    EXPECT_LE(level.messages, 130);
+    EXPECT_LE(step.messages, 95);
+    EXPECT_LE(route.allocations, 5);
+    EXPECT_LE(level.allocations, 35);
+    EXPECT_LE(step.allocations, 32);
 }
 
 } // namespace panotra::testing
