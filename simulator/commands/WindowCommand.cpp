@@ -18,6 +18,12 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
             "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
             "~/.local/share/panotra/preferences)")
         ->type_name("DIR");
+    command->add_option("--screen", options->screen, "The screen in points and pixels a point")
+        ->type_name("WxH@S")
+        ->capture_default_str();
+    command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
+        ->type_name("FILE.png")
+        ->capture_default_str();
     command->add_option("--record", options->recordFile, "Save what is done as a scenario that does it again")
         ->type_name("FILE");
     command->add_option("--trace", options->traceFile, "Write the trace to OUT, a line of JSON an event")

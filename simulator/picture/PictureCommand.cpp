@@ -1,6 +1,7 @@
 /// From options to a picture.
 #include "simulator/picture/PictureCommand.h"
 
+#include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/render/Orientation.h"
 #include "simulator/scenario/Numbers.h"
@@ -12,21 +13,6 @@
 namespace panotra::sim {
 
 namespace {
-
-/// "WxH@S", each a number above 0.
-std::optional<ScreenSize> parseScreen(const std::string& text)
-{
-    const auto cross = text.find('x');
-    const auto at = text.find('@');
-    if (cross == text.npos || at == text.npos || at < cross)
-        return std::nullopt;
-    const auto width = parseDouble(text.substr(0, cross));
-    const auto height = parseDouble(text.substr(cross + 1, at - cross - 1));
-    const auto scale = parseDouble(text.substr(at + 1));
-    if (!width || !height || !scale || !(*width > 0) || !(*height > 0) || !(*scale > 0))
-        return std::nullopt;
-    return ScreenSize { *width, *height, *scale };
-}
 
 /// "SLOT=LEVEL", the slot from 0 to 11.
 std::optional<SlotLevel> parseSlotLevel(const std::string& text)
@@ -47,8 +33,7 @@ std::optional<std::string> completeShowing(PictureOptions& options)
     if (!options.screen.empty()) {
         const auto screen = parseScreen(options.screen);
         if (!screen)
-            return "--screen: found " + inQuotes(options.screen)
-                + ", expected WIDTHxHEIGHT@SCALE, each a number above 0, as in 375x667@2";
+            return "--screen: " + whyNoScreen(options.screen);
         options.showing.screen = *screen;
     }
     for (const std::string& text : options.levels) {
@@ -60,15 +45,6 @@ std::optional<std::string> completeShowing(PictureOptions& options)
     if (options.showing.focusedSlot && (*options.showing.focusedSlot < 0 || *options.showing.focusedSlot >= slotCount))
         return "--focus: found " + std::to_string(*options.showing.focusedSlot) + ", expected a slot from 0 to 11";
     return std::nullopt;
-}
-
-std::optional<render::Wallpaper> findWallpaper(const std::string& name, std::string& failure)
-{
-    if (name == "dusk")
-        return render::Wallpaper::dusk();
-    if (name == "dawn")
-        return render::Wallpaper::dawn();
-    return render::Wallpaper::fromFile(name, failure);
 }
 
 ExitStatus complainOf(ExitStatus status, const std::string& message)

@@ -2,6 +2,7 @@
 #include "simulator/window/WindowCommand.h"
 
 #include "simulator/Files.h"
+#include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/preferences/DefaultFolder.h"
 #include "simulator/scenario/Text.h"
@@ -15,10 +16,10 @@ namespace panotra::sim {
 
 namespace {
 
-ExitStatus failed(const std::string& message)
+ExitStatus failed(const std::string& message, ExitStatus status = ExitStatus::FileFailed)
 {
     complain(message);
-    return ExitStatus::FileFailed;
+    return status;
 }
 
 /// An absolute path, so that it stays the same folder whatever happens; none after a complaint.
@@ -78,11 +79,17 @@ private:
 
 ExitStatus openWindow(const WindowOptions& options, const Library& library)
 {
+    const auto screen = parseScreen(options.screen);
+    if (!screen)
+        return failed("--screen: " + whyNoScreen(options.screen), ExitStatus::WrongInput);
+    std::string failure;
+    auto wallpaper = findWallpaper(options.wallpaper, failure);
+    if (!wallpaper)
+        return failed(printable(options.wallpaper) + ": " + failure);
     const auto folder = makePreferencesFolder(options.preferencesFolder);
     if (!folder)
         return ExitStatus::FileFailed;
-    std::string failure;
-    const auto renderer = makeRenderer(render::Wallpaper::dusk(), complain, failure);
+    const auto renderer = makeRenderer(std::move(*wallpaper), complain, failure);
     if (renderer == nullptr)
         return failed(failure);
     const auto display = Display::open("Panotra", failure);
@@ -104,10 +111,13 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
     SessionSetup setup;
     setup.preferencesFolder = *folder;
     setup.resourceFolder = options.resourceFolder;
+    setup.screen = *screen;
     setup.record = recording.sink();
     setup.trace = trace.sink();
     setup.fileFailed = complain;
     Session session(std::move(setup), library);
+    if (const auto reason = render::whyTooLargeOrSmall(session.device()))
+        return failed("--screen: " + *reason, ExitStatus::WrongInput);
     Phone phone(session.device());
     WindowLoop loop(*display, session, phone, *renderer);
     loop.run();

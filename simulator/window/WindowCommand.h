@@ -13,6 +13,8 @@ struct WindowOptions {
     std::optional<std::string> preferencesFolder; ///< none: the person's own
     std::optional<std::string> recordFile;
     std::optional<std::string> traceFile; ///< JSON Lines
+    std::string screen = "375x667@2"; ///< WxH@S
+    std::string wallpaper = "dusk"; ///< "dusk", "dawn" or a PNG file
     std::string resourceFolder {};
     bool wantsStatistics = false;
 };

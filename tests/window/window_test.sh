@@ -261,10 +261,13 @@ trouble_is_one_line() {
     expect 3 '^panotra: no home folder' env -u HOME -u XDG_DATA_HOME "$panotra" window
     expect 2 '^panotra: ' "$panotra" window --frobnicate
     expect 2 '^panotra: ' "$panotra" window --record
+    expect 2 '^panotra: --screen: found "0x667@2", expected ' "$panotra" window --prefs preferences --screen 0x667@2
+    expect 3 '^panotra: file: ' "$panotra" window --prefs preferences --wallpaper file
     cat >fonts.conf <<<'<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd"><fontconfig></fontconfig>'
     expect 3 '^panotra: no font is installed' \
         env FONTCONFIG_FILE="$PWD/fonts.conf" "$panotra" window --prefs preferences
     open_display
+    expect 2 '^panotra: --screen: the screen has sides' "$panotra" window --prefs preferences --screen 99999x9@2
     expect 3 '^panotra: no/recording: No such file or directory$' \
         "$panotra" window --prefs preferences --record no/recording
     expect 3 '^panotra: no/trace: No such file or directory$' "$panotra" window --prefs preferences --trace no/trace
