@@ -6,6 +6,7 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace panotra::render {
@@ -123,14 +124,31 @@ template <int factor> void averageWholeBlocks(const Bitmap& behind, const PixelR
         averageBlocks<factor>(behind, area.x, area.y + y * factor, plane.row(y), area.width / factor);
 }
 
+Plane unreduced(const Bitmap& behind, const PixelRect& area)
+{
+    Plane plane(area.width, area.height);
+    for (int y = 0; y < area.height; ++y) {
+        const std::uint32_t* const from = behind.row(area.y + y).data() + area.x;
+        Pixel* const to = plane.row(y);
+        for (int x = 0; x < area.width; ++x) {
+            const auto pixel = static_cast<std::int32_t>(from[x]);
+            const Integers lanes { pixel & 0xff, pixel >> 8 & 0xff, pixel >> 16 & 0xff, 0 };
+            to[x].lanes = __builtin_convertvector(lanes, Floats);
+        }
+    }
+    return plane;
+}
+
 Plane reduced(const Bitmap& behind, const PixelRect& area, int factor)
 {
+    if (factor == 1)
+        return unreduced(behind, area);
     const auto blocks = [factor](int pixels) {
         return (pixels + factor - 1) / factor;
     };
     Plane plane(blocks(area.width), blocks(area.height));
-    int wholeColumns = area.width / factor;
-    int wholeRows = area.height / factor;
+    const int wholeColumns = area.width / factor;
+    const int wholeRows = area.height / factor;
     switch (factor) {
     case 8:
         averageWholeBlocks<8>(behind, area, plane);
@@ -138,11 +156,8 @@ Plane reduced(const Bitmap& behind, const PixelRect& area, int factor)
     case 4:
         averageWholeBlocks<4>(behind, area, plane);
         break;
-    case 2:
-        averageWholeBlocks<2>(behind, area, plane);
-        break;
     default:
-        wholeColumns = wholeRows = 0;
+        averageWholeBlocks<2>(behind, area, plane);
         break;
     }
     // What is left at the right and at the bottom.
@@ -174,12 +189,14 @@ struct Box {
     }
 };
 
+/// Three boxes one after the other are close to a Gaussian.
+constexpr int passes = 3;
+
 void blurRows(Plane& plane, const Box& box)
 {
     const int margin = box.radius + 1;
     std::vector<Pixel> line(static_cast<std::size_t>(plane.width() + 2 * margin));
-    for (int y = 0; y < plane.height(); ++y) {
-        Pixel* const row = plane.row(y);
+    const auto blurOnce = [&](Pixel* row) {
         std::fill_n(line.begin(), margin, row[0]);
         std::copy_n(row, plane.width(), line.begin() + margin);
         std::fill_n(line.end() - margin, margin, row[plane.width() - 1]);
@@ -192,23 +209,27 @@ void blurRows(Plane& plane, const Box& box)
             row[x].lanes = (sum + (before->lanes + after->lanes) * spread(box.endWeight)) * spread(box.scale);
             sum += after->lanes - before[1].lanes;
         }
+    };
+    for (int y = 0; y < plane.height(); ++y) {
+        for (int pass = 0; pass < passes; ++pass)
+            blurOnce(plane.row(y));
     }
 }
 
-void blurColumns(Plane& plane, const Box& box)
+/// From one plane to another of the same size.
+void blurColumnsOnce(const Plane& from, Plane& to, const Box& box)
 {
-    const Plane before = plane;
-    std::vector<Pixel> sums(static_cast<std::size_t>(plane.width()));
+    std::vector<Pixel> sums(static_cast<std::size_t>(from.width()));
     for (int y = -box.radius; y <= box.radius; ++y) {
-        const Pixel* const row = before.nearestRow(y);
+        const Pixel* const row = from.nearestRow(y);
         for (std::size_t x = 0; x < sums.size(); ++x)
             sums[x].lanes += row[x].lanes;
     }
-    for (int y = 0; y < plane.height(); ++y) {
-        const Pixel* const above = before.nearestRow(y - box.radius - 1);
-        const Pixel* const first = before.nearestRow(y - box.radius);
-        const Pixel* const below = before.nearestRow(y + box.radius + 1);
-        Pixel* const row = plane.row(y);
+    for (int y = 0; y < from.height(); ++y) {
+        const Pixel* const above = from.nearestRow(y - box.radius - 1);
+        const Pixel* const first = from.nearestRow(y - box.radius);
+        const Pixel* const below = from.nearestRow(y + box.radius + 1);
+        Pixel* const row = to.row(y);
         for (std::size_t x = 0; x < sums.size(); ++x) {
             row[x].lanes
                 = (sums[x].lanes + (above[x].lanes + below[x].lanes) * spread(box.endWeight)) * spread(box.scale);
@@ -217,16 +238,32 @@ void blurColumns(Plane& plane, const Box& box)
     }
 }
 
+/// In strips so narrow that the processor's cache holds one from pass to pass.
+void blurColumns(Plane& plane, const Box& box)
+{
+    constexpr int stripWidth = 8;
+    for (int x = 0; x < plane.width(); x += stripWidth) {
+        const int width = std::min(stripWidth, plane.width() - x);
+        Plane strip(width, plane.height());
+        Plane blurred(width, plane.height());
+        for (int y = 0; y < plane.height(); ++y)
+            std::copy_n(plane.row(y) + x, width, strip.row(y));
+        for (int pass = 0; pass < passes; ++pass) {
+            blurColumnsOnce(strip, blurred, box);
+            std::swap(strip, blurred);
+        }
+        for (int y = 0; y < plane.height(); ++y)
+            std::copy_n(strip.row(y), width, plane.row(y) + x);
+    }
+}
+
 void blur(Plane& plane, double variance)
 {
-    constexpr int passes = 3;
     if (!(variance > 0))
         return;
     const Box box(variance / passes);
-    for (int pass = 0; pass < passes; ++pass)
-        blurRows(plane, box);
-    for (int pass = 0; pass < passes; ++pass)
-        blurColumns(plane, box);
+    blurRows(plane, box);
+    blurColumns(plane, box);
 }
 
 // Coloured.
@@ -311,8 +348,9 @@ void copyRounded(const Plane& plane, Bitmap& bitmap)
 {
     for (int y = 0; y < bitmap.height(); ++y) {
         const auto row = bitmap.row(y);
+        const Pixel* const from = plane.row(y);
         for (std::size_t x = 0; x < row.size(); ++x) {
-            const Integers lanes = __builtin_convertvector(plane.row(y)[x].lanes + spread(0.5F), Integers);
+            const Integers lanes = __builtin_convertvector(from[x].lanes + spread(0.5F), Integers);
             row[x] = static_cast<std::uint32_t>(lanes[0] | lanes[1] << 8 | lanes[2] << 16);
         }
     }
