@@ -62,7 +62,7 @@ Floats spread(double value)
 
 constexpr int largestFactor = 8;
 /// The standard deviation, in pixels of the smaller picture, below which its coarseness would be seen.
-constexpr double leastSigmaWhenReduced = 2.5;
+constexpr double leastSigmaWhenReduced = 1.75;
 
 int factorFor(double sigma)
 {

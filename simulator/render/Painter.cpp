@@ -208,9 +208,13 @@ void Painter::paint(const BorderItem& border, const Item& item, Bitmap&)
     cairo_set_fill_rule(to, CAIRO_FILL_RULE_WINDING);
 }
 
-void Painter::paint(const ClipItem&, const Item& item, Bitmap&)
+void Painter::paint(const ClipItem& clip, const Item& item, Bitmap&)
 {
     cairo_save(context());
+    if (clip.isWhole) {
+        cairo_reset_clip(context()); // two round clips at once take cairo several times as long as one
+        m_damage.clip(context());
+    }
     addOutline(context(), item.shape);
     cairo_clip(context());
 }

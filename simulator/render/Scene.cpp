@@ -77,7 +77,7 @@ class SceneBuilder {
 public:
     SceneBuilder(const sim::Device& device, const PixelRect& screen)
         : m_device(device)
-        , m_clip { screen, std::nullopt }
+        , m_clip { screen, std::nullopt, screen }
     {
     }
 
@@ -90,6 +90,7 @@ private:
     struct ClipState {
         PixelRect extent;
         std::optional<Shape> shape; ///< of the innermost clip
+        PixelRect interior; ///< where no clip cuts anything off
     };
 
     /// From the interface as it is turned, its origin at its top left, to pixels.
@@ -184,8 +185,10 @@ void SceneBuilder::addView(const sim::View& view, const Transform& toPixels)
         const PixelRect inside = intersection(shape.extent(), m_clip.extent);
         if (inside.isEmpty())
             return;
-        const ClipState outside = std::exchange(m_clip, { inside, shape });
-        enclose(ClipItem {}, ClipEndItem {}, shape, [&] { addContents(view, shown, shape); });
+        const ClipItem clip { m_clip.interior.covers(shape.extent()) };
+        const ClipState outside
+            = std::exchange(m_clip, { inside, shape, intersection(m_clip.interior, shape.interior()) });
+        enclose(clip, ClipEndItem {}, shape, [&] { addContents(view, shown, shape); });
         m_clip = outside;
     };
     if (shown.alpha < 1)

@@ -67,6 +67,7 @@ struct BorderItem {
 
 /// Everything up to its end is cut off at the shape.
 struct ClipItem {
+    bool isWhole; ///< no clip around it cuts anything off it: while it lasts, they need not be thought of
     friend bool operator==(const ClipItem&, const ClipItem&) = default;
 };
 struct ClipEndItem {

@@ -116,6 +116,21 @@ PixelRect Shape::extent() const
     return { x, y, pixel(std::ceil(right.x - slack)) - x, pixel(std::ceil(bottom.y - slack)) - y };
 }
 
+PixelRect Shape::interior() const
+{
+    constexpr double straight = 1e-9;
+    const bool isStraight = std::abs(transform.b) + std::abs(transform.c) < straight
+        || std::abs(transform.a) + std::abs(transform.d) < straight;
+    const double half = std::min(size.width, size.height) / 2;
+    // There the diagonal of a corner meets its curve.
+    const auto inner = inset((1 - std::numbers::sqrt2 / 2) * std::min(cornerRadius, half));
+    if (!isStraight || !inner)
+        return {};
+    // Every pixel that the smaller shape touches, but for the outermost ones.
+    const PixelRect touched = inner->extent();
+    return { touched.x + 1, touched.y + 1, touched.width - 2, touched.height - 2 };
+}
+
 std::optional<Shape> Shape::inset(double distance) const
 {
     const Shape inner { compose(transform, translation(distance, distance)),

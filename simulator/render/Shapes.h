@@ -51,6 +51,8 @@ struct Shape {
     bool isRound() const { return cornerRadius > 0; }
     /// Every pixel that the shape touches. A sliver thinner than a thousandth of a pixel does not count.
     PixelRect extent() const;
+    /// Pixels that it covers whole, as many as a rectangle can hold away from its corners; none if it stands aslant.
+    PixelRect interior() const;
     /// The shape inside this one whose edge runs `distance` (in its own units) away; none if nothing is left.
     std::optional<Shape> inset(double distance) const;
     /// Whether both cover the same rectangle, whatever their corners.
