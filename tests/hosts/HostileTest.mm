@@ -45,12 +45,23 @@ template <int Place, typename Result, typename... Arguments> struct OtherHook<Pl
     }
 };
 
+IMP setVolumeUnwatched = nullptr;
+
+/// A host trusts that a category is a string.
+BOOL setVolumeOfACategory(id self, SEL selector, float level, id category)
+{
+    EXPECT_TRUE(category == nil || [category isKindOfClass:[NSString class]]);
+    return reinterpret_cast<BOOL (*)(id, SEL, float, id)>(setVolumeUnwatched)(self, selector, level, category);
+}
+
 } // namespace
 
 using HostileHost = HostTest;
 
 TEST_F(HostileHost, AnnouncementsWithAnythingUnderAnyKeyReachTheHost)
 {
+    setVolumeUnwatched
+        = hook("AVSystemController", "setVolumeTo:forCategory:", reinterpret_cast<IMP>(setVolumeOfACategory));
     launch();
     std::size_t announced = 0;
     for (const bool replaces : { false, true }) {
@@ -62,9 +73,10 @@ TEST_F(HostileHost, AnnouncementsWithAnythingUnderAnyKeyReachTheHost)
             announce(announcement(@"Audio/Video", value, [NSNumber numberWithFloat:0.25f]));
             announce(announcement(@"Audio/Video", @"ExplicitVolumeChange", value));
             announce(announcement(@"Ringtone", @"RouteChange", value));
+            announce(announcement(value, @"RouteChange", [NSNumber numberWithFloat:0.9f]));
             announce(announcement(value, value, value));
             announce(value);
-            announced += 6;
+            announced += 7;
             ASSERT_EQ(countOf("announced"), announced);
             pass(0.1);
         }
