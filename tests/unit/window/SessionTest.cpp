@@ -89,6 +89,19 @@ TEST_F(SessionTest, TimeThatPassesBetweenLinesIsOneWait)
     EXPECT_EQ(newLines(), "wait 0.000001\n");
 }
 
+TEST_F(SessionTest, TheClockStandsWhereASingleWaitWouldHavePutIt)
+{
+    for (int step = 0; step < 40; ++step) {
+        start();
+        const auto first = 300001us + step * 7us;
+        const auto second = 1600000us + step * 13us;
+        session->advance(first);
+        session->advance(second);
+        // Adding in two steps rounds twice, which for some of these is once too often.
+        EXPECT_EQ(session->device().runLoop->now(), static_cast<double>((first + second).count()) / 1e6) << step;
+    }
+}
+
 TEST_F(SessionTest, ASettingIsStoredAndAnnouncedAsTheSettingsPageDoes)
 {
     start();
