@@ -15,7 +15,7 @@ quiet := $(shell test -t 1 || echo --quiet)
 .PHONY: help
 help: ## explain the targets
 	@echo "make TARGET, where TARGET is one of"
-	@awk -F ':.*## ' '/^[a-z-]+:.*## / { printf "  %-8s %s\n", $$1, $$2 }' $(MAKEFILE_LIST)
+	@awk -F ':.*## ' '/^[a-z0-9-]+:.*## / { printf "  %-18s%s\n", $$1, $$2 }' $(MAKEFILE_LIST)
 
 .PHONY: build
 build: ## install what is missing and build the program: build/panotra
@@ -48,6 +48,11 @@ test: ## build and run all tests, once more under the sanitizers
 device: ## install what is missing, make the package for a phone in build/device, and check it
 	@scripts/install-dependencies build device
 	@scripts/build-device $(build)/device
+
+.PHONY: test-device-arm64
+test-device-arm64: device ## play every scenario with the phone's own library, on an emulated processor
+	@scripts/install-dependencies arm64
+	@scripts/test-device-arm64 $(build) $(jobs) $(quiet)
 
 .PHONY: bench
 bench: build ## measure: instructions of the logic, time of the pictures

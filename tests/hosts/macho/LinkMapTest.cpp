@@ -6,7 +6,7 @@
 namespace panotra::hosts {
 namespace {
 
-TEST(LinkMap, HoldsTheNamesOfItsSymbols)
+TEST(MachLinkMap, HoldsTheNamesOfItsSymbols)
 {
     const LinkMap map = readLinkMap("# Path: Panotra.dylib\n"
                                     "# Object files:\n[  0] linker synthesized\n"
@@ -17,7 +17,7 @@ TEST(LinkMap, HoldsTheNamesOfItsSymbols)
     EXPECT_EQ(map, (LinkMap { { "_first", 0x1bc0 }, { "-[Class method] of it", 0x11a68 } }));
 }
 
-TEST(LinkMap, LeavesOutWhatWasNotLinked)
+TEST(MachLinkMap, LeavesOutWhatWasNotLinked)
 {
     const LinkMap map = readLinkMap("# Symbols:\n0x00000010\t0x00000010\t[  1] _here\n"
                                     "# Dead Stripped Symbols:\n<<dead>>\t0x0000000A\t[  2] _gone\n"
@@ -25,7 +25,7 @@ TEST(LinkMap, LeavesOutWhatWasNotLinked)
     EXPECT_EQ(map, (LinkMap { { "_here", 0x10 } }));
 }
 
-TEST(LinkMap, PassesOverLinesThatItDoesNotUnderstand)
+TEST(MachLinkMap, PassesOverLinesThatItDoesNotUnderstand)
 {
     EXPECT_TRUE(readLinkMap("").empty());
     EXPECT_TRUE(readLinkMap("# Symbols:\n0x\n0x] \n0xZZ\t0x1\t[  1] _name\n12\t0x1\t[  1] _name\n").empty());

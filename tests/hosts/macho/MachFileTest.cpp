@@ -55,9 +55,9 @@ void PrintTo(const Damage& damage, std::ostream* stream)
     *stream << damage.complaint;
 }
 
-class DamagedFile : public testing::TestWithParam<Damage> { };
+class DamagedMachFile : public testing::TestWithParam<Damage> { };
 
-TEST_P(DamagedFile, IsRefused)
+TEST_P(DamagedMachFile, IsRefused)
 {
     SampleLibrary library;
     GetParam().inflict(library);
@@ -138,7 +138,7 @@ const Damage damages[] = {
             library.segments[1].sections[0].type = 0x16;
         } },
 };
-INSTANTIATE_TEST_SUITE_P(Table, DamagedFile, testing::ValuesIn(damages));
+INSTANTIATE_TEST_SUITE_P(Table, DamagedMachFile, testing::ValuesIn(damages));
 
 /// True for a file that was refused, false for one that was read; anything else is a crash.
 bool isRefused(const std::string& file)

@@ -47,7 +47,7 @@ std::vector<std::string> bindings(const std::string& opcodes)
     return bindings(library);
 }
 
-TEST(RebaseOpcodes, FillTheirPointers)
+TEST(MachRebaseOpcodes, FillTheirPointers)
 {
     EXPECT_THAT(rebases(stream("\x11\x21\x08\x51")), ElementsAre(0x1008));
     EXPECT_THAT(rebases(stream("\x11\x21\x00\x42\x51\x30\x08\x51")), ElementsAre(0x1010, 0x1020));
@@ -56,19 +56,19 @@ TEST(RebaseOpcodes, FillTheirPointers)
     EXPECT_THAT(rebases(stream("\x11\x21\x00\x80\x02\x08")), ElementsAre(0x1000, 0x1010));
 }
 
-TEST(RebaseOpcodes, EndAtTheirEndOrAtTheStreams)
+TEST(MachRebaseOpcodes, EndAtTheirEndOrAtTheStreams)
 {
     EXPECT_THAT(rebases(stream("\x11\x21\x08\x51\x00\xff")), ElementsAre(0x1008));
     EXPECT_THAT(rebases(""), ElementsAre());
 }
 
-TEST(RebaseOpcodes, GoBackwardsByNumbersThatWrapAround)
+TEST(MachRebaseOpcodes, GoBackwardsByNumbersThatWrapAround)
 {
     EXPECT_THAT(rebases(stream("\x11\x21\x10\x51\x30\xf0\xff\xff\xff\xff\xff\xff\xff\xff\x01\x51")),
         ElementsAre(0x1010, 0x1008));
 }
 
-TEST(BindOpcodes, FillTheirPointers)
+TEST(MachBindOpcodes, FillTheirPointers)
 {
     EXPECT_THAT(bindings(stream("\x11\x40_a\0\x51\x71\x00\x90\x80\x08\x90")), ElementsAre("_a+0@0", "_a+0@16"));
     EXPECT_THAT(bindings(stream("\x11\x40_a\0\x51\x71\x00\xa0\x08\x90")), ElementsAre("_a+0@0", "_a+0@16"));
@@ -76,13 +76,13 @@ TEST(BindOpcodes, FillTheirPointers)
     EXPECT_THAT(bindings(stream("\x11\x40_a\0\x51\x71\x00\xc0\x02\x08")), ElementsAre("_a+0@0", "_a+0@16"));
 }
 
-TEST(BindOpcodes, KeepWhatWasSaidOfTheSymbol)
+TEST(MachBindOpcodes, KeepWhatWasSaidOfTheSymbol)
 {
     EXPECT_THAT(bindings(stream("\x3e\x41_a\0\x51\x60\x7f\x71\x00\x90\x20\x82\x01\x60\x08\x40_b\0\x90")),
         ElementsAre("?_a+-1@0", "_b+8@8"));
 }
 
-TEST(BindOpcodes, OfTheFirstCallGoOnAfterEachEnd)
+TEST(MachBindOpcodes, OfTheFirstCallGoOnAfterEachEnd)
 {
     SampleLibrary library;
     library.bindings = "";
@@ -90,7 +90,7 @@ TEST(BindOpcodes, OfTheFirstCallGoOnAfterEachEnd)
     EXPECT_THAT(bindings(library), ElementsAre("_a+0@0", "_b+0@8"));
 }
 
-TEST(BindOpcodes, OfSharedNamesBindToo)
+TEST(MachBindOpcodes, OfSharedNamesBindToo)
 {
     SampleLibrary library;
     library.weakBindings = stream("\x40_shared\0\x51\x71\x18\x90\x00\xff");
@@ -107,15 +107,15 @@ void PrintTo(const BadStream& bad, std::ostream* stream)
     *stream << bad.complaint;
 }
 
-class BadRebases : public testing::TestWithParam<BadStream> { };
-class BadBindings : public testing::TestWithParam<BadStream> { };
+class BadMachRebases : public testing::TestWithParam<BadStream> { };
+class BadMachBindings : public testing::TestWithParam<BadStream> { };
 
-TEST_P(BadRebases, AreRefused)
+TEST_P(BadMachRebases, AreRefused)
 {
     EXPECT_THAT([&] { rebases(GetParam().opcodes); }, ThrowsMessage<MachError>(HasSubstr(GetParam().complaint)));
 }
 
-TEST_P(BadBindings, AreRefused)
+TEST_P(BadMachBindings, AreRefused)
 {
     EXPECT_THAT([&] { bindings(GetParam().opcodes); }, ThrowsMessage<MachError>(HasSubstr(GetParam().complaint)));
 }
@@ -134,7 +134,7 @@ const BadStream badRebases[] = {
     { stream("\x21\x80"), "ends in the middle of something" },
     { stream("\x90"), "an unknown rebase opcode" },
 };
-INSTANTIATE_TEST_SUITE_P(Table, BadRebases, testing::ValuesIn(badRebases));
+INSTANTIATE_TEST_SUITE_P(Table, BadMachRebases, testing::ValuesIn(badRebases));
 
 const BadStream badBindings[] = {
     { stream("\x40_a\0\x51\x90"), "a pointer before it says where" },
@@ -146,7 +146,7 @@ const BadStream badBindings[] = {
     { stream("\x60\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80\x00"), "a number of more than 64 bits" },
     { stream("\xd0"), "an unknown bind opcode" },
 };
-INSTANTIATE_TEST_SUITE_P(Table, BadBindings, testing::ValuesIn(badBindings));
+INSTANTIATE_TEST_SUITE_P(Table, BadMachBindings, testing::ValuesIn(badBindings));
 
 } // namespace
 } // namespace panotra::hosts
