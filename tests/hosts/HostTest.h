@@ -35,7 +35,6 @@ protected:
     static AVSystemController* audio() { return [AVSystemController sharedAVSystemController]; }
     /// Sends the audio service's own announcement, as the audio service does.
     void announce(id announcement);
-    static NSDictionary* announcement(id category, id reason, id level);
 
     std::size_t countOf(const std::string& event) const;
     /// The mixer is on the screen.

@@ -41,18 +41,6 @@ void HostTest::announce(id announcement)
     pass();
 }
 
-NSDictionary* HostTest::announcement(id category, id reason, id level)
-{
-    NSMutableDictionary* const made = [NSMutableDictionary dictionary];
-    if (category != nil)
-        [made setObject:category forKey:@"AudioCategory"];
-    if (reason != nil)
-        [made setObject:reason forKey:@"AudioVolumeChangeReason"];
-    if (level != nil)
-        [made setObject:level forKey:@"AudioVolume"];
-    return made;
-}
-
 std::size_t HostTest::countOf(const std::string& event) const
 {
     return static_cast<std::size_t>(

@@ -1,32 +1,15 @@
 /// Hosts that do what no host should: nothing may crash, and no call may be lost to whoever was there before.
 #include "tests/hosts/HostTest.h"
 
+#include "tests/hosts/HostileSteps.h"
 #include "tests/hosts/Imports.h"
 #include "tests/hosts/LibraryImage.h"
 
-#include <cmath>
 #include <filesystem>
-#include <limits>
 
 namespace panotra::testing {
 
 namespace {
-
-/// Whatever may stand where a program expects something else.
-NSArray* oddValues()
-{
-    const double huge = std::numeric_limits<double>::max();
-    const double infinite = std::numeric_limits<double>::infinity();
-    const double none = std::numeric_limits<double>::quiet_NaN();
-    NSString* const longText = [@"" stringByPaddingToLength:100000 withString:@"volume " startingAtIndex:0];
-    return [NSArray arrayWithObjects:[NSNull null], @"", @"Audio/Video", @"ExplicitVolumeChange", @"-1e400", @"\u00e9",
-                    longText, [NSNumber numberWithDouble:huge], [NSNumber numberWithDouble:-huge],
-                    [NSNumber numberWithDouble:infinite], [NSNumber numberWithDouble:none],
-                    [NSNumber numberWithFloat:0.5f], [NSNumber numberWithLongLong:LLONG_MIN],
-                    [NSNumber numberWithUnsignedLongLong:ULLONG_MAX], [NSNumber numberWithBool:YES], [NSArray array],
-                    [NSArray arrayWithObject:@"Ringtone"], [NSDictionary dictionary], [NSData data],
-                    [[NSObject new] autorelease], [NSObject class], nil];
-}
 
 /// A hook of another library's: it counts, and passes the call on. `Place` tells hooks of one type apart.
 template <int Place, typename Type> struct OtherHook;
@@ -69,12 +52,12 @@ TEST_F(HostileHost, AnnouncementsWithAnythingUnderAnyKeyReachTheHost)
         device.home->notify("net.qorvath.panotra.settingschanged");
         for (NSUInteger i = 0; i < [oddValues() count]; ++i) {
             const id value = [oddValues() objectAtIndex:i];
-            announce(announcement(value, @"ExplicitVolumeChange", [NSNumber numberWithFloat:0.5f]));
-            announce(announcement(@"Audio/Video", value, [NSNumber numberWithFloat:0.25f]));
-            announce(announcement(@"Audio/Video", @"ExplicitVolumeChange", value));
-            announce(announcement(@"Ringtone", @"RouteChange", value));
-            announce(announcement(value, @"RouteChange", [NSNumber numberWithFloat:0.9f]));
-            announce(announcement(value, value, value));
+            announce(announcementOf(value, @"ExplicitVolumeChange", [NSNumber numberWithFloat:0.5f]));
+            announce(announcementOf(@"Audio/Video", value, [NSNumber numberWithFloat:0.25f]));
+            announce(announcementOf(@"Audio/Video", @"ExplicitVolumeChange", value));
+            announce(announcementOf(@"Ringtone", @"RouteChange", value));
+            announce(announcementOf(value, @"RouteChange", [NSNumber numberWithFloat:0.9f]));
+            announce(announcementOf(value, value, value));
             announce(value);
             announced += 7;
             ASSERT_EQ(countOf("announced"), announced);
@@ -84,7 +67,7 @@ TEST_F(HostileHost, AnnouncementsWithAnythingUnderAnyKeyReachTheHost)
     announce(nil);
     EXPECT_EQ(countOf("announced"), announced + 1);
     pass(100);
-    announce(announcement(@"Audio/Video", @"ExplicitVolumeChange", [NSNumber numberWithFloat:0.75f]));
+    announce(announcementOf(@"Audio/Video", @"ExplicitVolumeChange", [NSNumber numberWithFloat:0.75f]));
     EXPECT_TRUE(isShown());
     pass(100);
     EXPECT_FALSE(isShown());
@@ -341,54 +324,7 @@ TEST_P(Random, CallsWithAnythingInAnyOrderAllReachTheHost)
 {
     launch();
     Dice dice(GetParam());
-    NSArray* const values = oddValues();
-    const auto any = [&]() -> id {
-        const unsigned choice = dice.roll(static_cast<unsigned>([values count]) + 3);
-        return choice < [values count] ? [values objectAtIndex:choice] : nil;
-    };
-    const auto key = [&](id expected) -> id {
-        return dice.roll(2) == 0 ? expected : any();
-    };
-    std::size_t announced = 0;
-    for (int step = 0; step < 1500; ++step) {
-        NSAutoreleasePool* const pool = [NSAutoreleasePool new];
-        switch (dice.roll(10)) {
-        case 0:
-        case 1:
-        case 2:
-            device.home->playSound(5); // of the type that swallows no announcement
-            announce(announcement(key(@"Audio/Video"), key(@"ExplicitVolumeChange"), any()));
-            ++announced;
-            break;
-        case 3:
-            [audio() setVolumeTo:static_cast<float>([any() hash] % 100) / 50 forCategory:any()];
-            break;
-        case 4:
-            device.home->notify("net.qorvath.panotra.uikitshaken");
-            break;
-        case 5:
-            device.preferences->set("net.qorvath.panotra", dice.roll(2) == 0 ? "replaceHUD" : "activeStyle",
-                static_cast<int>(dice.roll(3)));
-            device.home->notify("net.qorvath.panotra.settingschanged");
-            break;
-        case 6:
-            device.screen->orientation = dice.roll(6);
-            device.home->reorientHUD(true);
-            break;
-        case 7:
-            device.home->pan(static_cast<int>(dice.roll(12)), dice.roll(6), dice.roll(400));
-            break;
-        case 8:
-            device.touches->down(dice.roll(400), dice.roll(700));
-            device.touches->move(dice.roll(400), dice.roll(700));
-            device.touches->up();
-            break;
-        default:
-            pass(dice.roll(30) / 10.0);
-        }
-        device.runLoop->turn();
-        [pool drain];
-    }
+    const std::size_t announced = doAnything(device, 1500, [&dice](unsigned sides) { return dice.roll(sides); });
     EXPECT_EQ(countOf("announced"), announced);
 }
 

@@ -1,0 +1,97 @@
+/// Odd values, and days that nobody lives.
+#include "tests/hosts/HostileSteps.h"
+
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/Preferences.h"
+#include "simulator/device/RunLoop.h"
+#include "simulator/device/Screen.h"
+#include "simulator/device/Touches.h"
+#include "tests/hosts/classes/SpringBoard.h"
+
+#include <climits>
+#include <limits>
+
+namespace panotra::testing {
+
+NSArray* oddValues()
+{
+    const double huge = std::numeric_limits<double>::max();
+    const double infinite = std::numeric_limits<double>::infinity();
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    NSString* const longText = [@"" stringByPaddingToLength:100000 withString:@"volume " startingAtIndex:0];
+    return [NSArray arrayWithObjects:[NSNull null], @"", @"Audio/Video", @"ExplicitVolumeChange", @"-1e400", @"\u00e9",
+                    longText, [NSNumber numberWithDouble:huge], [NSNumber numberWithDouble:-huge],
+                    [NSNumber numberWithDouble:infinite], [NSNumber numberWithDouble:none],
+                    [NSNumber numberWithFloat:0.5f], [NSNumber numberWithLongLong:LLONG_MIN],
+                    [NSNumber numberWithUnsignedLongLong:ULLONG_MAX], [NSNumber numberWithBool:YES], [NSArray array],
+                    [NSArray arrayWithObject:@"Ringtone"], [NSDictionary dictionary], [NSData data],
+                    [[NSObject new] autorelease], [NSObject class], nil];
+}
+
+NSDictionary* announcementOf(id category, id reason, id level)
+{
+    NSMutableDictionary* const made = [NSMutableDictionary dictionary];
+    if (category != nil)
+        [made setObject:category forKey:@"AudioCategory"];
+    if (reason != nil)
+        [made setObject:reason forKey:@"AudioVolumeChangeReason"];
+    if (level != nil)
+        [made setObject:level forKey:@"AudioVolume"];
+    return made;
+}
+
+std::size_t doAnything(sim::Device& device, int count, const std::function<unsigned(unsigned sides)>& roll)
+{
+    NSArray* const values = oddValues();
+    const auto any = [&]() -> id {
+        const unsigned choice = roll(static_cast<unsigned>([values count]) + 3);
+        return choice < [values count] ? [values objectAtIndex:choice] : nil;
+    };
+    const auto key = [&](id expected) -> id {
+        return roll(2) == 0 ? expected : any();
+    };
+    AVSystemController* const audio = [AVSystemController sharedAVSystemController];
+    std::size_t announced = 0;
+    for (int step = 0; step < count; ++step) {
+        NSAutoreleasePool* const pool = [NSAutoreleasePool new];
+        switch (roll(10)) {
+        case 0:
+        case 1:
+        case 2:
+            [audio postEffectiveVolumeNotification:announcementOf(
+                                                       key(@"Audio/Video"), key(@"ExplicitVolumeChange"), any())];
+            ++announced;
+            break;
+        case 3:
+            [audio setVolumeTo:static_cast<float>([any() hash] % 100) / 50 forCategory:any()];
+            break;
+        case 4:
+            device.home->notify("net.qorvath.panotra.uikitshaken");
+            break;
+        case 5:
+            device.preferences->set(
+                "net.qorvath.panotra", roll(2) == 0 ? "replaceHUD" : "activeStyle", static_cast<int>(roll(3)));
+            device.home->notify("net.qorvath.panotra.settingschanged");
+            break;
+        case 6:
+            device.screen->orientation = roll(6);
+            device.home->reorientHUD(true);
+            break;
+        case 7:
+            device.home->pan(static_cast<int>(roll(12)), roll(6), roll(400));
+            break;
+        case 8:
+            device.touches->down(roll(400), roll(700));
+            device.touches->move(roll(400), roll(700));
+            device.touches->up();
+            break;
+        default:
+            device.runLoop->wait(roll(30) / 10.0);
+        }
+        device.runLoop->turn();
+        [pool drain];
+    }
+    return announced;
+}
+
+} // namespace panotra::testing
