@@ -29,7 +29,7 @@ run: build ## build, and play a day in the life of the mixer
 	@scripts/play-example $(build)/panotra $(example) $(preferences) $(build)/pictures
 
 .PHONY: gallery
-gallery: build ## draw everything the mixer can look like: build/gallery/index.html
+gallery: build ## draw all the mixer can look like, build/gallery/index.html, and docs/phones.png
 	@cmake --build $(build) --parallel $(jobs) --target panotra-gallery -- $(quiet)
 	@$(build)/panotra-gallery $(build)/gallery
 	@cmake -E copy_if_different $(build)/gallery/phones.png docs/phones.png

@@ -65,5 +65,7 @@ function(panotra_add_test name)
     # gcc 12 takes the concatenation of strings for an overrun where the string's header is precompiled.
     target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow>)
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} panotra-warnings GTest::gtest_main GTest::gmock)
-    gtest_discover_tests(${name} TEST_PREFIX "${PANOTRA_TEST_PREFIX}" PROPERTIES TIMEOUT 120)
+    # Whatever a library keeps in the home folder, fontconfig for one, stays out of the user's.
+    gtest_discover_tests(${name} TEST_PREFIX "${PANOTRA_TEST_PREFIX}"
+        PROPERTIES TIMEOUT 120 ENVIRONMENT "HOME=${CMAKE_BINARY_DIR}/test-home")
 endfunction()

@@ -22,6 +22,7 @@ ExitStatus run(int argumentCount, char** arguments)
 {
     CLI::App app("A volume mixer for the home screen, on a simulated device.", "panotra");
     app.set_version_flag("--version", "panotra " PANOTRA_VERSION);
+    app.require_subcommand(0, 1);
     auto status = ExitStatus::AllWell;
     addPlayCommand(app, status);
     addPictureCommand(app, status);

@@ -42,7 +42,8 @@ switched_off='GTEST_''SKIP|\bDISABLED''_'
 # shellcheck disable=SC2046 # the names of rooms hold no blanks
 while read -r line; do
     complain "${line%%:*}" "${line#*:}"
-done < <(grep -rnE --include='*.h' --include='*.cpp' --include='*.sh' --include='*.txt' --include='*.cmake' \
-    "$left_undone|$switched_off" $(source_rooms .) cmake scripts resources || true)
+done < <(grep -rnE --include='*.h' --include='*.cpp' --include='*.sh' --include='*.mm' --include='*.txt' --include='*.cmake' \
+    "$left_undone|$switched_off" $(source_rooms .) cmake resources
+    grep -rnE "$left_undone|$switched_off" scripts packaging bench .ci Makefile || true)
 
 conclude "violations of the rules of the house" "$found"

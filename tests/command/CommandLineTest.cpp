@@ -36,6 +36,14 @@ TEST_F(CommandLine, ADashIsStandardInput)
     EXPECT_THAT(ended.errors, StartsWith("-:1: found \"lunch\""));
 }
 
+TEST_F(CommandLine, OneCommandIsGivenAtATime)
+{
+    const auto ended = run("play failing prefs list net.qorvath.panotra");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_THAT(ended.errors, StartsWith("panotra: "));
+}
+
 TEST_F(CommandLine, FailedExpectationsAreAllReportedAndEndWithOne)
 {
     const auto ended = run("play failing");

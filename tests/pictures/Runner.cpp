@@ -45,7 +45,8 @@ int main(int argumentCount, char** arguments)
         return EXIT_FAILURE;
     }
     const std::filesystem::path folder = arguments[1];
-    const auto found = std::filesystem::absolute(folder.filename());
+    // Never the case itself, wherever the program is started.
+    const auto found = std::filesystem::absolute("found-" + folder.filename().string());
     std::filesystem::remove_all(found);
 
     sim::PictureFolder pictures(found.string(), sim::complain);
