@@ -44,7 +44,9 @@ ExitStatus run(int argumentCount, char** arguments)
 int main(int argumentCount, char** arguments)
 {
     keepStandardStreams();
-    // A reader that goes away is an error of writing like any other, not the end of the program.
+    // A reader that goes away, and a file that may not grow, are errors of writing like any other, not the end of the
+    // program.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     return static_cast<int>(run(argumentCount, arguments));
 }

@@ -4,26 +4,44 @@
 #include "simulator/Bundle.h"
 #include "simulator/Library.h"
 #include "simulator/picture/PictureCommand.h"
+#include "simulator/scenario/Numbers.h"
 
 #include <memory>
 
 namespace panotra::sim {
+
+namespace {
+
+/// From a mixer of a few points to one far beyond any screen.
+std::string whyNoScale(const std::string& text)
+{
+    const auto scale = parseDouble(text);
+    return scale && *scale >= 0.01 && *scale <= 100 ? "" : "expected a number from 0.01 to 100";
+}
+
+} // namespace
 
 void addPictureCommand(CLI::App& app, ExitStatus& status)
 {
     const auto options = std::make_shared<PictureOptions>();
     MixerShowing& showing = options->showing;
     CLI::App* const command = app.add_subcommand("picture", "Draw the mixer on the screen of a phone");
-    command->add_option("--style", showing.style, "The setting activeStyle: 0 the panel, 1 the banner")->type_name("N");
-    command->add_option("--skin", showing.skin, "The setting mixerSkin: 0 to 3")->type_name("N");
+    command->add_option("--style", showing.style, "The setting activeStyle: 0 the panel, 1 the banner")
+        ->check(CLI::Range(0, 1))
+        ->type_name("N");
+    command->add_option("--skin", showing.skin, "The setting mixerSkin: 0 to 3")
+        ->check(CLI::Range(0, 3))
+        ->type_name("N");
     command
         ->add_option(
             "--orientation", showing.orientation, "The interface: 1 upright, 2 upside down, 3 and 4 on either side")
+        ->check(CLI::Range(1, 4))
         ->type_name("N")
         ->capture_default_str();
     command->add_option("--screen", options->screen, "The screen in points and pixels a point (default 375x667@2)")
         ->type_name("WxH@S");
     command->add_option("--scale", showing.mixerScale, "The setting scale, the size of the mixer (default 0.875)")
+        ->check(whyNoScale)
         ->type_name("F");
     command->add_option("--level", options->levels, "The level of a slot from 0 to 11; may be repeated")
         ->type_name("SLOT=V")

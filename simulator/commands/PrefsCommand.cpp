@@ -36,6 +36,8 @@ void addPrefsCommand(CLI::App& app, ExitStatus& status)
 
     const auto request = std::make_shared<PrefsRequest>();
     CLI::App* const command = app.add_subcommand("prefs", "Look at the settings, or change them as another process");
+    // A value may begin with -h: it is refused like any other option, instead of being taken for a call for help.
+    command->set_help_flag("--help", "Print this help message and exit");
     const auto setAction = [request](const std::string& word) {
         request->action = actions.at(word);
     };
@@ -54,7 +56,8 @@ void addPrefsCommand(CLI::App& app, ExitStatus& status)
             "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
             "~/.local/share/panotra/preferences)")
         ->type_name("DIR");
-    command->footer("Exit status: 0 done, 1 there is no such key, 2 the command line is wrong, 3 a file could not be "
+    command->footer("Write -- before a key or value that begins with a minus sign and a letter.\nExit status: 0 done, "
+                    "1 there is no such key, 2 the command line is wrong, 3 a file could not be "
                     "read or written.");
     command->callback([request, &status] { status = run(*request); });
 }

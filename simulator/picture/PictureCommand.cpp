@@ -73,8 +73,6 @@ ExitStatus drawPicture(PictureOptions options, const Library& library)
     beginToShow(device, library, showing);
     if (const auto reason = render::whyTooLargeOrSmall(device))
         return complainOf(ExitStatus::WrongInput, "--screen: " + *reason);
-    if (showing.focusedSlot && sliderOf(device, *showing.focusedSlot) == nullptr)
-        return complainOf(ExitStatus::WrongInput, "--focus: this style has no sliders");
     finishShowing(device, showing);
 
     const render::Bitmap& screen = renderer->draw(device).pixels;

@@ -137,7 +137,7 @@ private:
         return status;
     }
 
-    void say(const std::string& line) { m_errors << "panotra prefs: " << line << '\n'; }
+    void say(const std::string& line) { m_errors << "panotra: " << line << '\n'; }
 
     const PrefsRequest& m_request;
     std::ostream& m_output;

@@ -73,7 +73,7 @@ Saved PropertyListFile::save()
             return finish(*loaded.tree, Saved::Replaced);
         loaded.trouble = "cannot be changed: " + *failure;
     }
-    report(m_isSavingTroubled, loaded.trouble + "; what was set stays in memory");
+    report(m_isSavingTroubled, loaded.trouble + "; nothing is saved");
     return Saved::Failed;
 }
 

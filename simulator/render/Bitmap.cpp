@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace panotra::render {
@@ -81,6 +83,12 @@ std::optional<std::string> writePng(const Bitmap& bitmap, const std::string& pat
 
 Bitmap readPng(const std::string& path, std::string& failure)
 {
+    // A pipe would be waited for.
+    std::error_code ignored;
+    if (std::filesystem::exists(path, ignored) && !std::filesystem::is_regular_file(path, ignored)) {
+        failure = "no regular file";
+        return {};
+    }
     errno = 0;
     const File file(std::fopen(path.c_str(), "rb"));
     if (file == nullptr) {

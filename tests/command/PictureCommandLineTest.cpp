@@ -60,7 +60,9 @@ TEST_F(PictureCommand, AWrongOptionIsOneLineAndNothingIsDrawn)
     for (const auto* options : { "--screen 0x480@1", "--screen 320x480", "--screen 320x480@0", "--screen 320x-1@1",
              "--screen wide", "--screen 1e9x1e9@1", "--screen 0.2x0.2@1", "--screen nanx480@1", "--level 0",
              "--level 12=0.5", "--level -1=0.5", "--level 0=loud", "--level 0=", "--focus 12", "--focus -1",
-             "--focus x", "--style x", "--skin 1.5", "--orientation up", "--scale big", "--bogus" }) {
+             "--focus x", "--style x", "--style 2", "--style 99999999999999999999", "--skin 1.5", "--skin 4",
+             "--skin -1", "--orientation up", "--orientation 0", "--orientation 5", "--scale big", "--scale nan",
+             "--scale inf", "--scale 0", "--scale -1", "--scale 1e300", "--bogus" }) {
         const auto ended = run(std::string("picture -o out.png ") + options);
         EXPECT_EQ(ended.status, 2) << options;
         EXPECT_EQ(ended.output, "") << options;
@@ -82,6 +84,9 @@ TEST_F(PictureCommand, APlaceThatCannotBeWrittenIsOneLine)
     EXPECT_EQ(run("picture --screen 160x240@1 -o /dev/full").errors, "panotra: /dev/full: No space left on device\n");
     for (const auto* place : { "no/such/out.png", ".", "/dev/full" })
         EXPECT_EQ(run(std::string("picture --screen 160x240@1 -o ") + place).status, 3) << place;
+    const auto cut = runScript("ulimit -f 1; \"$panotra\" picture --screen 160x240@1 -o large.png");
+    EXPECT_EQ(cut.status, 3);
+    EXPECT_EQ(cut.errors, "panotra: large.png: File too large\n");
 }
 
 TEST_F(PictureCommand, AWallpaperThatCannotBeReadIsOneLine)
@@ -93,6 +98,9 @@ TEST_F(PictureCommand, AWallpaperThatCannotBeReadIsOneLine)
         EXPECT_EQ(ended.status, 3) << file;
         EXPECT_EQ(ended.errors, std::string("panotra: ") + file + ": no readable PNG picture\n");
     }
+    const auto waiting = runScript("mkfifo pipe.png; timeout 20 \"$panotra\" picture -o out.png --wallpaper pipe.png");
+    EXPECT_EQ(waiting.status, 3);
+    EXPECT_EQ(waiting.errors, "panotra: pipe.png: no regular file\n");
     EXPECT_EQ(run("picture -o out.png --wallpaper none.png").errors, "panotra: none.png: No such file or directory\n");
     EXPECT_FALSE(isThere("out.png"));
 }

@@ -39,7 +39,7 @@ TEST_F(PrefsCommandLine, WithoutAFolderThePersonsOwnIsTaken)
     EXPECT_TRUE(exists(folder / ".local/share/panotra/preferences/a.b.plist"));
     const auto ended = runScript("env -u XDG_DATA_HOME -u HOME \"$panotra\" prefs list a.b");
     EXPECT_EQ(ended.status, 3);
-    EXPECT_THAT(ended.errors, ContainsRegex("^panotra prefs: [^\n]+\n$"));
+    EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]+\n$"));
 }
 
 TEST_F(PrefsCommandLine, AnAbsentKeyEndsWithOne)
@@ -48,15 +48,15 @@ TEST_F(PrefsCommandLine, AnAbsentKeyEndsWithOne)
         const auto ended = run(std::string("prefs ") + action + " --prefs p a.b key");
         EXPECT_EQ(ended.status, 1) << action;
         EXPECT_EQ(ended.output, "") << action;
-        EXPECT_EQ(ended.errors, "panotra prefs: no key \"key\" in a.b\n") << action;
+        EXPECT_EQ(ended.errors, "panotra: no key \"key\" in a.b\n") << action;
     }
 }
 
 TEST_F(PrefsCommandLine, WrongWordsEndWithTwoAndOneLine)
 {
-    for (const auto* words :
-        { "", "frobnicate a.b", "list", "get a.b", "list a.b key", "set a.b key", "set a.b key int",
-            "set a.b key int x", "set a.b key colour red", "set a.b key int 1 more", "list ../a.b" }) {
+    for (const auto* words : { "", "frobnicate a.b", "list", "get a.b", "list a.b key", "set a.b key",
+             "set a.b key int", "set a.b key int x", "set a.b key colour red", "set a.b key string -hello",
+             "set a.b key int 1 more", "list ../a.b" }) {
         const auto ended = run(std::string("prefs --prefs p ") + words);
         EXPECT_EQ(ended.status, 2) << words;
         EXPECT_EQ(ended.output, "") << words;
@@ -65,13 +65,21 @@ TEST_F(PrefsCommandLine, WrongWordsEndWithTwoAndOneLine)
     EXPECT_FALSE(exists(folder / "p"));
 }
 
+TEST_F(PrefsCommandLine, AValueMayBeginWithAMinusSign)
+{
+    EXPECT_EQ(run("prefs set --prefs p a.b number int -5").status, 0);
+    EXPECT_EQ(run("prefs get --prefs p a.b number").output, "-5\n");
+    EXPECT_EQ(run("prefs set --prefs p a.b text string -- -hello").status, 0);
+    EXPECT_EQ(run("prefs get --prefs p a.b text").output, "-hello\n");
+}
+
 TEST_F(PrefsCommandLine, FilesThatFailEndWithThreeAndOneLine)
 {
     write("file", "no folder\n");
     for (const auto* script : { "prefs set --prefs file a.b key int 1", "prefs set --prefs /proc a.b key int 1" }) {
         const auto ended = run(script);
         EXPECT_EQ(ended.status, 3) << script;
-        EXPECT_THAT(ended.errors, ContainsRegex("^panotra prefs: [^\n]+\n$")) << script;
+        EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]+\n$")) << script;
     }
     ASSERT_EQ(run("prefs set --prefs p a.b key int 1").status, 0);
     const auto ended = run("prefs get --prefs p a.b key >/dev/full");

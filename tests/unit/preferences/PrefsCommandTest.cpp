@@ -84,7 +84,7 @@ TEST_F(PrefsCommandTest, UnsetsAKey)
     run(PrefsAction::Set, { "scale", "float", "0.5" });
     EXPECT_EQ(run(PrefsAction::Unset, { "scale" }), PrefsStatus::Done);
     EXPECT_EQ(run(PrefsAction::Get, { "scale" }), PrefsStatus::KeyAbsent);
-    EXPECT_EQ(errors, "panotra prefs: no key \"scale\" in net.qorvath.panotra\n");
+    EXPECT_EQ(errors, "panotra: no key \"scale\" in net.qorvath.panotra\n");
     EXPECT_EQ(run(PrefsAction::Unset, { "scale" }), PrefsStatus::KeyAbsent);
 }
 
@@ -92,15 +92,15 @@ TEST_F(PrefsCommandTest, CannotGetAValueThatIsNoSetting)
 {
     writeBytes(path, xmlWith("<key>when</key><date>2020-01-02T03:04:05Z</date>"));
     EXPECT_EQ(run(PrefsAction::Get, { "when" }), PrefsStatus::KeyAbsent);
-    EXPECT_EQ(errors, "panotra prefs: \"when\" is no number, boolean or string\n");
+    EXPECT_EQ(errors, "panotra: \"when\" is no number, boolean or string\n");
 }
 
 TEST_F(PrefsCommandTest, SaysWhatItExpectedOfAValue)
 {
     EXPECT_EQ(run(PrefsAction::Set, { "scale", "float", "big" }), PrefsStatus::WrongUsage);
-    EXPECT_EQ(errors, "panotra prefs: \"float\" \"big\": expected a number\n");
+    EXPECT_EQ(errors, "panotra: \"float\" \"big\": expected a number\n");
     EXPECT_EQ(run(PrefsAction::Set, { "scale", "double", "1" }), PrefsStatus::WrongUsage);
-    EXPECT_EQ(errors, "panotra prefs: \"double\" \"1\": expected one of the types int, float, bool and string\n");
+    EXPECT_EQ(errors, "panotra: \"double\" \"1\": expected one of the types int, float, bool and string\n");
     EXPECT_TRUE(folder.names().empty());
 }
 
@@ -111,7 +111,7 @@ TEST_F(PrefsCommandTest, RefusesTooManyWordsAndTooFew)
     EXPECT_EQ(run(PrefsAction::Get, { "key", "int" }), PrefsStatus::WrongUsage);
     EXPECT_EQ(run(PrefsAction::Set, { "key" }), PrefsStatus::WrongUsage);
     EXPECT_EQ(run(PrefsAction::Set, { "key", "int" }), PrefsStatus::WrongUsage);
-    EXPECT_EQ(errors, "panotra prefs: expected a type and a value after the key\n");
+    EXPECT_EQ(errors, "panotra: expected a type and a value after the key\n");
     EXPECT_EQ(run(PrefsAction::Unset, { "key", "int", "1" }), PrefsStatus::WrongUsage);
 }
 
@@ -120,7 +120,7 @@ TEST_F(PrefsCommandTest, RefusesNamesThatCannotBe)
     EXPECT_EQ(run(PrefsAction::Get, { "\xFF" }), PrefsStatus::WrongUsage);
     domain = "../elsewhere";
     EXPECT_EQ(run(PrefsAction::Set, { "key", "int", "1" }), PrefsStatus::WrongUsage);
-    EXPECT_EQ(errors, "panotra prefs: domain \"../elsewhere\": a domain's name has no \"/\" in it\n");
+    EXPECT_EQ(errors, "panotra: domain \"../elsewhere\": a domain's name has no \"/\" in it\n");
 }
 
 TEST_F(PrefsCommandTest, ReportsAFileThatCannotBeReadAndLeavesIt)
@@ -129,7 +129,7 @@ TEST_F(PrefsCommandTest, ReportsAFileThatCannotBeReadAndLeavesIt)
     for (const PrefsAction action : { PrefsAction::List, PrefsAction::Get, PrefsAction::Unset }) {
         const std::vector<std::string> words(action == PrefsAction::List ? 0 : 1, "key");
         EXPECT_EQ(run(action, words), PrefsStatus::FileTrouble);
-        EXPECT_EQ(errors, "panotra prefs: " + path.string() + ": is no property list\n");
+        EXPECT_EQ(errors, "panotra: " + path.string() + ": is no property list\n");
     }
     EXPECT_EQ(testing::readBytes(path), "garbage");
 }

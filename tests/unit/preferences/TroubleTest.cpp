@@ -38,7 +38,7 @@ protected:
         EXPECT_EQ(*file.settings().find("volume0"), 0.25);
         EXPECT_EQ(*file.settings().find("volume1"), 0.75);
         ASSERT_EQ(warnings.size(), 1u);
-        EXPECT_EQ(warnings[0], path.string() + ": " + reason + "; what was set stays in memory");
+        EXPECT_EQ(warnings[0], path.string() + ": " + reason + "; nothing is saved");
 
         mend();
         file.set("volume2", 0.5);

@@ -5,12 +5,6 @@
 #include "simulator/window/Controls.h"
 #include "tests/unit/window/SessionFixture.h"
 
-/// Asked by the leak sanitizer: what fontconfig keeps until the process ends is not ours.
-extern "C" const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig\n";
-}
-
 namespace panotra::sim {
 namespace {
 
