@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -45,6 +46,23 @@ std::string systemReason()
 Bitmap::Bitmap(int width, int height, PixelFormat format)
     : Bitmap(Handle<cairo_surface_t>(cairo_image_surface_create(cairoFormat(format), width, height)))
 {
+}
+
+Bitmap Bitmap::uncleared(int width, int height, PixelFormat format)
+{
+    static const cairo_user_data_key_t pixelsKey {};
+    const int stride = cairo_format_stride_for_width(cairoFormat(format), width);
+    if (stride <= 0)
+        return {};
+    auto* const pixels
+        = static_cast<unsigned char*>(std::malloc(static_cast<std::size_t>(stride) * static_cast<std::size_t>(height)));
+    if (pixels == nullptr)
+        return {};
+    Handle<cairo_surface_t> surface(
+        cairo_image_surface_create_for_data(pixels, cairoFormat(format), width, height, stride));
+    if (cairo_surface_set_user_data(surface.get(), &pixelsKey, pixels, std::free) != CAIRO_STATUS_SUCCESS)
+        std::free(pixels);
+    return Bitmap(std::move(surface));
 }
 
 Bitmap::Bitmap(Handle<cairo_surface_t> surface)

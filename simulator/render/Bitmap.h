@@ -23,6 +23,8 @@ public:
     Bitmap() = default;
     /// Cleared to black or transparency. Sizes above 0; one that does not fit into memory gives an empty bitmap.
     Bitmap(int width, int height, PixelFormat format);
+    /// The same with pixels that are whatever the memory holds, for those who write every one of them.
+    static Bitmap uncleared(int width, int height, PixelFormat format);
     /// Takes over an image surface. One that failed gives an empty bitmap.
     explicit Bitmap(Handle<cairo_surface_t> surface);
 

@@ -1,9 +1,10 @@
 /// The blur: the area is made smaller by a factor that the blur can afford, blurred there by three box filters in
-/// each direction, coloured, and made larger again. Pixels are worked on as four numbers in one register.
+/// each direction, coloured, and made larger again.
 #include "simulator/render/Blur.h"
 
+#include "simulator/render/Enlarge.h"
+
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -11,52 +12,6 @@
 
 namespace panotra::render {
 namespace {
-
-static_assert(std::endian::native == std::endian::little, "a pixel's bytes are blue, green, red and an unused one");
-
-/// Blue, green, red and unused, from 0 to 255.
-using Floats = float __attribute__((vector_size(16)));
-using Integers = std::int32_t __attribute__((vector_size(16)));
-/// Two pixels at once.
-using Words = std::uint16_t __attribute__((vector_size(16)));
-using FourWords = std::uint16_t __attribute__((vector_size(8)));
-using Bytes = std::uint8_t __attribute__((vector_size(8)));
-
-struct Pixel {
-    Floats lanes;
-};
-
-class Plane {
-public:
-    Plane(int width, int height)
-        : m_width(width)
-        , m_height(height)
-        , m_pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))
-    {
-    }
-    int width() const { return m_width; }
-    int height() const { return m_height; }
-    Pixel* row(int y) { return m_pixels.data() + static_cast<std::ptrdiff_t>(y) * m_width; }
-    const Pixel* row(int y) const { return m_pixels.data() + static_cast<std::ptrdiff_t>(y) * m_width; }
-    /// Beyond the first or last row the plane goes on as that row.
-    const Pixel* nearestRow(int y) const { return row(std::clamp(y, 0, m_height - 1)); }
-    std::vector<Pixel>& pixels() { return m_pixels; }
-
-private:
-    int m_width;
-    int m_height;
-    std::vector<Pixel> m_pixels;
-};
-
-Floats spread(float value)
-{
-    return Floats { value, value, value, value };
-}
-
-Floats spread(double value)
-{
-    return spread(static_cast<float>(value));
-}
 
 // How much smaller the blur can be worked out.
 
@@ -289,78 +244,11 @@ void color(Plane& plane, const Material& material)
     }
 }
 
-// Larger.
-
-/// 8 bits and a fraction of 8 bits.
-Integers fixedPoint(Floats lanes)
-{
-    return __builtin_convertvector(lanes * spread(256.0F), Integers);
-}
-
-struct FixedPixel {
-    Integers lanes;
-};
-
-/// Interpolates between pixels that stand `factor` apart: `line` gets `factor` pixels for each pair of neighbours.
-template <int factor> void expandLine(const std::vector<FixedPixel>& from, std::vector<std::uint32_t>& line)
-{
-    constexpr int half = 128; // to the nearest when the fraction is cut off
-    std::uint32_t* to = line.data();
-    for (std::size_t i = 0; i + 1 < from.size(); ++i) {
-        const Integers begin = from[i].lanes;
-        const Integers halfStep = (from[i + 1].lanes - begin) / (2 * factor);
-        const auto first = __builtin_convertvector(begin + halfStep + half, FourWords);
-        const auto second = __builtin_convertvector(begin + 3 * halfStep + half, FourWords);
-        const auto doubleStep = __builtin_convertvector(4 * halfStep, FourWords);
-        Words pair = __builtin_shufflevector(first, second, 0, 1, 2, 3, 4, 5, 6, 7);
-        const Words step = __builtin_shufflevector(doubleStep, doubleStep, 0, 1, 2, 3, 4, 5, 6, 7);
-        for (int written = 0; written < factor; written += 2) {
-            const Bytes bytes = __builtin_convertvector(pair >> 8, Bytes);
-            std::memcpy(to + written, &bytes, sizeof bytes);
-            pair += step;
-        }
-        to += factor;
-    }
-}
-
-template <int factor> void enlarge(const Plane& plane, Bitmap& bitmap)
-{
-    // The first and the last pixel go on to the edges, half a block further out.
-    std::vector<FixedPixel> between(static_cast<std::size_t>(plane.width() + 2));
-    std::vector<std::uint32_t> line((between.size() - 1) * factor);
-    for (int y = 0; y < bitmap.height(); ++y) {
-        const double position = (y + 0.5) / factor - 0.5;
-        const int upper = static_cast<int>(std::floor(position));
-        const Pixel* const above = plane.nearestRow(upper);
-        const Pixel* const below = plane.nearestRow(upper + 1);
-        const Floats part = spread(position - upper);
-        for (int x = 0; x < plane.width(); ++x)
-            between[static_cast<std::size_t>(x + 1)].lanes
-                = fixedPoint(above[x].lanes + (below[x].lanes - above[x].lanes) * part);
-        between.front() = between[1];
-        between.back() = between[between.size() - 2];
-        expandLine<factor>(between, line);
-        std::copy_n(line.begin() + factor / 2, bitmap.width(), bitmap.row(y).begin());
-    }
-}
-
-void copyRounded(const Plane& plane, Bitmap& bitmap)
-{
-    for (int y = 0; y < bitmap.height(); ++y) {
-        const auto row = bitmap.row(y);
-        const Pixel* const from = plane.row(y);
-        for (std::size_t x = 0; x < row.size(); ++x) {
-            const Integers lanes = __builtin_convertvector(from[x].lanes + spread(0.5F), Integers);
-            row[x] = static_cast<std::uint32_t>(lanes[0] | lanes[1] << 8 | lanes[2] << 16);
-        }
-    }
-}
-
 } // namespace
 
 Bitmap seenThrough(const Bitmap& behind, const PixelRect& area, double sigma, const Material& material)
 {
-    Bitmap bitmap(area.width, area.height, PixelFormat::Opaque);
+    Bitmap bitmap = Bitmap::uncleared(area.width, area.height, PixelFormat::Opaque);
     // A wider blur would average the edges, which go on for ever, and nothing else.
     const double widest = std::max(area.width, area.height);
     const int factor = factorFor(sigma);
@@ -368,20 +256,7 @@ Bitmap seenThrough(const Bitmap& behind, const PixelRect& area, double sigma, co
     blur(plane, remainingVariance(std::min(sigma, widest), factor));
     if (!material.keepsColors())
         color(plane, material);
-    switch (factor) {
-    case 8:
-        enlarge<8>(plane, bitmap);
-        break;
-    case 4:
-        enlarge<4>(plane, bitmap);
-        break;
-    case 2:
-        enlarge<2>(plane, bitmap);
-        break;
-    default:
-        copyRounded(plane, bitmap);
-        break;
-    }
+    enlarge(plane, factor, bitmap);
     bitmap.markChanged();
     return bitmap;
 }

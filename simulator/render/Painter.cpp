@@ -31,6 +31,32 @@ bool isEnd(const Item& item)
     return item.as<ClipEndItem>() != nullptr || item.as<GroupEndItem>() != nullptr;
 }
 
+enum class Coverage { None, Partial, Whole };
+
+/// How much a Translucent bitmap hides in the area.
+Coverage coverageIn(const Bitmap& bitmap, const PixelRect& area)
+{
+    constexpr std::uint32_t opaque = 0xff000000;
+    std::uint32_t inAny = 0;
+    std::uint32_t inAll = opaque;
+    for (int y = area.y; y < area.y + area.height; ++y) {
+        const auto row = bitmap.row(y);
+        for (int x = area.x; x < area.x + area.width; ++x) {
+            const std::uint32_t pixel = row[static_cast<std::size_t>(x)];
+            inAny |= pixel;
+            inAll &= pixel;
+        }
+        if (inAny != 0 && inAll != opaque)
+            return Coverage::Partial;
+    }
+    return inAny == 0 ? Coverage::None : Coverage::Whole;
+}
+
+PixelRect within(const PixelRect& extent, const PixelRect& area)
+{
+    return { area.x - extent.x, area.y - extent.y, area.width, area.height };
+}
+
 } // namespace
 
 Painter::Painter(
@@ -79,6 +105,12 @@ std::size_t Painter::endOf(std::size_t begin) const
     return end;
 }
 
+void Painter::keepToDamage()
+{
+    cairo_reset_clip(context());
+    m_damage.clip(context());
+}
+
 void Painter::paintSource(const Item& item, double opacity)
 {
     cairo_save(context());
@@ -91,6 +123,17 @@ void Painter::paintSource(const Item& item, double opacity)
     else
         cairo_paint(context());
     cairo_restore(context());
+}
+
+const Painter::Layer* Painter::soleLayerIn(const PixelRect& area) const
+{
+    std::size_t top = m_layers.size() - 1;
+    for (; top > 0; --top) {
+        const Coverage coverage = coverageIn(m_layers[top].bitmap, within(m_layers[top].extent, area));
+        if (coverage != Coverage::None)
+            return coverage == Coverage::Whole ? &m_layers[top] : nullptr;
+    }
+    return &m_layers[0];
 }
 
 Bitmap Painter::flattened(const PixelRect& area) const
@@ -149,8 +192,10 @@ void Painter::paint(const BackdropItem& backdrop, const Item& item, Bitmap& prod
 {
     if (product.isEmpty()) {
         const PixelRect& area = item.extent;
-        product = m_layers.size() == 1
-            ? seenThrough(m_canvas, area, backdrop.sigma, backdrop.material)
+        const Layer* const sole = soleLayerIn(area);
+        product = sole != nullptr
+            ? seenThrough(sole == &m_layers[0] ? m_canvas : sole->bitmap, within(sole->extent, area), backdrop.sigma,
+                backdrop.material)
             : seenThrough(flattened(area), { 0, 0, area.width, area.height }, backdrop.sigma, backdrop.material);
     }
     setBitmap(context(), product, item.extent);
@@ -194,9 +239,12 @@ void Painter::paint(const SignItem& sign, const Item& item, Bitmap& product)
 
 void Painter::paint(const BorderItem& border, const Item& item, Bitmap&)
 {
-    // The outer edge is the clip's where there is one: then a larger box stands for it.
     cairo_t* const to = context();
-    if (item.fillsClip)
+    cairo_save(to);
+    if (border.isWhole)
+        keepToDamage();
+    // The outer edge is the clip's where there is one: then a larger box stands for it.
+    if (item.fillsClip && !border.isWhole)
         cairo_rectangle(to, item.extent.x, item.extent.y, item.extent.width, item.extent.height);
     else
         addOutline(to, item.shape);
@@ -205,16 +253,14 @@ void Painter::paint(const BorderItem& border, const Item& item, Bitmap&)
     cairo_set_fill_rule(to, CAIRO_FILL_RULE_EVEN_ODD);
     setColor(to, border.color);
     cairo_fill(to);
-    cairo_set_fill_rule(to, CAIRO_FILL_RULE_WINDING);
+    cairo_restore(to);
 }
 
 void Painter::paint(const ClipItem& clip, const Item& item, Bitmap&)
 {
     cairo_save(context());
-    if (clip.isWhole) {
-        cairo_reset_clip(context()); // two round clips at once take cairo several times as long as one
-        m_damage.clip(context());
-    }
+    if (clip.isWhole)
+        keepToDamage();
     addOutline(context(), item.shape);
     cairo_clip(context());
 }

@@ -43,9 +43,14 @@ private:
     std::size_t firstSeen() const;
     std::size_t endOf(std::size_t begin) const;
     cairo_t* context() { return m_layers.back().context.get(); }
+    /// Leaves no clip but the damage: two round clips at once take cairo several times as long as one.
+    void keepToDamage();
     /// Keeps to the item's own outline, then paints the context's source.
     void paintSource(const Item& item, double opacity);
-    /// What is behind the area now, and where in it the area is.
+    /// The layer that alone is seen in the area now: those above are clear there, and it hides those below. None
+    /// where they mix.
+    const Layer* soleLayerIn(const PixelRect& area) const;
+    /// What is behind the area now, all layers put together.
     Bitmap flattened(const PixelRect& area) const;
     /// An empty bitmap of the item's extent, and a context on it in the units of its shape.
     template <typename Draw> Bitmap made(const Item& item, PixelFormat format, Draw draw) const;

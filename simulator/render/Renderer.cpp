@@ -4,6 +4,8 @@
 #include "simulator/device/Services.h"
 #include "simulator/render/Painter.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace panotra::render {
@@ -11,8 +13,15 @@ namespace {
 
 constexpr int largestSide = 8192; ///< pixels
 
+/// Whether the item's product is the same wherever in the scene it stands.
+bool isDrawnAlone(const Item& item)
+{
+    return item.as<TextItem>() != nullptr || item.as<ImageItem>() != nullptr || item.as<SignItem>() != nullptr;
+}
+
 /// Compares a new scene with the one on the canvas, item by item. What differs is damaged, as it was and as it is
-/// now; so is a backdrop with damage behind it, whole. The products of all others are kept.
+/// now; so is a backdrop with damage behind it, whole. The products of all others are kept, and so are those that
+/// were drawn alone when a group begins or ends around them: setting all texts anew would take half a frame's time.
 class Comparison {
 public:
     Comparison(const Scene& before, std::vector<Bitmap>& productsBefore, const Scene& now)
@@ -28,6 +37,8 @@ public:
             damage.add(now[i].extent);
             if (i < before.size())
                 damage.add(before[i].extent);
+            if (!isSame && isDrawnAlone(now[i]))
+                takeProduct(before, productsBefore, now[i], products[i]);
         }
         for (std::size_t i = now.size(); i < before.size(); ++i)
             damage.add(before[i].extent);
@@ -35,6 +46,14 @@ public:
 
     Damage damage;
     std::vector<Bitmap> products;
+
+private:
+    static void takeProduct(const Scene& before, std::vector<Bitmap>& productsBefore, const Item& item, Bitmap& product)
+    {
+        const auto place = std::ranges::find(before, item) - before.begin();
+        if (place < std::ssize(before))
+            product = std::move(productsBefore[static_cast<std::size_t>(place)]);
+    }
 };
 
 } // namespace

@@ -91,6 +91,7 @@ private:
         PixelRect extent;
         std::optional<Shape> shape; ///< of the innermost clip
         PixelRect interior; ///< where no clip cuts anything off
+        bool isWhole = false; ///< as that of a ClipItem
     };
 
     /// From the interface as it is turned, its origin at its top left, to pixels.
@@ -187,7 +188,7 @@ void SceneBuilder::addView(const sim::View& view, const Transform& toPixels)
             return;
         const ClipItem clip { m_clip.interior.covers(shape.extent()) };
         const ClipState outside
-            = std::exchange(m_clip, { inside, shape, intersection(m_clip.interior, shape.interior()) });
+            = std::exchange(m_clip, { inside, shape, intersection(m_clip.interior, shape.interior()), clip.isWhole });
         enclose(clip, ClipEndItem {}, shape, [&] { addContents(view, shown, shape); });
         m_clip = outside;
     };
@@ -238,7 +239,7 @@ void SceneBuilder::addBorder(const sim::Layer& layer, const Shape& shape)
 {
     const Rgba color = layer.borderColor.value_or(black);
     if (layer.borderWidth > 0 && color[3] > 0)
-        add(BorderItem { layer.borderWidth, color }, shape);
+        add(BorderItem { layer.borderWidth, color, m_clip.isWhole && m_clip.shape == shape }, shape);
 }
 
 /// The host's own indicator: a plain square in the middle of the screen, with a speaker over a row of segments.

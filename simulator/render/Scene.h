@@ -62,6 +62,7 @@ struct SignItem {
 struct BorderItem {
     double width; ///< in the shape's own units
     Rgba color;
+    bool isWhole; ///< no clip cuts anything off it but one of its own shape
     friend bool operator==(const BorderItem&, const BorderItem&) = default;
 };
 
