@@ -11,23 +11,6 @@ namespace panotra::testing {
 
 namespace {
 
-/// A hook of another library's: it counts, and passes the call on. `Place` tells hooks of one type apart.
-template <int Place, typename Type> struct OtherHook;
-template <int Place, typename Result, typename... Arguments> struct OtherHook<Place, Result(Arguments...)> {
-    static inline IMP previous = nullptr;
-    static inline int calls = 0;
-
-    static Result replacement(id self, SEL selector, Arguments... arguments)
-    {
-        ++calls;
-        return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(previous)(self, selector, arguments...);
-    }
-    static void install(const char* className, const char* selector)
-    {
-        previous = hook(className, selector, reinterpret_cast<IMP>(replacement));
-    }
-};
-
 IMP setVolumeUnwatched = nullptr;
 
 /// A host trusts that a category is a string.
@@ -97,59 +80,6 @@ TEST_F(HostileHost, ListenersAreAskedWithAnyNameAndAnswerNothingOrAText)
         pass();
     }
     pass(100);
-}
-
-TEST_F(HostileHost, FieldsOfTheMixerAreReadByKeyThroughTheRuntime)
-{
-    launch();
-    device.home->notify("net.qorvath.panotra.uikitshaken");
-    pass(1);
-    ASSERT_TRUE(isShown());
-    const id controller = [objc_lookUpClass("PNOController") performSelector:@selector(sharedInstance)];
-    EXPECT_EQ([controller valueForKey:@"_window"], hosts::hostObjectFor(device.home->window()));
-    const id slider = [controller valueForKey:@"_volumeView3"];
-    EXPECT_STREQ(class_getName(object_getClass(slider)), "PNOVolumeView");
-    EXPECT_FLOAT_EQ([[slider valueForKey:@"volume"] floatValue], 0.5f);
-    EXPECT_TRUE([[slider valueForKey:@"_label1"] isKindOfClass:objc_lookUpClass("UILabel")]);
-}
-
-TEST_F(HostileHost, HooksOfOthersBeforeAndAfterAreAllCalledOnceACall)
-{
-    using Announce = void(id);
-    using SetVolume = BOOL(float, id);
-    using Mute = void(BOOL);
-    using Play = BOOL(id, unsigned long, id);
-    OtherHook<0, Announce>::install("AVSystemController", "postEffectiveVolumeNotification:");
-    OtherHook<0, SetVolume>::install("AVSystemController", "setVolumeTo:forCategory:");
-    OtherHook<0, Mute>::install("SBMediaController", "setRingerMuted:");
-    OtherHook<0, Play>::install("SBSoundController", "playSound:environments:completion:");
-    launch();
-    OtherHook<1, Announce>::install("AVSystemController", "postEffectiveVolumeNotification:");
-    OtherHook<1, SetVolume>::install("AVSystemController", "setVolumeTo:forCategory:");
-    OtherHook<1, Mute>::install("SBMediaController", "setRingerMuted:");
-    OtherHook<1, Play>::install("SBSoundController", "playSound:environments:completion:");
-
-    device.home->announceChange("Audio/Video", 0.25f);
-    EXPECT_EQ((OtherHook<0, Announce>::calls), 1);
-    EXPECT_EQ((OtherHook<1, Announce>::calls), 1);
-    EXPECT_EQ(countOf("announced"), 1u);
-
-    device.home->setVolume("Alarm", 0.75f);
-    EXPECT_EQ((OtherHook<0, SetVolume>::calls), 1);
-    EXPECT_EQ((OtherHook<1, SetVolume>::calls), 1);
-    EXPECT_EQ(countOf("setVolume"), 1u);
-
-    device.home->setRingerMuted(true);
-    EXPECT_EQ((OtherHook<0, Mute>::calls), 1);
-    EXPECT_EQ((OtherHook<1, Mute>::calls), 1);
-    EXPECT_EQ(countOf("ringer"), 1u);
-
-    device.home->playSound(1);
-    EXPECT_EQ((OtherHook<0, Play>::calls), 1);
-    EXPECT_EQ((OtherHook<1, Play>::calls), 1);
-    EXPECT_EQ(countOf("sound"), 1u);
-    EXPECT_EQ((OtherHook<0, SetVolume>::calls), 2); // the ringer's level, moved for the sound
-    EXPECT_EQ((OtherHook<1, SetVolume>::calls), 2);
 }
 
 namespace {
