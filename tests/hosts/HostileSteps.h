@@ -14,7 +14,7 @@ NSArray* oddValues();
 /// What the audio service announces. Nil leaves its key out.
 NSDictionary* announcementOf(id category, id reason, id level);
 /// That many steps of any kind with any values, the library loaded. `roll(n)` decides, from 0 to n - 1. Answers how
-/// many announcements there were among them.
+/// many announcements there were among them that the host must see.
 std::size_t doAnything(sim::Device& device, int count, const std::function<unsigned(unsigned sides)>& roll);
 
 } // namespace panotra::testing

@@ -8,10 +8,34 @@
 #include "simulator/device/Touches.h"
 #include "tests/hosts/classes/SpringBoard.h"
 
+#include <objc/runtime.h>
+
 #include <climits>
 #include <limits>
+#include <optional>
 
 namespace panotra::testing {
+
+namespace {
+
+/// Sounds of this type have no level of their own.
+constexpr unsigned ringerLevelSoundType = 5;
+
+/// The gesture framework asks for a title, and sends an event.
+void askListener(id name, id event)
+{
+    const id listener = [objc_lookUpClass("PNOHelperController") performSelector:@selector(sharedInstance)];
+    if (listener == nil)
+        return;
+    const SEL title = sel_registerName("activator:requiresLocalizedTitleForListenerName:");
+    [listener performSelector:title withObject:nil withObject:name];
+    const SEL receive = sel_registerName("activator:receiveEvent:forListenerName:");
+    using Receive = void (*)(id, SEL, id, id, id);
+    reinterpret_cast<Receive>(class_getMethodImplementation(object_getClass(listener), receive))(
+        listener, receive, nil, event, name);
+}
+
+} // namespace
 
 NSArray* oddValues()
 {
@@ -54,7 +78,7 @@ std::size_t doAnything(sim::Device& device, int count, const std::function<unsig
     std::size_t announced = 0;
     for (int step = 0; step < count; ++step) {
         NSAutoreleasePool* const pool = [NSAutoreleasePool new];
-        switch (roll(10)) {
+        switch (roll(14)) {
         case 0:
         case 1:
         case 2:
@@ -84,6 +108,26 @@ std::size_t doAnything(sim::Device& device, int count, const std::function<unsig
             device.touches->down(roll(400), roll(700));
             device.touches->move(roll(400), roll(700));
             device.touches->up();
+            break;
+        case 9: {
+            const id name = key(@"net.qorvath.panotra.presentdismissmixer");
+            askListener(name, any());
+            break;
+        }
+        case 10: {
+            const unsigned type = roll(8);
+            const bool isTyped = type < 7;
+            device.home->playSound(isTyped ? std::optional<std::int64_t>(type) : std::nullopt);
+            if (isTyped && type != ringerLevelSoundType)
+                device.home->announceChange("Ringtone", 0.5f); // of the sound's own level: swallowed
+            break;
+        }
+        case 11:
+            device.home->setRingerMuted(roll(2) == 0);
+            break;
+        case 12:
+            device.home->presentHUD(roll(5));
+            device.home->presentVolumeHUD(roll(3), 0.5f);
             break;
         default:
             device.runLoop->wait(roll(30) / 10.0);
