@@ -58,8 +58,8 @@ test-device-arm64: device ## play every scenario with the phone's own library, o
 bench: build ## measure: instructions of the logic, time of the pictures
 	@scripts/install-dependencies test bench
 	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
-	@cmake --build $(build) --parallel $(jobs) --target instructions render_bench -- $(quiet)
-	@bench/count-instructions $(build)/bench/instructions
+	@cmake --build $(build) --parallel $(jobs) --target instructions panotra-objc objc_tests render_bench -- $(quiet)
+	@bench/count-instructions $(build)
 	@$(build)/render_bench
 
 .PHONY: format
