@@ -1,6 +1,7 @@
 /// Settings, levels, launch, gesture: as a person would bring the mixer up to look at it.
 #include "simulator/picture/ShownMixer.h"
 
+#include "simulator/Domains.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
@@ -14,7 +15,6 @@ namespace panotra::sim {
 
 namespace {
 
-constexpr const char* domain = "net.qorvath.panotra";
 constexpr const char* presentingListener = "net.qorvath.panotra.presentmixer";
 
 constexpr double fadeInSeconds = 0.3;
@@ -30,7 +30,7 @@ constexpr std::array<double, slotCount> pleasantLevels { 0.8125, 0.5, 0.6875, 0.
 void storeSettings(Device& device, const MixerShowing& showing)
 {
     const auto set = [&device](const std::string& key, const Json& value) {
-        device.preferences->set(domain, key, value);
+        device.preferences->set(ownDomain, key, value);
     };
     if (showing.style)
         set("activeStyle", *showing.style);

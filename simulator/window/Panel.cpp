@@ -1,4 +1,5 @@
 /// The panel beside the phone: settings, the system's levels, the twelve remembered ones, the end of the trace.
+#include "simulator/Domains.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/Services.h"
 #include "simulator/scenario/TextFormat.h"
@@ -122,7 +123,7 @@ void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
     for (std::size_t slot = 0; slot < rememberedLevels.size(); ++slot) {
         if (slot == rememberedLevels.size() / 2)
             column = inside;
-        const Json* const stored = subject.session.setting("net.qorvath.panotra", "volume" + std::to_string(slot));
+        const Json* const stored = subject.session.setting(ownDomain, "volume" + std::to_string(slot));
         addMeter(sheet, column.takeTop(meterHeight), labelWidth, rememberedLevels[slot].label,
             stored != nullptr ? std::optional(numberOf(*stored)) : std::nullopt,
             isActive(rememberedLevels[slot], audio) ? Emphasis::On : Emphasis::None);

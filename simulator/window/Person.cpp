@@ -5,6 +5,7 @@
 #include "simulator/window/SettingsTable.h"
 
 #include <cmath>
+#include <limits>
 
 namespace panotra::sim {
 
@@ -12,11 +13,13 @@ using Purpose = Spot::Purpose;
 
 namespace {
 
-/// Hundredths of a point are finer than any finger, and short to read.
+/// Hundredths of a point are finer than any finger, and short to read. Finite, however large the phone is.
 double inHundredths(double points)
 {
     constexpr double fineness = 100;
-    return std::round(points * fineness) / fineness + 0.0; // no negative zero
+    constexpr double farthest = std::numeric_limits<double>::max() / fineness;
+    return std::round(std::fmax(-farthest, std::fmin(points, farthest)) * fineness) / fineness
+        + 0.0; // no negative zero
 }
 
 } // namespace

@@ -2,10 +2,12 @@
 #include "simulator/window/Phone.h"
 
 #include "simulator/device/Services.h"
+#include "simulator/render/HomePicture.h"
 #include "simulator/window/Numerals.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace panotra::sim {
 
@@ -18,8 +20,6 @@ constexpr const char* screenNotification = "com.apple.springboard.screenchanged"
 
 /// What programs may play, calls aside.
 constexpr std::array<const char*, 5> categories { "Audio/Video", "Ringtone", "Alarm", "Notifications", "VoiceCommand" };
-
-constexpr double statusBarHeight = 20; ///< points
 
 const char* nameOf(Button button)
 {
@@ -61,7 +61,7 @@ Lines Phone::turn() const
     const double width = isLandscape ? m_device.screen->height : m_device.screen->width;
     // The host gives its status bar a new frame, which is how the mixer learns of the turn.
     return { "orientation " + std::to_string(next),
-        "statusbar-frame UIStatusBar 0 0 " + numeral(width) + ' ' + numeral(statusBarHeight) };
+        "statusbar-frame UIStatusBar 0 0 " + numeral(width) + ' ' + numeral(render::statusBarHeight) };
 }
 
 std::string Phone::orientation() const
@@ -114,7 +114,9 @@ void Phone::changeRoute(Lines& lines, const std::string& route) const
 
 std::string Phone::announcement(const std::string& category, const char* reason) const
 {
-    return "announce " + category + ' ' + reason + ' ' + numeral(m_device.audio->level(category));
+    // A level that was stored by hand may be more than a float holds, and the language has no word for infinity.
+    const float level = m_device.audio->level(category);
+    return "announce " + category + ' ' + reason + ' ' + (std::isfinite(level) ? numeral(level) : "nil");
 }
 
 Lines Phone::nextCategory() const

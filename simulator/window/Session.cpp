@@ -1,6 +1,7 @@
 /// Lines played, time passed on, and what other processes write noticed.
 #include "simulator/window/Session.h"
 
+#include "simulator/Domains.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
@@ -16,8 +17,6 @@
 namespace panotra::sim {
 
 namespace {
-
-constexpr const char* ownDomain = "net.qorvath.panotra";
 
 /// Levels that tell the six apart at a glance.
 constexpr std::array<const char*, 6> pleasantLevels { "system Audio/Video 0.5625", "system PhoneCall 0.625",
@@ -148,16 +147,17 @@ void Session::moveClockTo(double time)
     }
 }
 
-std::optional<std::chrono::microseconds> Session::untilDue() const
+std::chrono::microseconds Session::untilDue() const
 {
+    constexpr double minute = 60;
     const double now = m_device.runLoop->now();
     const auto& indicator = m_device.home->indicator;
-    auto due = m_device.runLoop->nextDue();
+    // The status bar shows minutes. That is never far, however late the rest is due, so it fits the clock's type.
+    double due = (std::floor(now / minute) + 1) * minute;
+    due = std::min(due, m_device.runLoop->nextDue().value_or(due));
     if (indicator && now < indicator->fadesAt())
-        due = std::min(due.value_or(indicator->fadesAt()), indicator->fadesAt());
-    if (!due)
-        return std::nullopt;
-    return std::chrono::microseconds(std::llround(std::ceil((*due - now) * 1e6)));
+        due = std::min(due, indicator->fadesAt());
+    return std::chrono::microseconds(std::llround(std::ceil((due - now) * 1e6)));
 }
 
 bool Session::isMoving() const

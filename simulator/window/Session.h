@@ -50,8 +50,9 @@ public:
     void lookForForeignChanges();
 
     void advance(std::chrono::microseconds time);
-    /// How long until something is due on the phone, or none.
-    std::optional<std::chrono::microseconds> untilDue() const;
+    /// How long until something is due on the phone: at the latest the next full minute, which the status bar shows.
+    /// A phone that nobody touches needs nothing else.
+    std::chrono::microseconds untilDue() const;
     /// Whether what the screen shows changes by itself.
     bool isMoving() const;
 

@@ -1,6 +1,7 @@
 /// Differences between settings, told in the scenario language.
 #include "simulator/window/SettingLines.h"
 
+#include "simulator/Domains.h"
 #include "simulator/preferences/SettingText.h"
 #include "simulator/preferences/Settings.h"
 #include "simulator/scenario/Grammar.h"
@@ -110,7 +111,7 @@ std::vector<std::string> changedDomains(const Json& before, const Json& after)
 
 std::optional<std::string> announcementOf(const std::string& domain)
 {
-    if (domain == "net.qorvath.panotra" || domain == "net.qorvath.brevane2")
+    if (domain == ownDomain || domain == siblingDomain)
         return domain + ".settingschanged";
     return std::nullopt;
 }

@@ -1,6 +1,7 @@
 /// The table of settings.
 #include "simulator/window/SettingsTable.h"
 
+#include "simulator/Domains.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/scenario/TextFormat.h"
 
@@ -12,23 +13,19 @@ namespace panotra::sim {
 
 namespace {
 
-constexpr const char* own = "net.qorvath.panotra";
-/// A sibling's setting that the mixer shares.
-constexpr const char* sibling = "net.qorvath.brevane2";
-
 constexpr std::array<const char*, 2> styles { "Panel", "Banner" };
 constexpr std::array<const char*, 4> skins { "Light", "Dark", "Darker", "Black" };
 
 using enum SettingRow::Kind;
 
 constexpr std::array rows {
-    SettingRow { Choice, own, "activeStyle", "Style", 0, styles },
-    SettingRow { Choice, own, "mixerSkin", "Skin", 0, skins },
-    SettingRow { Switch, own, "replaceHUD", "Replace indicator", 0 },
-    SettingRow { Switch, own, "dismissOnTouch", "Dismiss on touch", 0 },
-    SettingRow { Switch, own, "handleShake", "Shake to show", 0 },
-    SettingRow { Range, own, "scale", "Size", 0.875, {}, 0.5, 1.25, 0.025, "" },
-    SettingRow { Range, sibling, "dismissDelay", "Dismiss after", 2, {}, 0.5, 10, 0.5, " s" },
+    SettingRow { Choice, ownDomain, "activeStyle", "Style", 0, styles },
+    SettingRow { Choice, ownDomain, "mixerSkin", "Skin", 0, skins },
+    SettingRow { Switch, ownDomain, "replaceHUD", "Replace indicator", 0 },
+    SettingRow { Switch, ownDomain, "dismissOnTouch", "Dismiss on touch", 0 },
+    SettingRow { Switch, ownDomain, "handleShake", "Shake to show", 0 },
+    SettingRow { Range, ownDomain, "scale", "Size", 0.875, {}, 0.5, 1.25, 0.025, "" },
+    SettingRow { Range, siblingDomain, "dismissDelay", "Dismiss after", 2, {}, 0.5, 10, 0.5, " s" },
 };
 
 } // namespace
@@ -48,8 +45,10 @@ double valueOf(const Session& session, const SettingRow& row)
         return unsignedShortOf(*stored);
     case Switch:
         return booleanOf(*stored) ? 1 : 0;
-    case Range:
-        return numberOf(*stored);
+    case Range: {
+        const double value = numberOf(*stored);
+        return std::isfinite(value) ? value : row.absentValue; // no place on the slider
+    }
     }
     return row.absentValue;
 }

@@ -27,7 +27,8 @@ struct SettingRow {
 
 std::span<const SettingRow> allSettings();
 
-/// What the mixer makes of what is stored: a choice's number, 0 or 1 of a switch, the value of a range.
+/// What the mixer makes of what is stored: a choice's number, 0 or 1 of a switch, the value of a range, which is
+/// finite.
 double valueOf(const Session& session, const SettingRow& row);
 /// Stores and announces. A range's value is taken to its nearest step inside the range.
 void setValue(Session& session, const SettingRow& row, double value);

@@ -1,6 +1,7 @@
 /// The looks of each widget.
 #include "simulator/window/Widgets.h"
 
+#include "simulator/scenario/TextFormat.h"
 #include "simulator/window/Palette.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ const Rgba& fillOf(Emphasis emphasis)
 
 std::string percentage(double level)
 {
-    return std::to_string(std::lround(level * 100)) + '%';
+    return shortNumber(std::round(level * 100)) + '%'; // whatever is stored
 }
 
 } // namespace

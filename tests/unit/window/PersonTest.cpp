@@ -103,6 +103,15 @@ TEST_F(PersonTest, TheMouseIsAFingerOnTheScreen)
     EXPECT_EQ(newLines(), "") << "no button is down";
 }
 
+TEST_F(PersonTest, AFingerOnAPhoneOfAnySizeIsSomewhere)
+{
+    layout = layOut({ 1200, 800 }, { 1e308, 1e308, 1e-305 }, 1);
+    look();
+    person.pointerDown(onPhone(0.9e308, 0.9e308));
+    person.pointerUp({ 1e6, 1e6 });
+    EXPECT_THAT(newLines(), HasSubstr("touch up"));
+}
+
 TEST_F(PersonTest, ADragOverASliderMovesItsLevel)
 {
     person.keyDown("G");

@@ -2,6 +2,8 @@
 #include "simulator/window/Phone.h"
 #include "tests/unit/window/SessionFixture.h"
 
+#include <limits>
+
 namespace panotra::sim {
 namespace {
 
@@ -49,6 +51,16 @@ TEST_F(PhoneTest, AnAccessoryThatIsNotHeardIsUnpluggedWithoutASound)
     played(phone.useRoute("Speaker"));
     EXPECT_TRUE(phone.isPluggedIn("Headphone"));
     EXPECT_THAT(phone.useRoute("Headphone"), IsEmpty());
+}
+
+TEST_F(PhoneTest, ALevelBeyondAllNumbersIsAnnouncedAsNone)
+{
+    writeElsewhere("volume1", 1e39); // as a float it is infinite
+    session->lookForForeignChanges();
+    played(phone.useRoute("Headphone"));
+    ASSERT_EQ(session->device().audio->level("Audio/Video"), std::numeric_limits<float>::infinity());
+    EXPECT_THAT(
+        played(phone.useRoute("Headphone")), ElementsAre("route Speaker", "announce Audio/Video RouteChange nil"));
 }
 
 TEST_F(PhoneTest, ACallGoesToTheEarAndEndsInTheRoom)

@@ -159,11 +159,11 @@ TEST_F(SessionTest, AValueThatNoLineCanHoldIsToldInAComment)
     EXPECT_TRUE(parseScenario(recorded).mistakes.empty());
 }
 
-TEST_F(SessionTest, NothingIsDueOnceTheMixerIsGone)
+TEST_F(SessionTest, NothingButTheClocksNextMinuteIsDueOnceTheMixerIsGone)
 {
     start();
     EXPECT_FALSE(session->isMoving());
-    EXPECT_EQ(session->untilDue(), std::nullopt);
+    EXPECT_EQ(session->untilDue(), 60s);
     session->playAll({ "press up", "release up" });
     session->advance(1s);
     EXPECT_FALSE(session->isMoving());
@@ -172,7 +172,17 @@ TEST_F(SessionTest, NothingIsDueOnceTheMixerIsGone)
     EXPECT_TRUE(session->isMoving());
     session->advance(1s);
     EXPECT_FALSE(session->isMoving());
-    EXPECT_EQ(session->untilDue(), std::nullopt);
+    EXPECT_EQ(session->untilDue(), 57s);
+    session->advance(57s);
+    EXPECT_EQ(session->untilDue(), 60s) << "once a minute is all that an idle phone wakes";
+}
+
+TEST_F(SessionTest, HoweverLateSomethingIsDueTheClockGoesOn)
+{
+    start().set("net.qorvath.brevane2", "dismissDelay", 1e300);
+    session->playAll({ "press up", "release up" });
+    session->advance(1500ms);
+    EXPECT_EQ(session->untilDue(), 58500ms);
 }
 
 TEST_F(SessionTest, TheHostsIndicatorMovesOnlyAsItFades)
@@ -186,7 +196,7 @@ TEST_F(SessionTest, TheHostsIndicatorMovesOnlyAsItFades)
     EXPECT_TRUE(session->isMoving());
     session->advance(1s);
     EXPECT_FALSE(session->isMoving());
-    EXPECT_EQ(session->untilDue(), std::nullopt);
+    EXPECT_EQ(session->untilDue(), 57s) << "the next minute";
 }
 
 TEST_F(SessionTest, TheTraceForPeopleTellsWhatWasDoneAndWhatCameOfIt)

@@ -3,6 +3,8 @@
 #include "simulator/preferences/Conversions.h"
 #include "tests/unit/window/SessionFixture.h"
 
+#include <limits>
+
 namespace panotra::sim {
 namespace {
 
@@ -44,6 +46,15 @@ TEST_F(SettingsTableTest, AChosenValueIsWhatTheLibraryThenHolds)
     setValue(*session, row("dismissDelay"), 99);
     EXPECT_EQ(global(row("mixerSkin")), 3);
     EXPECT_EQ(global(row("dismissDelay")), 10) << "the end of its range";
+}
+
+TEST_F(SettingsTableTest, WhatIsNotFiniteCountsAsAbsent)
+{
+    for (const Json& value : { Json(std::numeric_limits<double>::quiet_NaN()), Json("1e999"), Json("-1e999") }) {
+        writeElsewhere("scale", value);
+        EXPECT_EQ(valueOf(start(), row("scale")), 0.875) << value;
+        session.reset();
+    }
 }
 
 TEST(SettingRowTest, StepsOfARangeAreRoundNumbers)
