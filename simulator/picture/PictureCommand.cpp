@@ -60,6 +60,9 @@ ExitStatus drawPicture(PictureOptions options, const Library& library)
     if (const auto mistake = completeShowing(options))
         return complainOf(ExitStatus::WrongInput, *mistake);
     const MixerShowing& showing = options.showing;
+    const ScreenSize& size = showing.screen;
+    if (const auto reason = render::whyTooLargeOrSmall({ size.width, size.height }, size.scale))
+        return complainOf(ExitStatus::WrongInput, "--screen: " + *reason);
     std::string failure;
     auto wallpaper = findWallpaper(options.wallpaper, failure);
     if (!wallpaper)
@@ -71,8 +74,6 @@ ExitStatus drawPicture(PictureOptions options, const Library& library)
     Device device;
     device.resourceFolder = options.resourceFolder;
     beginToShow(device, library, showing);
-    if (const auto reason = render::whyTooLargeOrSmall(device))
-        return complainOf(ExitStatus::WrongInput, "--screen: " + *reason);
     finishShowing(device, showing);
 
     const render::Bitmap& screen = renderer->draw(device).pixels;

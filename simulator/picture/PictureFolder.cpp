@@ -1,6 +1,7 @@
 /// Pictures into a folder.
 #include "simulator/picture/PictureFolder.h"
 
+#include "simulator/device/Screen.h"
 #include "simulator/scenario/Text.h"
 
 #include <filesystem>
@@ -26,7 +27,8 @@ std::optional<std::string> PictureFolder::write(Device& device, const std::strin
     const auto named = [&path](const std::string& reason) {
         return path.string() + ": " + reason;
     };
-    if (const auto reason = render::whyTooLargeOrSmall(device))
+    const Screen& screen = *device.screen;
+    if (const auto reason = render::whyTooLargeOrSmall({ screen.width, screen.height }, screen.scale))
         return named(*reason);
     if (m_renderer == nullptr) {
         std::string failure;

@@ -58,15 +58,12 @@ private:
 
 } // namespace
 
-std::optional<std::string> whyTooLargeOrSmall(const sim::Device& device)
+std::optional<std::string> whyTooLargeOrSmall(Size points, double pixelsPerPoint)
 {
-    const sim::Screen& screen = *device.screen;
-    const double width = screen.width * screen.scale;
-    const double height = screen.height * screen.scale;
     const auto fits = [](double side) {
         return side >= 1 && side <= largestSide;
     };
-    if (fits(width) && fits(height))
+    if (fits(points.width * pixelsPerPoint) && fits(points.height * pixelsPerPoint))
         return std::nullopt;
     return "the screen has sides that are not 1 to " + std::to_string(largestSide) + " pixels";
 }

@@ -14,8 +14,8 @@
 
 namespace panotra::render {
 
-/// Why a screen of this device cannot be drawn, or nothing: sides of 1 to 8192 pixels are drawn.
-std::optional<std::string> whyTooLargeOrSmall(const sim::Device& device);
+/// Why a screen of this size in points cannot be drawn, or nothing: sides of 1 to 8192 pixels are drawn.
+std::optional<std::string> whyTooLargeOrSmall(Size points, double pixelsPerPoint);
 
 /// Keeps what was drawn: the home screen, every blurred backdrop, every text. Follows one device at a time; drawing
 /// another one is right as well, but starts afresh where the two differ.

@@ -65,25 +65,34 @@ double Display::pixelsPerPointerUnit() const
     return static_cast<double>(size().width) / std::max(width, 1);
 }
 
-bool Display::show(const render::Bitmap& picture, const std::vector<render::PixelRect>& changed)
+Display::Shown Display::show(
+    const render::Bitmap& picture, const std::vector<render::PixelRect>& changed, std::string& failure)
 {
+    const auto failed = [&failure] {
+        failure = SDL_GetError();
+        return Shown::Failed;
+    };
     SDL_Surface* const window = SDL_GetWindowSurface(m_window);
-    if (window == nullptr || window->w != picture.width() || window->h != picture.height())
-        return false;
+    if (window == nullptr)
+        return failed();
+    if (window->w != picture.width() || window->h != picture.height())
+        return Shown::OtherSize;
     cairo_surface_t* const pixels = picture.surface();
     const std::unique_ptr<SDL_Surface, FreeSurface> source(
         SDL_CreateRGBSurfaceWithFormatFrom(cairo_image_surface_get_data(pixels), picture.width(), picture.height(), 32,
             cairo_image_surface_get_stride(pixels), SDL_PIXELFORMAT_RGB888));
     if (source == nullptr)
-        return false;
+        return failed();
     std::vector<SDL_Rect> rectangles;
     for (const render::PixelRect& rect : changed) {
         SDL_Rect place { rect.x, rect.y, rect.width, rect.height };
-        SDL_BlitSurface(source.get(), &place, window, &place);
+        if (SDL_BlitSurface(source.get(), &place, window, &place) != 0)
+            return failed();
         rectangles.push_back({ rect.x, rect.y, rect.width, rect.height });
     }
-    SDL_UpdateWindowSurfaceRects(m_window, rectangles.data(), static_cast<int>(rectangles.size()));
-    return true;
+    if (SDL_UpdateWindowSurfaceRects(m_window, rectangles.data(), static_cast<int>(rectangles.size())) != 0)
+        return failed();
+    return Shown::Whole;
 }
 
 } // namespace panotra::sim

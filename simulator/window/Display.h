@@ -14,6 +14,12 @@ namespace panotra::sim {
 
 class Display {
 public:
+    enum class Shown {
+        Whole, ///< all that changed
+        OtherSize, ///< nothing: the window has another size by now
+        Failed, ///< the display does not take it
+    };
+
     /// As large as is pleasant on the display. Null and the reason in `failure` if there is no display.
     static std::unique_ptr<Display> open(const char* title, std::string& failure);
     ~Display();
@@ -24,9 +30,9 @@ public:
     PixelSize size() const;
     /// How many pixels a unit of the pointer is.
     double pixelsPerPointerUnit() const;
-    /// Brings the rectangles of the picture, which has the window's size, onto the display. Answers false if the
-    /// window has another size by now.
-    bool show(const render::Bitmap& picture, const std::vector<render::PixelRect>& changed);
+    /// Brings the rectangles of the picture, which has the window's size, onto the display. The reason in `failure`
+    /// if it failed.
+    Shown show(const render::Bitmap& picture, const std::vector<render::PixelRect>& changed, std::string& failure);
 
 private:
     Display() = default;

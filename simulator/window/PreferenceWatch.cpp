@@ -7,6 +7,7 @@
 #include <sys/eventfd.h>
 #include <sys/inotify.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -20,34 +21,42 @@ using preferences::FileDescriptor;
 
 namespace {
 
-/// Whether any of the notices is about a property list; others are about locks and files on their way.
-bool areOfPropertyList(const char* notices, std::size_t size)
+struct News {
+    bool isOfPropertyList = false;
+    bool isFolderGone = false;
+};
+
+constexpr std::uint32_t folderGone = IN_DELETE_SELF | IN_MOVE_SELF;
+
+/// What the notices say; those about locks and files on their way say nothing.
+News newsIn(const char* notices, std::size_t size)
 {
+    News news;
     for (std::size_t position = 0; position + sizeof(inotify_event) <= size;) {
         inotify_event notice;
         std::memcpy(&notice, notices + position, sizeof notice);
         position += sizeof notice;
         // Too many at once, and some are lost: one may have been.
-        if ((notice.mask & IN_Q_OVERFLOW) != 0)
-            return true;
-        if (notice.len > 0 && preferences::domainOfFile(notices + position))
-            return true;
+        if ((notice.mask & IN_Q_OVERFLOW) != 0 || (notice.len > 0 && preferences::domainOfFile(notices + position)))
+            news.isOfPropertyList = true;
+        if ((notice.mask & (folderGone | IN_UNMOUNT)) != 0)
+            news.isFolderGone = true;
         position += notice.len;
     }
-    return false;
+    return news;
 }
 
 } // namespace
 
 std::unique_ptr<PreferenceWatch> PreferenceWatch::make(
-    const std::string& folder, std::function<void()> changed, std::string& failure)
+    const std::string& folder, std::function<void()> changed, std::function<void()> gone, std::string& failure)
 {
     std::unique_ptr<PreferenceWatch> watch(new PreferenceWatch);
     watch->m_notices = FileDescriptor(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
     watch->m_end = FileDescriptor(eventfd(0, EFD_CLOEXEC));
     constexpr std::uint32_t replacedOrGone = IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE;
     if (!watch->m_notices.isOpen() || !watch->m_end.isOpen()
-        || inotify_add_watch(watch->m_notices.get(), folder.c_str(), replacedOrGone) < 0) {
+        || inotify_add_watch(watch->m_notices.get(), folder.c_str(), replacedOrGone | folderGone) < 0) {
         failure = std::strerror(errno);
         return nullptr;
     }
@@ -56,7 +65,8 @@ std::unique_ptr<PreferenceWatch> PreferenceWatch::make(
     sigset_t before;
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &before);
-    watch->m_thread = std::thread([&self = *watch, call = std::move(changed)] { self.run(call); });
+    watch->m_thread = std::thread(
+        [&self = *watch, changed = std::move(changed), gone = std::move(gone)] { self.run(changed, gone); });
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     return watch;
 }
@@ -70,16 +80,31 @@ PreferenceWatch::~PreferenceWatch()
     m_thread.join();
 }
 
-void PreferenceWatch::run(const std::function<void()>& changed) const
+void PreferenceWatch::run(const std::function<void()>& changed, const std::function<void()>& gone) const
 {
     alignas(inotify_event) std::array<char, 4096> notices {};
+    while (waitForNotices()) {
+        const auto size = ::read(m_notices.get(), notices.data(), notices.size());
+        if (size < 0 && errno != EINTR && errno != EAGAIN)
+            return;
+        const News news = newsIn(notices.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+        if (news.isOfPropertyList)
+            changed();
+        if (news.isFolderGone)
+            return gone();
+    }
+}
+
+/// Answers false when the watch is to end.
+bool PreferenceWatch::waitForNotices() const
+{
     std::array<pollfd, 2> waitingFor { pollfd { m_notices.get(), POLLIN, 0 }, pollfd { m_end.get(), POLLIN, 0 } };
     constexpr int forever = -1;
-    while (poll(waitingFor.data(), waitingFor.size(), forever) > 0 && waitingFor[1].revents == 0) {
-        const auto size = ::read(m_notices.get(), notices.data(), notices.size());
-        if (size > 0 && areOfPropertyList(notices.data(), static_cast<std::size_t>(size)))
-            changed();
-    }
+    int ready = 0;
+    do
+        ready = poll(waitingFor.data(), waitingFor.size(), forever);
+    while (ready < 0 && errno == EINTR);
+    return ready > 0 && waitingFor[1].revents == 0;
 }
 
 } // namespace panotra::sim

@@ -82,6 +82,8 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
     const auto screen = parseScreen(options.screen);
     if (!screen)
         return failed("--screen: " + whyNoScreen(options.screen), ExitStatus::WrongInput);
+    if (const auto reason = render::whyTooLargeOrSmall({ screen->width, screen->height }, screen->scale))
+        return failed("--screen: " + *reason, ExitStatus::WrongInput);
     std::string failure;
     auto wallpaper = findWallpaper(options.wallpaper, failure);
     if (!wallpaper)
@@ -95,18 +97,24 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
     const auto display = Display::open("Panotra", failure);
     if (display == nullptr)
         return failed("no display to open a window on: " + failure);
-    OptionalOutput recording(options.recordFile);
-    OptionalOutput trace(options.traceFile);
-    if (!recording.isWell() || !trace.isWell())
-        return ExitStatus::FileFailed;
     const auto push = [event = WindowLoop::preferencesEvent()] {
         SDL_Event pushed {};
         pushed.type = event;
         SDL_PushEvent(&pushed);
     };
-    const auto watch = PreferenceWatch::make(*folder, push, failure);
+    const auto gone = [&folder] {
+        complain(printable(*folder) + ": the folder is gone; what others change is not noticed any more");
+    };
+    const auto watch = PreferenceWatch::make(*folder, push, gone, failure);
     if (watch == nullptr)
         return failed(printable(*folder) + ": " + failure);
+    // Opening them empties them, so they come last, and of the two the recording, which is somebody's work.
+    OptionalOutput trace(options.traceFile);
+    if (!trace.isWell())
+        return ExitStatus::FileFailed;
+    OptionalOutput recording(options.recordFile);
+    if (!recording.isWell())
+        return ExitStatus::FileFailed;
 
     SessionSetup setup;
     setup.preferencesFolder = *folder;
@@ -116,15 +124,17 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
     setup.trace = trace.sink();
     setup.fileFailed = complain;
     Session session(std::move(setup), library);
-    if (const auto reason = render::whyTooLargeOrSmall(session.device()))
-        return failed("--screen: " + *reason, ExitStatus::WrongInput);
     Phone phone(session.device());
-    WindowLoop loop(*display, session, phone, *renderer);
-    loop.run();
+    WindowLoop loop(*display, session, phone, *renderer, options.wantsStatistics ? Statistics::Kept : Statistics::None);
+    std::string trouble;
+    const bool wasClosed = loop.run(trouble);
+    if (!wasClosed)
+        complain("the display takes no more pictures: " + trouble);
     if (options.wantsStatistics)
         std::fprintf(stderr, "panotra: %s\n", loop.statistics().c_str());
-    const bool wrote = recording.close() & trace.close();
-    return wrote && session.filesWorked() ? ExitStatus::AllWell : ExitStatus::FileFailed;
+    const bool isRecorded = recording.close();
+    const bool isTraced = trace.close();
+    return wasClosed && isRecorded && isTraced && session.filesWorked() ? ExitStatus::AllWell : ExitStatus::FileFailed;
 }
 
 } // namespace panotra::sim

@@ -16,12 +16,10 @@ namespace {
 
 constexpr auto frameInterval = 16667us;
 
-void waitForEvent(std::chrono::microseconds most)
+/// The digit that stands at that place, also where it needs the shift key; null if none does.
+const char* digitAt(SDL_Scancode place)
 {
-    constexpr std::chrono::microseconds longest = 1h; // a number of milliseconds that is an int
-    const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(std::min(most, longest));
-    if (milliseconds.count() > 0)
-        SDL_WaitEventTimeout(nullptr, static_cast<int>(milliseconds.count()));
+    return place >= SDL_SCANCODE_1 && place <= SDL_SCANCODE_0 ? SDL_GetScancodeName(place) : nullptr;
 }
 
 } // namespace
@@ -32,7 +30,8 @@ std::uint32_t WindowLoop::preferencesEvent()
     return event;
 }
 
-WindowLoop::WindowLoop(Display& display, Session& session, Phone& phone, render::Renderer& renderer)
+WindowLoop::WindowLoop(
+    Display& display, Session& session, Phone& phone, render::Renderer& renderer, Statistics statistics)
     : m_display(display)
     , m_session(session)
     , m_phone(phone)
@@ -40,13 +39,17 @@ WindowLoop::WindowLoop(Display& display, Session& session, Phone& phone, render:
     , m_person(session, phone)
     , m_clock(now())
     , m_lastFrame(m_clock - frameInterval)
+    , m_statistics(statistics)
 {
 }
 
-void WindowLoop::run()
+bool WindowLoop::run(std::string& failure)
 {
+    bool isWell = true;
     while (m_isOpen) {
-        draw();
+        isWell = draw(failure) != Display::Shown::Failed;
+        if (!isWell)
+            break;
         waitForSomething();
         ++m_turns;
         letTimePass();
@@ -55,6 +58,7 @@ void WindowLoop::run()
         m_person.settle();
     }
     m_session.finish();
+    return isWell;
 }
 
 /// For the next frame while something moves, else for an event or the next thing that is due. In no case for less
@@ -62,10 +66,10 @@ void WindowLoop::run()
 void WindowLoop::waitForSomething()
 {
     if (!m_session.isMoving() && !m_movedLastFrame) {
-        if (const auto due = m_session.untilDue())
-            waitForEvent(m_clock + *due - now());
-        else
-            SDL_WaitEvent(nullptr);
+        const auto milliseconds
+            = std::chrono::ceil<std::chrono::milliseconds>(m_clock + m_session.untilDue() - now()).count();
+        if (milliseconds > 0)
+            SDL_WaitEventTimeout(nullptr, static_cast<int>(milliseconds));
     }
     std::this_thread::sleep_until(m_lastFrame + frameInterval);
 }
@@ -126,18 +130,25 @@ void WindowLoop::handleWindow(const SDL_WindowEvent& event)
 
 void WindowLoop::handleKey(const SDL_KeyboardEvent& event)
 {
-    // Where the digits need the shift key, the place of the key tells which one is meant.
-    const std::array names { SDL_GetKeyName(event.keysym.sym), SDL_GetScancodeName(event.keysym.scancode) };
+    // What is held comes up whatever is held with it; a key with a modifier, though, is somebody else's shortcut.
     if (event.type == SDL_KEYUP) {
-        for (const char* const name : names)
-            m_person.keyUp(name);
-    } else if (event.keysym.sym == SDLK_q) {
-        m_isOpen = false;
-    } else if (event.keysym.sym == SDLK_ESCAPE) {
-        m_person.putHelpAway();
-    } else if (event.repeat == 0 && !m_person.keyDown(names[0])) {
-        m_person.keyDown(names[1]);
+        m_person.keyUp(SDL_GetKeyName(event.keysym.sym));
+        if (const char* const digit = digitAt(event.keysym.scancode))
+            m_person.keyUp(digit);
+    } else if (event.repeat == 0 && (event.keysym.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) == 0) {
+        handleKeyDown(event.keysym);
     }
+}
+
+void WindowLoop::handleKeyDown(const SDL_Keysym& key)
+{
+    const char* const digit = digitAt(key.scancode);
+    if (key.sym == SDLK_q)
+        m_isOpen = false;
+    else if (key.sym == SDLK_ESCAPE)
+        m_person.putHelpAway();
+    else if (!m_person.keyDown(SDL_GetKeyName(key.sym)) && digit != nullptr)
+        m_person.keyDown(digit);
 }
 
 Point WindowLoop::onSheet(int x, int y) const
@@ -146,7 +157,7 @@ Point WindowLoop::onSheet(int x, int y) const
     return m_layout.onSheet((x + 0.5) * pixels, (y + 0.5) * pixels);
 }
 
-void WindowLoop::draw()
+Display::Shown WindowLoop::draw(std::string& failure)
 {
     const auto begin = Clock::now();
     m_lastFrame = std::chrono::floor<std::chrono::microseconds>(begin);
@@ -161,9 +172,12 @@ void WindowLoop::draw()
     if (m_isExposed)
         frame.changed = { frame.pixels.extent() };
     if (frame.changed.empty())
-        return;
-    m_isExposed = !m_display.show(frame.pixels, frame.changed);
-    m_frameTimes.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begin).count());
+        return Display::Shown::Whole;
+    const Display::Shown shown = m_display.show(frame.pixels, frame.changed, failure);
+    m_isExposed = shown == Display::Shown::OtherSize;
+    if (m_statistics == Statistics::Kept)
+        m_frameTimes.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begin).count());
+    return shown;
 }
 
 std::string WindowLoop::statistics() const

@@ -1,4 +1,5 @@
-/// The loop that follows real time: sixty turns a second while something moves, none while nothing does.
+/// The loop that follows real time: sixty turns a second while something moves, one a
+/// minute, for the clock of the status bar, while nothing does.
 #pragma once
 
 #include "simulator/window/Display.h"
@@ -12,16 +13,19 @@
 
 namespace panotra::sim {
 
+/// Whether the times of frames are kept, of which there are sixty a second.
+enum class Statistics { None, Kept };
+
 class WindowLoop {
 public:
     /// Pushed, from whatever thread, when other processes may have changed settings.
     static std::uint32_t preferencesEvent();
 
-    WindowLoop(Display& display, Session& session, Phone& phone, render::Renderer& renderer);
+    WindowLoop(Display& display, Session& session, Phone& phone, render::Renderer& renderer, Statistics statistics);
 
-    /// Until the window is closed.
-    void run();
-    /// "turns 12, frames 8, …"
+    /// Until the window is closed. Answers false and the reason in `failure` if the display fails before.
+    bool run(std::string& failure);
+    /// "turns 12, frames 8, …" where they are kept.
     std::string statistics() const;
 
 private:
@@ -33,8 +37,9 @@ private:
     void handle(const SDL_Event& event);
     void handleWindow(const SDL_WindowEvent& event);
     void handleKey(const SDL_KeyboardEvent& event);
+    void handleKeyDown(const SDL_Keysym& key);
     void letTimePass();
-    void draw();
+    Display::Shown draw(std::string& failure);
     Point onSheet(int x, int y) const;
 
     Display& m_display;
@@ -46,6 +51,7 @@ private:
     Layout m_layout;
     Moment m_clock; ///< up to when the session's time has passed
     Moment m_lastFrame;
+    const Statistics m_statistics;
     bool m_isOpen = true;
     bool m_isExposed = true; ///< the whole window has to be shown
     bool m_movedLastFrame = true;

@@ -121,11 +121,8 @@ TEST_F(Frames, AScreenOfAnotherSizeStartsAfresh)
 
 TEST_F(Frames, SidesOfNoPixelOrOfTooManyAreRefused)
 {
-    const auto refused = [this](double width, double height, double scale) {
-        device.screen->width = width;
-        device.screen->height = height;
-        device.screen->scale = scale;
-        return render::whyTooLargeOrSmall(device).has_value();
+    const auto refused = [](double width, double height, double scale) {
+        return render::whyTooLargeOrSmall({ width, height }, scale).has_value();
     };
     EXPECT_FALSE(refused(375, 667, 2));
     EXPECT_FALSE(refused(1, 1, 1));

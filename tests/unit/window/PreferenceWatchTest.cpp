@@ -10,9 +10,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class PreferenceWatchTest : public testing::SessionFixture {
-protected:
-    std::function<void()> counter()
+class Told {
+public:
+    std::function<void()> teller()
     {
         return [this] {
             const std::lock_guard lock(m_mutex);
@@ -36,21 +36,44 @@ private:
     int m_seen = 0;
 };
 
+class PreferenceWatchTest : public testing::SessionFixture {
+protected:
+    Told changed;
+    Told gone;
+};
+
 TEST_F(PreferenceWatchTest, AWriteAndARemovalAreTold)
 {
     std::string failure;
-    const auto watch = PreferenceWatch::make(folder.path(), counter(), failure);
+    const auto watch = PreferenceWatch::make(folder.path(), changed.teller(), gone.teller(), failure);
     ASSERT_NE(watch, nullptr) << failure;
     writeElsewhere("key", 1);
-    EXPECT_TRUE(wasTold());
+    EXPECT_TRUE(changed.wasTold());
     std::filesystem::remove(folder / "net.qorvath.panotra.plist");
-    EXPECT_TRUE(wasTold());
+    EXPECT_TRUE(changed.wasTold());
+}
+
+TEST_F(PreferenceWatchTest, AFolderThatGoesIsTold)
+{
+    for (const auto& makeGo : std::vector<std::function<void(const std::filesystem::path&)>> {
+             [](const auto& path) { std::filesystem::remove_all(path); },
+             [this](const auto& path) {
+                 std::filesystem::rename(path, folder / "elsewhere");
+             } }) {
+        const std::filesystem::path path = folder / "watched";
+        std::filesystem::create_directory(path);
+        std::string failure;
+        const auto watch = PreferenceWatch::make(path, changed.teller(), gone.teller(), failure);
+        ASSERT_NE(watch, nullptr) << failure;
+        makeGo(path);
+        EXPECT_TRUE(gone.wasTold());
+    }
 }
 
 TEST_F(PreferenceWatchTest, AFolderThatIsNotThereIsToldAtOnce)
 {
     std::string failure;
-    EXPECT_EQ(PreferenceWatch::make(folder / "unborn", counter(), failure), nullptr);
+    EXPECT_EQ(PreferenceWatch::make(folder / "unborn", changed.teller(), gone.teller(), failure), nullptr);
     EXPECT_EQ(failure, "No such file or directory");
 }
 

@@ -15,17 +15,23 @@ using ::testing::IsEmpty;
 class WindowPictureTest : public testing::SessionFixture {
 protected:
     WindowPictureTest()
-        : renderer(makeRenderer(
-            render::Wallpaper::dusk(), [](const std::string&) {}, failure))
-        , picture(*renderer)
-        , phone(start().device())
+        : phone(start().device())
     {
+    }
+
+    void SetUp() override
+    {
+        std::string failure;
+        renderer = makeRenderer(
+            render::Wallpaper::dusk(), [](const std::string&) {}, failure);
+        ASSERT_NE(renderer, nullptr) << failure;
+        picture.emplace(*renderer);
     }
 
     WindowPicture::Frame draw()
     {
         layout = layOut(size, {}, session->device().screen->orientation);
-        return picture.draw(session->device(), makeSheet({ *session, phone, layout, attention }), layout, size);
+        return picture->draw(session->device(), makeSheet({ *session, phone, layout, attention }), layout, size);
     }
     /// The pixels, drawn by somebody who has seen nothing before.
     bool isAsDrawnAfresh(const render::Bitmap& pixels)
@@ -40,9 +46,8 @@ protected:
         return true;
     }
 
-    std::string failure;
     std::unique_ptr<render::Renderer> renderer;
-    WindowPicture picture;
+    std::optional<WindowPicture> picture;
     Phone phone;
     PixelSize size { 900, 600 };
     Layout layout;
