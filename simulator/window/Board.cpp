@@ -4,8 +4,11 @@
 #include "simulator/window/Controls.h"
 #include "simulator/window/Palette.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace panotra::sim {
 
@@ -57,6 +60,64 @@ void addSideButtons(Sheet& sheet, const Subject& subject)
         const Rgba& fill = isPressed ? palette::accent : isHovered ? palette::dim : palette::bodyEdge;
         sheet.add(Box { place.onSheet(area), fill, 2 * place.unitsPerPoint() });
         sheet.spots.push_back(spot);
+    }
+}
+
+/// A line of the list of keys.
+struct KeyRow {
+    std::string_view group;
+    const char* cap;
+    const char* label;
+};
+
+constexpr double keyRowHeight = 26;
+constexpr double keyGroupHeight = 24;
+constexpr double keyGroupGap = 8;
+
+/// Two columns: what the phone has; what happens to it, and the window's own keys.
+std::pair<std::vector<KeyRow>, std::vector<KeyRow>> columnsOfHelp()
+{
+    std::pair<std::vector<KeyRow>, std::vector<KeyRow>> columns;
+    const std::size_t split = indexOf("C");
+    const auto controls = allControls();
+    for (std::size_t index = 0; index < controls.size(); ++index) {
+        const Control& control = controls[index];
+        (index < split ? columns.first : columns.second).push_back({ control.group, control.cap, control.label });
+    }
+    columns.second.push_back({ "Window", "?", "This list" });
+    columns.second.push_back({ "Window", "Q", "Quit" });
+    return columns;
+}
+
+/// The space above a row for the heading of its group, if it is the first of one; `index` counts in the column.
+double headingAbove(const std::vector<KeyRow>& rows, std::size_t index)
+{
+    if (index == 0)
+        return keyGroupHeight;
+    return rows[index].group == rows[index - 1].group ? 0 : keyGroupGap + keyGroupHeight;
+}
+
+double heightOf(const std::vector<KeyRow>& rows)
+{
+    double height = 0;
+    for (std::size_t index = 0; index < rows.size(); ++index)
+        height += headingAbove(rows, index) + keyRowHeight;
+    return height;
+}
+
+void addHelpColumn(Sheet& sheet, const std::vector<KeyRow>& rows, Area area)
+{
+    constexpr double capWidth = 22;
+    constexpr double capGap = 12;
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const Area heading = area.takeTop(headingAbove(rows, index));
+        if (heading.height > 0)
+            addText(sheet, { heading.x, heading.bottom() - keyGroupHeight, heading.width, keyGroupHeight },
+                std::string(rows[index].group), palette::dim, smallText, TextAlignment::Left, TextWeight::Medium);
+        Area row = area.takeTop(keyRowHeight);
+        addKeyCap(sheet, row.takeLeft(capWidth).inset(0, 2), rows[index].cap, Emphasis::None);
+        row.takeLeft(capGap);
+        addText(sheet, row, rows[index].label, palette::text);
     }
 }
 
@@ -126,61 +187,30 @@ void addControls(Sheet& sheet, const Subject& subject, Area area)
 
 void addHelp(Sheet& sheet, const Subject& subject)
 {
-    constexpr double rowHeight = 26;
     constexpr double headingHeight = 30;
-    constexpr double groupHeight = 24;
     constexpr double width = 560;
     constexpr double columnGap = 32;
-    const auto controls = allControls();
+    constexpr double paddingX = 28;
+    constexpr double paddingY = 16;
+    constexpr double hintHeight = 30;
     const Area& all = subject.layout.sheet;
     sheet.add(Box { all, palette::scrim });
     // Everything is behind the list now; a touch anywhere puts it away.
     sheet.spots.push_back({ all, Purpose::Help });
 
-    // Two columns: what the phone has, and what happens to it.
-    struct Column {
-        std::size_t begin, end;
-        Area area;
-    };
-    const std::size_t split = indexOf("C");
-    constexpr double height = 16 + headingHeight + 3 * groupHeight + 12 * rowHeight + 2 * 8 + 44;
+    const auto [left, right] = columnsOfHelp();
+    const double rowsHeight = std::max(heightOf(left), heightOf(right));
+    const double height = rowsHeight + headingHeight + hintHeight + 2 * paddingY;
     Area card { (all.width - width) / 2, (all.height - height) / 2, width, height };
     sheet.add(Box { card, palette::card, 14, palette::edge });
-    Area inside = card.inset(28, 16);
+    Area inside = card.inset(paddingX, paddingY);
     addText(sheet, inside.takeTop(headingHeight), "Keys", palette::bright, 17, TextAlignment::Left, TextWeight::Medium);
-    Area left = inside;
-    const Area first = left.takeLeft((inside.width - columnGap) / 2);
-    left.takeLeft(columnGap);
-    for (Column column : { Column { 0, split, first }, Column { split, controls.size(), left } }) {
-        const char* group = "";
-        for (std::size_t index = column.begin; index < column.end; ++index) {
-            const Control& control = controls[index];
-            if (group != std::string_view(control.group)) {
-                if (index > column.begin)
-                    column.area.takeTop(8);
-                group = control.group;
-                addText(sheet, column.area.takeTop(groupHeight), group, palette::dim, smallText, TextAlignment::Left,
-                    TextWeight::Medium);
-            }
-            Area row = column.area.takeTop(rowHeight);
-            addKeyCap(sheet, row.takeLeft(22).inset(0, 2), control.cap, Emphasis::None);
-            row.takeLeft(12);
-            addText(sheet, row, control.label, palette::text);
-        }
-        if (column.end == controls.size()) {
-            column.area.takeTop(8);
-            addText(sheet, column.area.takeTop(groupHeight), "Window", palette::dim, smallText, TextAlignment::Left,
-                TextWeight::Medium);
-            for (const auto& [cap, label] : { std::pair { "?", "This list" }, { "Q", "Quit" } }) {
-                Area row = column.area.takeTop(rowHeight);
-                addKeyCap(sheet, row.takeLeft(22).inset(0, 2), cap, Emphasis::None);
-                row.takeLeft(12);
-                addText(sheet, row, label, palette::text);
-            }
-        }
-    }
-    addText(sheet, { card.x + 28, card.bottom() - 46, card.width - 56, 30 },
-        "The mouse is the finger: drag the sliders, tap beside the mixer.", palette::dim, smallText + 0.5);
+    Area rows = inside.takeTop(rowsHeight);
+    addHelpColumn(sheet, left, rows.takeLeft((inside.width - columnGap) / 2));
+    rows.takeLeft(columnGap);
+    addHelpColumn(sheet, right, rows);
+    addText(sheet, inside, "The mouse is the finger: drag the sliders, tap beside the mixer.", palette::dim,
+        smallText + 0.5);
 }
 
 Sheet makeSheet(const Subject& subject)

@@ -15,13 +15,14 @@ template <Button button> constexpr Control volumeButton(const char* key, const c
         nullptr };
 }
 
-enum class Route { Speaker, Receiver, Headphone, Headset, HeadphonesBT, HeadsetBT };
-constexpr std::array<const char*, 6> routeNames { "Speaker", "Receiver", "Headphone", "Headset", "HeadphonesBT",
-    "HeadsetBT" };
+// What a control does is a plain function: it knows its name by the place in these tables.
+constexpr std::array routes { "Speaker", "Receiver", "Headphone", "Headset", "HeadphonesBT", "HeadsetBT" };
+constexpr std::array listeners { "net.qorvath.panotra.presentmixer", "net.qorvath.panotra.dismissmixer",
+    "net.qorvath.panotra.presentdismissmixer" };
 
-template <Route route> constexpr Control routeControl(const char* key, const char* label)
+template <std::size_t route> constexpr Control routeControl(const char* key, const char* label)
 {
-    constexpr const char* name = routeNames[static_cast<std::size_t>(route)];
+    constexpr const char* name = routes[route];
     return { "Audio route", key, key, label, [](Phone& phone) { return phone.useRoute(name); }, nullptr,
         [](const Phone& phone) { return phone.isActive(name); },
         [](const Phone& phone) -> std::string {
@@ -29,15 +30,10 @@ template <Route route> constexpr Control routeControl(const char* key, const cha
         } };
 }
 
-enum class Gesture { Present, Dismiss, Toggle };
-constexpr std::array<const char*, 3> listeners { "net.qorvath.panotra.presentmixer", "net.qorvath.panotra.dismissmixer",
-    "net.qorvath.panotra.presentdismissmixer" };
-
-template <Gesture gesture> constexpr Control gestureControl(const char* key, const char* label)
+template <std::size_t listener> constexpr Control gestureControl(const char* key, const char* label)
 {
-    return { "Gestures", key, key, label,
-        [](Phone& phone) { return phone.sendGesture(listeners[static_cast<std::size_t>(gesture)]); }, nullptr, nullptr,
-        nullptr };
+    return { "Gestures", key, key, label, [](Phone& phone) { return phone.sendGesture(listeners[listener]); }, nullptr,
+        nullptr, nullptr };
 }
 
 constexpr std::array controls {
@@ -59,12 +55,12 @@ constexpr std::array controls {
             return phone.isScreenOn() ? "on" : "off";
         } },
 
-    routeControl<Route::Speaker>("1", "Speaker"),
-    routeControl<Route::Receiver>("2", "Receiver"),
-    routeControl<Route::Headphone>("3", "Headphones"),
-    routeControl<Route::Headset>("4", "Headset"),
-    routeControl<Route::HeadphonesBT>("5", "Headphones BT"),
-    routeControl<Route::HeadsetBT>("6", "Headset BT"),
+    routeControl<0>("1", "Speaker"),
+    routeControl<1>("2", "Receiver"),
+    routeControl<2>("3", "Headphones"),
+    routeControl<3>("4", "Headset"),
+    routeControl<4>("5", "Headphones BT"),
+    routeControl<5>("6", "Headset BT"),
 
     Control { "Sound", "C", "C", "Category", [](Phone& phone) { return phone.nextCategory(); }, nullptr, nullptr,
         [](const Phone& phone) {
@@ -78,9 +74,9 @@ constexpr std::array controls {
     Control { "Sound", "N", "N", "Notification", [](Phone& phone) { return phone.playNotificationSound(); }, nullptr,
         nullptr, nullptr },
 
-    gestureControl<Gesture::Present>("G", "Present mixer"),
-    gestureControl<Gesture::Dismiss>("D", "Dismiss mixer"),
-    gestureControl<Gesture::Toggle>("T", "Present or dismiss"),
+    gestureControl<0>("G", "Present mixer"),
+    gestureControl<1>("D", "Dismiss mixer"),
+    gestureControl<2>("T", "Present or dismiss"),
 };
 
 } // namespace

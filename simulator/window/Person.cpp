@@ -35,32 +35,34 @@ bool Person::keyDown(std::string_view key)
     const Control* const control = findControl(key);
     if (control == nullptr)
         return false;
-    press(static_cast<std::size_t>(control - allControls().data()));
+    press(static_cast<std::size_t>(control - allControls().data()), Holder::Key);
     return true;
 }
 
 void Person::keyUp(std::string_view key)
 {
     if (const Control* const control = findControl(key))
-        release(static_cast<std::size_t>(control - allControls().data()));
+        release(static_cast<std::size_t>(control - allControls().data()), Holder::Key);
 }
 
-bool Person::putHelpAway()
+bool Person::isHeld(std::size_t control) const
 {
-    return std::exchange(m_attention.wantsHelp, false);
+    return m_held.contains({ control, Holder::Key }) || m_held.contains({ control, Holder::Pointer });
 }
 
-void Person::press(std::size_t control)
+void Person::press(std::size_t control, Holder holder)
 {
     settle();
-    if (m_held.insert(control).second)
+    // A button is down once, whoever else presses it; anything else is done again.
+    const bool isDown = allControls()[control].release != nullptr && isHeld(control);
+    if (m_held.emplace(control, holder).second && !isDown)
         m_session.playAll(allControls()[control].press(m_phone));
 }
 
-void Person::release(std::size_t control)
+void Person::release(std::size_t control, Holder holder)
 {
     settle();
-    if (m_held.erase(control) == 0)
+    if (m_held.erase({ control, holder }) == 0 || isHeld(control))
         return;
     if (const auto release = allControls()[control].release)
         m_session.playAll(release(m_phone));
@@ -79,7 +81,7 @@ void Person::pointerDown(Point point)
         touch("down", point);
         break;
     case Purpose::Control:
-        press(spot.index);
+        press(spot.index, Holder::Pointer);
         break;
     case Purpose::Choice:
         setValue(m_session, allSettings()[spot.index], static_cast<double>(spot.choice));
@@ -121,11 +123,17 @@ void Person::pointerUp(Point point)
     if (spot.purpose == Purpose::Screen)
         m_session.play("touch up");
     else if (spot.purpose == Purpose::Control)
-        release(spot.index);
+        release(spot.index, Holder::Pointer);
     else if (m_attention.draggedValue)
         setValue(m_session, allSettings()[spot.index], *m_attention.draggedValue);
     m_attention.draggedValue.reset();
     pointerMove(point);
+}
+
+void Person::pointerLeft()
+{
+    if (!m_pressed)
+        m_attention.hovered.reset();
 }
 
 /// A range is stored when it is let go, as the settings page does.

@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -28,22 +29,26 @@ public:
     bool keyDown(std::string_view key);
     void keyUp(std::string_view key);
     void switchHelp() { m_attention.wantsHelp = !m_attention.wantsHelp; }
-    /// Answers whether there was any to be put away.
-    bool putHelpAway();
+    void putHelpAway() { m_attention.wantsHelp = false; }
 
     // On the sheet.
     void pointerDown(Point point);
     /// The phone hears of the last of several moves, before anything else happens or in `settle`.
     void pointerMove(Point point);
     void pointerUp(Point point);
-    void pointerLeft() { m_attention.hovered.reset(); }
+    /// What is held or dragged goes on: the pointer may come back.
+    void pointerLeft();
 
     /// Passes on what was held back.
     void settle();
 
 private:
-    void press(std::size_t control);
-    void release(std::size_t control);
+    /// Who holds a control: what one lets go the other may still hold.
+    enum class Holder { Key, Pointer };
+
+    bool isHeld(std::size_t control) const;
+    void press(std::size_t control, Holder holder);
+    void release(std::size_t control, Holder holder);
     void touch(const char* what, Point point);
     void dragRange(const Spot& range, Point point);
 
@@ -52,7 +57,7 @@ private:
     const Sheet* m_sheet = nullptr;
     const Layout* m_layout = nullptr;
     Attention m_attention;
-    std::set<std::size_t> m_held; ///< controls
+    std::set<std::pair<std::size_t, Holder>> m_held; ///< controls
     std::optional<Spot> m_pressed; ///< where the pointer went down
     std::optional<Point> m_move; ///< of a finger on the screen, not passed on yet
 };
