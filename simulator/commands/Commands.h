@@ -8,9 +8,14 @@
 namespace panotra::sim {
 
 // If its command stands on the command line, parsing runs it and puts into `status` how it ended.
-void addPlayCommand(CLI::App& app, ExitStatus& status);
 void addPictureCommand(CLI::App& app, ExitStatus& status);
 void addPrefsCommand(CLI::App& app, ExitStatus& status);
 void addWindowCommand(CLI::App& app, ExitStatus& status);
+/// `library` is what its scenarios load. Answers the command, to which options may be added.
+CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library);
+
+/// Reads the command line and runs the command that stands on it. A mistake is complained of in a line. Answers the
+/// status of the process: `status` as the command left it, or that of a wrong command line.
+int runCommandLine(CLI::App& app, const ExitStatus& status, int argumentCount, char** arguments);
 
 } // namespace panotra::sim

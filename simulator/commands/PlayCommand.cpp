@@ -2,11 +2,11 @@
 #include "simulator/commands/Commands.h"
 
 #include "simulator/Bundle.h"
-#include "simulator/Library.h"
 #include "simulator/picture/PictureFolder.h"
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -17,18 +17,18 @@ struct PlayArguments {
     std::string format = "text";
 };
 
-ExitStatus run(PlayArguments& arguments)
+ExitStatus run(PlayArguments& arguments, const Library& library)
 {
     PlayOptions& options = arguments.options;
     options.format = arguments.format == "json" ? TraceFormat::JsonLines : TraceFormat::Text;
     options.resourceFolder = bundleBesideProgram();
     PictureFolder pictures(options.picturesFolder, complain);
-    return play(options, loadedLibrary(), &pictures);
+    return play(options, library, &pictures);
 }
 
 } // namespace
 
-void addPlayCommand(CLI::App& app, ExitStatus& status)
+CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
 {
     const auto arguments = std::make_shared<PlayArguments>();
     PlayOptions& options = arguments->options;
@@ -49,7 +49,8 @@ void addPlayCommand(CLI::App& app, ExitStatus& status)
         ->capture_default_str();
     command->footer("Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is "
                     "wrong and\nnothing was run, 3 a file could not be read or written.");
-    command->callback([arguments, &status] { status = run(*arguments); });
+    command->callback([arguments, &status, library = std::move(library)] { status = run(*arguments, library); });
+    return command;
 }
 
 } // namespace panotra::sim

@@ -2,6 +2,7 @@
 #include "tests/hosts/Crossings.h"
 
 #include "tests/hosts/HostTest.h"
+#include "tests/hosts/Imports.h"
 
 #include <gmock/gmock.h>
 
@@ -92,6 +93,24 @@ TEST_F(CrossingsTest, InTheHomeScreenTheConstructorHooksObservesAndRegistersAndM
     EXPECT_EQ(withoutLooks(all), expected);
     EXPECT_EQ(all.size(), 139u);
     EXPECT_EQ(events.size(), 18u); // the hooks, the registrations and the observers
+}
+
+TEST_F(CrossingsTest, AnObserverIsToldTheNameThatItAskedForThoughNobodyElseKeepsIt)
+{
+    using Callback = void (*)(void*, void*, const void*, const void*, const void*);
+    using AddObserver = void (*)(void*, void*, Callback, const void*, const void*, std::intptr_t);
+    static std::string told;
+    const Callback note = [](void*, void*, const void* name, const void*, const void*) {
+        told = [static_cast<id>(const_cast<void*>(name)) UTF8String];
+    };
+    NSMutableString* const name = [[NSMutableString alloc] initWithString:@"net.qorvath.panotra.unheard"];
+    const auto addObserver = reinterpret_cast<AddObserver>(hosts::importedSymbol("CFNotificationCenterAddObserver"));
+    addObserver(nullptr, nullptr, note, name, nullptr, 0);
+    ASSERT_GT([name retainCount], 1u);
+    [name release];
+    device.home->notify("net.qorvath.panotra.unheard");
+    pass();
+    EXPECT_EQ(told, "net.qorvath.panotra.unheard");
 }
 
 TEST_F(CrossingsTest, AnAnnouncementAndAStepOfADragCostFewMessagesAndAllocations)

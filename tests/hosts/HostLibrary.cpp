@@ -3,13 +3,13 @@
 
 #include "model/ProcessValues.h"
 #include "simulator/Globals.h"
+#include "simulator/Play.h"
 #include "tests/hosts/HostProcess.h"
 #include "tests/hosts/Imports.h"
 #include "tests/hosts/LibraryImage.h"
 #include "tests/hosts/macho/MachImage.h"
 #include "tests/hosts/macho/MachImports.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -45,9 +45,9 @@ const ProcessValues& values()
     constexpr static ProcessValues fresh;
     if (image() == nullptr)
         return fresh;
-    static const void* const found = image()->symbol("_ZN7panotra13processValuesE");
+    static const void* const found = image()->symbol("_ZN7panotra13processValuesE", sizeof(ProcessValues));
     if (found == nullptr)
-        throw std::runtime_error("the library has no process-wide values");
+        throw std::runtime_error(chosenPath() + ": its process-wide values are not to be found");
     return *static_cast<const ProcessValues*>(found);
 }
 
@@ -76,9 +76,10 @@ void load()
     prepareProcess();
     try {
         image() = open(chosenPath());
+        values();
     } catch (const std::runtime_error& error) {
-        std::fprintf(stderr, "panotra: %s\n", error.what());
-        std::exit(EXIT_FAILURE);
+        sim::complain(error.what());
+        std::exit(static_cast<int>(sim::ExitStatus::FileFailed));
     }
 }
 

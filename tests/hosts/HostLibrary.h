@@ -12,7 +12,8 @@ namespace panotra::hosts {
 void chooseLibrary(const std::string& path);
 
 /// What scenarios load: the Objective-C classes stand in front of the device, and the library comes into the process by
-/// its file's constructor alone. One load a process.
+/// its file's constructor alone. One load a process. A file that cannot be loaded ends the process with a complaint and
+/// sim::ExitStatus::FileFailed.
 sim::Library chosenLibrary();
 
 } // namespace panotra::hosts

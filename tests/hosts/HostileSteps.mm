@@ -74,6 +74,12 @@ std::size_t doAnything(sim::Device& device, int count, const std::function<unsig
     const auto key = [&](id expected) -> id {
         return roll(2) == 0 ? expected : any();
     };
+    // The order in which arguments are made is the compiler's: what is rolled has a name first.
+    const auto point = [&]() -> sim::Point {
+        const unsigned x = roll(400);
+        const unsigned y = roll(700);
+        return { static_cast<double>(x), static_cast<double>(y) };
+    };
     AVSystemController* const audio = [AVSystemController sharedAVSystemController];
     std::size_t announced = 0;
     for (int step = 0; step < count; ++step) {
@@ -81,34 +87,49 @@ std::size_t doAnything(sim::Device& device, int count, const std::function<unsig
         switch (roll(14)) {
         case 0:
         case 1:
-        case 2:
-            [audio postEffectiveVolumeNotification:announcementOf(
-                                                       key(@"Audio/Video"), key(@"ExplicitVolumeChange"), any())];
+        case 2: {
+            const id category = key(@"Audio/Video");
+            const id reason = key(@"ExplicitVolumeChange");
+            const id level = any();
+            [audio postEffectiveVolumeNotification:announcementOf(category, reason, level)];
             ++announced;
             break;
-        case 3:
-            [audio setVolumeTo:static_cast<float>([any() hash] % 100) / 50 forCategory:any()];
+        }
+        case 3: {
+            const float level = static_cast<float>(roll(100)) / 50;
+            const id category = any();
+            [audio setVolumeTo:level forCategory:category];
             break;
+        }
         case 4:
             device.home->notify("net.qorvath.panotra.uikitshaken");
             break;
-        case 5:
-            device.preferences->set(
-                "net.qorvath.panotra", roll(2) == 0 ? "replaceHUD" : "activeStyle", static_cast<int>(roll(3)));
+        case 5: {
+            const char* const setting = roll(2) == 0 ? "replaceHUD" : "activeStyle";
+            const auto value = static_cast<int>(roll(3));
+            device.preferences->set("net.qorvath.panotra", setting, value);
             device.home->notify("net.qorvath.panotra.settingschanged");
             break;
+        }
         case 6:
             device.screen->orientation = roll(6);
             device.home->reorientHUD(true);
             break;
-        case 7:
-            device.home->pan(static_cast<int>(roll(12)), roll(6), roll(400));
+        case 7: {
+            const auto slot = static_cast<int>(roll(12));
+            const unsigned state = roll(6);
+            const unsigned way = roll(400);
+            device.home->pan(slot, state, way);
             break;
-        case 8:
-            device.touches->down(roll(400), roll(700));
-            device.touches->move(roll(400), roll(700));
+        }
+        case 8: {
+            const sim::Point first = point();
+            const sim::Point second = point();
+            device.touches->down(first.x, first.y);
+            device.touches->move(second.x, second.y);
             device.touches->up();
             break;
+        }
         case 9: {
             const id name = key(@"net.qorvath.panotra.presentdismissmixer");
             askListener(name, any());

@@ -89,7 +89,9 @@ void __wrap_CFNotificationCenterAddObserver(
     const auto text = hosts::textOf(static_cast<id>(const_cast<void*>(name)));
     if (!text)
         return;
-    hosts::device().darwin->addObserver(*text, [=] { callback(center, observer, name, object, nullptr); });
+    // For the life of the process, as the observation: whoever asked for it may let go of the name.
+    const void* const kept = [static_cast<id>(const_cast<void*>(name)) retain];
+    hosts::device().darwin->addObserver(*text, [=] { callback(center, observer, kept, object, nullptr); });
 }
 
 // The main queue. Time does not pass between the two calls, so that the delay alone tells when.

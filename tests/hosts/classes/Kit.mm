@@ -25,6 +25,12 @@ DeviceRect uprightPixels(id, SEL)
 
 } // namespace
 
+std::optional<sim::Rgba> componentsOf(id color)
+{
+    const auto* const peer = hosts::peerAs<sim::Color>(color);
+    return peer == nullptr ? std::nullopt : std::optional(peer->rgba);
+}
+
 @implementation UIColor
 
 + (id)colorWithRed:(double)red green:(double)green blue:(double)blue alpha:(double)alpha

@@ -3,6 +3,9 @@
 
 #include "tests/hosts/classes/UIKit.h"
 
+/// The device's one object of the class, which stands for that of a shared instance.
+id sharedObject(const char* className);
+
 /// The audio service.
 @interface AVSystemController : DeviceObject
 + (id)sharedAVSystemController;

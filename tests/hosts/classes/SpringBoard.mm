@@ -1,4 +1,4 @@
-/// The classes of the home screen, of the audio service and of other people's libraries.
+/// The classes of the home screen and of the audio service.
 #include "tests/hosts/classes/SpringBoard.h"
 
 #include "simulator/device/HomeScreen.h"
@@ -8,15 +8,10 @@
 
 using namespace panotra;
 
-namespace {
-
-/// The one object of a class.
 id sharedObject(const char* className)
 {
     return hosts::hostObjectFor(hosts::device().home->shared(className));
 }
-
-} // namespace
 
 // The audio service.
 
@@ -185,71 +180,6 @@ id sharedObject(const char* className)
 - (id)window
 {
     return hosts::hostObjectFor(hosts::peerAs<sim::AssistantController>(self)->window);
-}
-
-@end
-
-// Other people's indicator overlays.
-
-@implementation MeliorWindow
-
-+ (id)sharedInstance
-{
-    return sharedObject("MeliorWindow");
-}
-
-@end
-
-@implementation ABVolumeHUDVisibilityManager
-
-- (void)hideImmediatelyIfPossible
-{
-    hosts::callOwn<void>("ABVolumeHUDVisibilityManager", hosts::peerOf(self), _cmd);
-}
-
-@end
-
-@implementation ABVolumeHUDManager
-
-+ (id)sharedManager
-{
-    return sharedObject("ABVolumeHUDManager");
-}
-
-- (id)visibilityManager
-{
-    return hosts::hostObjectFor(hosts::peerAs<sim::VolumeHUDManager>(self)->visibilityManager);
-}
-
-- (id)targetView
-{
-    return hosts::hostObjectFor(hosts::peerAs<sim::VolumeHUDManager>(self)->targetView);
-}
-
-@end
-
-// The gesture framework.
-
-@implementation LAActivator
-
-+ (id)sharedInstance
-{
-    return sharedObject("LAActivator");
-}
-
-- (void)registerListener:(id)listener forName:(NSString*)name
-{
-    if (const auto text = hosts::textOf(name))
-        hosts::device().home->registerListener(hosts::peerOf(listener), *text);
-}
-
-@end
-
-@implementation LAEvent
-
-- (void)setHandled:(BOOL)handled
-{
-    hosts::callOwn<void>("LAEvent", hosts::peerOf(self), _cmd, handled != NO);
 }
 
 @end

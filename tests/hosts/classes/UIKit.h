@@ -4,12 +4,17 @@
 #include "simulator/device/View.h"
 #include "tests/hosts/Peers.h"
 
+#include <optional>
+
 using DevicePoint = panotra::sim::Point;
 using DeviceRect = panotra::sim::Rect;
 using DeviceTransform = panotra::sim::Transform;
 
 @interface CALayer : DeviceObject
 @end
+
+/// Of a UIColor; none of nil.
+std::optional<panotra::sim::Rgba> componentsOf(id color);
 
 /// Its own Core Graphics colour.
 @interface UIColor : DeviceObject

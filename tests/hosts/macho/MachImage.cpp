@@ -7,12 +7,14 @@
 
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <span>
 #include <system_error>
+#include <vector>
 
 namespace panotra::hosts {
 
@@ -79,15 +81,26 @@ void protect(const MachFile& file, std::span<std::byte> memory)
     }
 }
 
+bool isCode(const MachFile& file, std::uint64_t address)
+{
+    return std::ranges::any_of(file.segments, [address](const MachSegment& segment) {
+        return segment.isExecutable && address >= segment.address && address - segment.address < segment.size;
+    });
+}
+
+/// None is run unless all of them can be.
 void runConstructors(const MachFile& file, std::span<std::byte> memory)
 {
+    const std::uint64_t start = reinterpret_cast<std::uintptr_t>(memory.data());
+    std::vector<void (*)()> constructors;
     for (const std::uint64_t place : file.constructors) {
         const std::uint64_t address = readPointer(&memory[place]);
-        const std::uint64_t start = reinterpret_cast<std::uintptr_t>(memory.data());
-        if (address < start || address - start >= memory.size())
-            throw MachError("has a constructor outside itself");
-        reinterpret_cast<void (*)()>(address)();
+        if (!isCode(file, address - start))
+            throw MachError("has a constructor outside its code");
+        constructors.push_back(reinterpret_cast<void (*)()>(address));
     }
+    for (const auto constructor : constructors)
+        constructor();
 }
 
 std::span<std::byte> load(Bytes bytes, const ImportResolver& resolver)
@@ -125,10 +138,12 @@ public:
     {
     }
 
-    void* symbol(const std::string& name) const override
+    void* symbol(const std::string& name, std::size_t size) const override
     {
         const auto place = m_map.find('_' + name);
-        return place == m_map.end() || place->second >= m_memory.size() ? nullptr : &m_memory[place->second];
+        if (place == m_map.end() || place->second >= m_memory.size() || size > m_memory.size() - place->second)
+            return nullptr;
+        return &m_memory[place->second];
     }
 
 private:

@@ -100,10 +100,10 @@ TEST_F(MachImageTest, HasRunItsConstructorOnceWhenItIsThere)
 TEST_F(MachImageTest, HasItsPointersFilled)
 {
     const auto image = open({});
-    const void* const data = image->symbol("data");
+    const void* const data = image->symbol("data", 40);
     ASSERT_NE(data, nullptr);
     EXPECT_EQ(numberAt(data, 0), reinterpret_cast<std::uintptr_t>(started));
-    EXPECT_EQ(numberAt(data, 1), reinterpret_cast<std::uintptr_t>(image->symbol("start")));
+    EXPECT_EQ(numberAt(data, 1), reinterpret_cast<std::uintptr_t>(image->symbol("start", 8)));
     EXPECT_EQ(numberAt(data, 2), reinterpret_cast<std::uintptr_t>(data) + 24);
     EXPECT_EQ(numberAt(data, 3), 42u);
     EXPECT_EQ(numberAt(data, 4), 0u) << "what the file does not fill";
@@ -112,29 +112,36 @@ TEST_F(MachImageTest, HasItsPointersFilled)
 TEST_F(MachImageTest, KnowsNoOtherNames)
 {
     const auto image = open({});
-    EXPECT_EQ(image->symbol("nothing"), nullptr);
-    EXPECT_EQ(image->symbol("after"), nullptr) << "a name outside the library";
+    EXPECT_EQ(image->symbol("nothing", 1), nullptr);
+    EXPECT_EQ(image->symbol("after", 1), nullptr) << "a name outside the library";
+}
+
+TEST_F(MachImageTest, KnowsNoValuesThatReachBeyondIt)
+{
+    const auto image = open({});
+    EXPECT_NE(image->symbol("data", samplePageSize), nullptr);
+    EXPECT_EQ(image->symbol("data", samplePageSize + 1), nullptr);
 }
 
 TEST_F(MachImageTest, IsProtectedAsItAsksFor)
 {
     const auto image = open({});
-    EXPECT_EQ(protectionOf(image->symbol("start")), "r-xp");
-    EXPECT_EQ(protectionOf(image->symbol("data")), "rw-p");
+    EXPECT_EQ(protectionOf(image->symbol("start", 8)), "r-xp");
+    EXPECT_EQ(protectionOf(image->symbol("data", 40)), "rw-p");
 }
 
 TEST_F(MachImageTest, CountsTheAddendIn)
 {
     SampleLibrary library;
     library.weakBindings = stream("\x40_started\0\x51\x60\x05\x71\x18\x90");
-    EXPECT_EQ(numberAt(open(library)->symbol("data"), 3), reinterpret_cast<std::uintptr_t>(started) + 5);
+    EXPECT_EQ(numberAt(open(library)->symbol("data", 40), 3), reinterpret_cast<std::uintptr_t>(started) + 5);
 }
 
 TEST_F(MachImageTest, MayLackWhatItSaysItMayLack)
 {
     SampleLibrary library;
     library.weakBindings = stream("\x41_absent\0\x51\x71\x18\x90");
-    EXPECT_EQ(numberAt(open(library)->symbol("data"), 3), 0u);
+    EXPECT_EQ(numberAt(open(library)->symbol("data", 40), 3), 0u);
 }
 
 TEST_F(MachImageTest, IsRefusedWithWhatItLacks)
@@ -162,7 +169,21 @@ TEST_F(MachImageTest, IsRefusedWithAConstructorThatIsNotItsOwn)
 {
     SampleLibrary library;
     library.rebases = "";
-    expectRefused(library, "has a constructor outside itself");
+    expectRefused(library, "has a constructor outside its code");
+}
+
+TEST_F(MachImageTest, IsRefusedWithAConstructorAmongItsData)
+{
+    SampleLibrary library;
+    library.contents[samplePageSize + 9] = 0x10;
+    expectRefused(library, "has a constructor outside its code");
+}
+
+TEST_F(MachImageTest, RunsNoConstructorIfOneCannotRun)
+{
+    SampleLibrary library;
+    library.segments[1].sections[0].size = 16; // the second points among the data
+    expectRefused(library, "has a constructor outside its code");
 }
 
 TEST_F(MachImageTest, IsRefusedWhenDamaged)
