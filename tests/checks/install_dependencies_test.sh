@@ -99,4 +99,19 @@ run 2 biuld
 expect errors "no group 'biuld'; there are: arm64 bench build"
 expect_none calls
 
+what="a list"
+machine
+run 0 --list fetched-arm64 build
+expect output '^libplist3$'
+expect output '^g\+\+$'
+expect_none errors
+expect_none calls
+run 2 --list biuld
+
+what="a group that is fetched, not installed"
+machine
+run 2 fetched-device
+expect errors "'fetched-device' are fetched"
+expect_none calls
+
 conclude "mistakes of the installation script" "$failures"

@@ -77,6 +77,8 @@ expect_refused "a name of its own" 'names __ZL5startv'
 usual_names+=('-Wl,-x')
 library <<<"$(kept 'const char* path' '"/home/somebody/Panotra.cpp"')"
 expect_refused "a path of the machine that built it" 'holds the path /home/somebody/Panotra.cpp'
+library <<<"$(kept 'const char* path' "\"$root/views\"")"
+expect_refused "a path of the repository, wherever that is" "holds the path $root/views"
 
 # What it is.
 

@@ -14,16 +14,19 @@ sources=$scratch/a/longer/way/to/the/sources
 again=$sources/again
 
 mkdir -p "$again"
+touch "$again/net.qorvath.panotra_0.0.0_iphoneos-arm.deb" # left by an older version
 (cd "$root" && cp -r CMakeLists.txt cmake controller hooks model packaging platform resources scripts views "$sources")
 cp -r "$device/libcxx" "$again"
 (
     umask 077
-    CCACHE_DISABLE=1 TZ=Pacific/Chatham LC_ALL=C.UTF-8 "$sources/scripts/build-device" "$again" >/dev/null
+    cd "$scratch"
+    CCACHE_DISABLE=1 TZ=Pacific/Chatham LC_ALL=C.UTF-8 "$sources/scripts/build-device" "${again#"$scratch/"}" >/dev/null
 )
 
 different=0
-package=$(basename "$device"/*.deb)
-for file in "$package" arm64/Panotra.dylib simulator/Panotra.dylib; do
+packages() { (cd "$1" && ls -- *.deb); }
+[[ $(packages "$again") == "$(packages "$device")" ]] || different=1
+for file in $(packages "$device") arm64/Panotra.dylib simulator/Panotra.dylib; do
     if ! cmp "$device/$file" "$again/$file"; then
         different=$((different + 1))
     fi
