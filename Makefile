@@ -54,6 +54,11 @@ test-device-arm64: device ## play every scenario with the phone's own library, o
 	@scripts/install-dependencies arm64
 	@scripts/test-device-arm64 $(build) $(jobs) $(quiet)
 
+.PHONY: fuzz
+fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
+	@scripts/install-dependencies build test fuzz
+	@scripts/fuzz $(build) $(jobs) $(quiet)
+
 .PHONY: bench
 bench: build ## measure: instructions of the logic, time of the pictures
 	@scripts/install-dependencies test bench
