@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace panotra::sim {
 
@@ -12,6 +13,20 @@ namespace {
 constexpr double partOfDisplay = 0.92;
 constexpr double largestGrowth = 1.25;
 
+/// SDL would make do without any display, and draw where nobody looks. Whoever names a driver knows what they want.
+bool chooseDriver(std::string& failure)
+{
+    if (std::getenv("SDL_VIDEODRIVER") != nullptr)
+        return true;
+    if (std::getenv("DISPLAY") != nullptr)
+        SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+    else if (std::getenv("WAYLAND_DISPLAY") != nullptr)
+        SDL_SetHint(SDL_HINT_VIDEODRIVER, "wayland");
+    else
+        failure = "neither DISPLAY nor WAYLAND_DISPLAY is set";
+    return failure.empty();
+}
+
 struct FreeSurface {
     void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };
@@ -20,6 +35,8 @@ struct FreeSurface {
 
 std::unique_ptr<Display> Display::open(const char* title, std::string& failure)
 {
+    if (!chooseDriver(failure))
+        return nullptr;
     // The surface goes to the display without a graphics library in between, and in parts.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
