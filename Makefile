@@ -21,6 +21,7 @@ help: ## explain the targets
 build: ## install what is missing and build the program: build/panotra
 	@scripts/install-dependencies build
 	@cmake --preset default $(if $(wildcard $(build)/CMakeCache.txt),,-DBUILD_TESTING=OFF) >/dev/null
+	@$(if $(quiet),echo "Building: panotra")
 	@cmake --build $(build) --parallel $(jobs) --target panotra panotra_resources -- $(quiet)
 
 .PHONY: run

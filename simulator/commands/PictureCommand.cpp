@@ -29,7 +29,7 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
     command->add_option("--style", showing.style, "The setting activeStyle: 0 the panel, 1 the banner")
         ->check(CLI::Range(0, 1))
         ->type_name("N");
-    command->add_option("--skin", showing.skin, "The setting mixerSkin: 0 to 3")
+    command->add_option("--skin", showing.skin, "The setting mixerSkin: 0 light, 1 dark, 2 darker, 3 black")
         ->check(CLI::Range(0, 3))
         ->type_name("N");
     command
