@@ -15,7 +15,7 @@ namespace {
 
 using Fields = PNOController::InstanceVariables;
 
-constexpr std::array instanceVariableTable {
+constexpr std::array controllerInstanceVariables {
     instanceVariable<PNOWindow>("_window", offsetof(Fields, _window)),
     instanceVariable<UIView>("_rootView", offsetof(Fields, _rootView)),
     instanceVariable<CGFloat>("_boundsWidth", offsetof(Fields, _boundsWidth)),
@@ -75,7 +75,7 @@ const ClassDescription& PNOController::description() noexcept
     static const ClassDescription description {
         "PNOController",
         "NSObject",
-        instanceVariableTable,
+        controllerInstanceVariables,
         methodTable,
         classMethodTable,
         sizeof(Fields),

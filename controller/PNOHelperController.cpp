@@ -13,7 +13,7 @@
 namespace panotra {
 namespace {
 
-using Fields = PNOHelperController::InstanceVariables;
+using HelperFields = PNOHelperController::InstanceVariables;
 
 void present()
 {
@@ -68,10 +68,10 @@ NSString textOf(const NSString& listenerName, const char* Listener::*text)
     return NSString::stringWithUTF8String(listener != nullptr ? listener->*text : unknownListenerText);
 }
 
-constexpr std::array instanceVariableTable {
-    instanceVariable<NSString>("_projectName", offsetof(Fields, _projectName)),
-    instanceVariable<NSString>("_packageName", offsetof(Fields, _packageName)),
-    instanceVariable<NSBundle>("_bundle", offsetof(Fields, _bundle)),
+constexpr std::array helperInstanceVariables {
+    instanceVariable<NSString>("_projectName", offsetof(HelperFields, _projectName)),
+    instanceVariable<NSString>("_packageName", offsetof(HelperFields, _packageName)),
+    instanceVariable<NSBundle>("_bundle", offsetof(HelperFields, _bundle)),
 };
 
 } // namespace
@@ -92,12 +92,12 @@ const ClassDescription& PNOHelperController::description() noexcept
     static const ClassDescription description {
         "PNOHelperController",
         "NSObject",
-        instanceVariableTable,
+        helperInstanceVariables,
         methodTable,
         classMethodTable,
-        sizeof(Fields),
-        [](void* memory) { std::construct_at(static_cast<Fields*>(memory)); },
-        [](id, void* memory) { std::destroy_at(static_cast<Fields*>(memory)); },
+        sizeof(HelperFields),
+        [](void* memory) { std::construct_at(static_cast<HelperFields*>(memory)); },
+        [](id, void* memory) { std::destroy_at(static_cast<HelperFields*>(memory)); },
     };
     return description;
 }
@@ -119,7 +119,7 @@ PNOHelperController PNOHelperController::init() const
         for (const Listener& listener : listeners)
             activator.registerListener(self, listener.name);
     }
-    if (Fields* const fields = self.fields()) {
+    if (HelperFields* const fields = self.fields()) {
         fields->_projectName = NSString::stringWithUTF8String("Panotra");
         fields->_packageName = NSString::stringWithUTF8String("net.qorvath.panotra");
         fields->_bundle = NSBundle::bundleWithPath("/Library/PreferenceBundles/Panotra.bundle");
@@ -129,18 +129,18 @@ PNOHelperController PNOHelperController::init() const
 
 PNOHelperController::InstanceVariables* PNOHelperController::fields() const noexcept
 {
-    return static_cast<Fields*>(instanceVariables(get(), description()));
+    return static_cast<HelperFields*>(instanceVariables(get(), description()));
 }
 
 NSString PNOHelperController::packageName() const
 {
-    const Fields* const self = fields();
+    const HelperFields* const self = fields();
     return self != nullptr ? self->_packageName : nullptr;
 }
 
 NSBundle PNOHelperController::bundle() const
 {
-    const Fields* const self = fields();
+    const HelperFields* const self = fields();
     return self != nullptr ? self->_bundle : nullptr;
 }
 

@@ -85,7 +85,7 @@ std::vector<std::string> HomeScreenTest::order(const std::vector<std::string>& n
 {
     std::vector<std::string> found;
     for (const sim::Json& event : events) {
-        if (std::find(names.begin(), names.end(), event["event"]) != names.end())
+        if (std::find(names.begin(), names.end(), event["event"].get<std::string>()) != names.end())
             found.push_back(event["event"]);
     }
     return found;

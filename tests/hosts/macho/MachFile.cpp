@@ -30,7 +30,6 @@ constexpr std::size_t nameLength = 16;
 constexpr std::uint64_t pageSize = 0x1000;
 /// Far more than the mixer will ever need, and far less than what a damaged size could ask for.
 constexpr std::uint64_t mostMemory = 64 << 20;
-constexpr std::uint64_t pointerSize = 8;
 
 Bytes part(Bytes bytes, std::uint64_t offset, std::uint64_t size)
 {

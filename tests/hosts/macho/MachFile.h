@@ -38,6 +38,9 @@ struct MachFile {
     std::vector<std::uint64_t> constructors; ///< pointers to functions to call, in order
 };
 
+/// Bytes.
+constexpr std::uint64_t pointerSize = 8;
+
 constexpr std::uint32_t processorX86 = 0x01000007;
 constexpr std::uint32_t processorArm = 0x0100000c;
 

@@ -7,7 +7,6 @@ namespace {
 
 constexpr std::uint8_t opcodeMask = 0xf0;
 constexpr std::uint8_t immediateMask = 0x0f;
-constexpr std::uint64_t pointerSize = 8;
 constexpr std::uint8_t typePointer = 1;
 /// Far more pointers than a library of the most memory that is allowed could have of its own need.
 constexpr std::size_t mostFixups = 1 << 20;

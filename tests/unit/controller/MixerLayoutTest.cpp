@@ -9,7 +9,7 @@ namespace {
 using testing::isNear;
 using testing::isRectangle;
 
-struct ScreenCase {
+struct MeasuredScreen {
     CGSize screen;
     CGSize reference;
     CGRect uprightPanel; ///< in a root view as large as the screen
@@ -20,7 +20,7 @@ struct ScreenCase {
 // Panel: half the screen less half the reference size, 375 / 2 - 320 / 2 = 27.5 and 667 / 2 - 480 / 2 = 93.5.
 // Turned, the root view is as wide as the screen is high, and the reference size lies on its side.
 // Banner: (375 - 320) / 2 = 27.5 from the left, 40 from the top, 480 / 3.5 = 960 / 7 high.
-const ScreenCase screenCases[] = {
+const MeasuredScreen measuredScreens[] = {
     { { 320, 480 }, { 300, 440 }, CGRectMake(10, 20, 300, 440), CGRectMake(20, 10, 440, 300),
         CGRectMake(10, 40, 300, 880.0 / 7) },
     { { 320, 568 }, { 300, 480 }, CGRectMake(10, 44, 300, 480), CGRectMake(44, 10, 480, 300),
@@ -51,7 +51,7 @@ void expectLayout(const MixerLayout& found, const Worked& expected)
 
 TEST(MixerLayout, TheReferenceSizeGivesWayOnAScreenJustAsWideOrHigh)
 {
-    for (const ScreenCase& each : screenCases)
+    for (const MeasuredScreen& each : measuredScreens)
         EXPECT_EQ(referenceSizeForScreen(each.screen), each.reference);
     EXPECT_EQ(referenceSizeForScreen({ 480, 320 }), (CGSize { 320, 480 })) << "width with width, height with height";
     EXPECT_EQ(referenceSizeForScreen({ 320.001, 479.999 }), (CGSize { 320, 480 })) << "exactly as wide";
@@ -107,14 +107,14 @@ TEST(MixerLayout, OnlyOppositeOrientationsAreHalfATurnApart)
 
 TEST(MixerLayout, ThePanelStandsInTheMiddleOfEveryScreenUpright)
 {
-    for (const ScreenCase& each : screenCases)
+    for (const MeasuredScreen& each : measuredScreens)
         EXPECT_TRUE(isRectangle(panelFrame(each.screen, each.reference, Aspect::Portrait), each.uprightPanel))
             << each.screen.width;
 }
 
 TEST(MixerLayout, ThePanelStandsInTheMiddleOfEveryScreenTurned)
 {
-    for (const ScreenCase& each : screenCases) {
+    for (const MeasuredScreen& each : measuredScreens) {
         const CGSize turned { each.screen.height, each.screen.width };
         EXPECT_TRUE(isRectangle(panelFrame(turned, each.reference, Aspect::Landscape), each.turnedPanel))
             << each.screen.width;
@@ -123,7 +123,7 @@ TEST(MixerLayout, ThePanelStandsInTheMiddleOfEveryScreenTurned)
 
 TEST(MixerLayout, TheBannerStandsFortyPointsBelowTheTopOfEveryScreen)
 {
-    for (const ScreenCase& each : screenCases)
+    for (const MeasuredScreen& each : measuredScreens)
         EXPECT_TRUE(isRectangle(bannerFrame(each.screen.width, each.reference), each.banner)) << each.screen.width;
 }
 

@@ -159,7 +159,7 @@ TEST_F(Triggers, AReportedShakeReloadsTheSettingsAndTogglesWhateverTheySay)
 
 TEST_F(Triggers, TwoStatesOfTheScreenRemoveTheMixer)
 {
-    for (const std::uint64_t state : { 0, 9 }) {
+    for (const std::uint64_t state : { 0u, 9u }) {
         show(panel);
         pass(1);
         forgetEvents();

@@ -187,11 +187,11 @@ TEST_F(ObjectsTest, ASetLevelIsSeenAtOnceAndStoredWhenTheHandleGoes)
 
 TEST_F(ObjectsTest, APerformGoesThroughTheMethodTableAndKeepsItsTargetAlive)
 {
-    static int told = 0;
-    told = 0;
+    static int count = 0;
+    count = 0;
     HostClass& isa = device.classes->add("Told", "NSObject");
     isa.methods[sim::selector("tell:")]
-        = sim::implementation(+[](HostObject*, const HostSelector*, HostObject* object) { told += object != nullptr; });
+        = sim::implementation(+[](HostObject*, const HostSelector*, HostObject* object) { count += object != nullptr; });
     {
         const auto target = adopt<NSObject>(device.classes->instantiate(isa));
         target.performSelector("tell:", UIView::init(), 1);
@@ -200,7 +200,7 @@ TEST_F(ObjectsTest, APerformGoesThroughTheMethodTableAndKeepsItsTargetAlive)
         NSObject::cancelPreviousPerformRequests(target, "tell:", target);
     }
     device.runLoop->wait(3);
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(count, 1);
     EXPECT_EQ(device.classes->liveObjects("Told"), 0u);
 }
 

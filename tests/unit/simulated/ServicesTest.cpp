@@ -143,16 +143,16 @@ TEST_F(ServicesTest, BlocksAreDispatchedInNanoseconds)
 
 TEST_F(ServicesTest, DarwinNotificationsAreRegisteredObservedReadAndPosted)
 {
-    static int told = 0;
-    told = 0;
+    static int times = 0;
+    times = 0;
     std::int32_t token = -1;
     notify_register_check("net.example.shake", &token);
     device.darwin->setState("net.example.shake", 7);
     EXPECT_EQ(notify_get_state(token), 7u);
-    addDarwinObserver("net.example.settings", []() noexcept { ++told; });
+    addDarwinObserver("net.example.settings", []() noexcept { ++times; });
     device.home->notify("net.example.settings");
     notify_post("net.example.settings");
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(times, 2);
     EXPECT_THAT(eventNames(), ElementsAre("register", "observe", "post"));
 }
 
