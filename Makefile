@@ -1,6 +1,7 @@
 # What one does with this project. `make` alone explains; the work itself stands in CMake and in scripts/.
 
 SHELL := /bin/bash
+.SHELLFLAGS := -o pipefail -c
 .DEFAULT_GOAL := help
 MAKEFLAGS += --no-print-directory
 
@@ -44,6 +45,13 @@ window: build ## build, and open a phone to play with
 test: ## build and run all tests, once more under the sanitizers
 	@scripts/install-dependencies build test device
 	@scripts/run-tests $(build) $(jobs) $(quiet)
+
+.PHONY: quick
+quick: ## between two edits: build and run the unit and scenario tests, once and without the rest
+	@scripts/install-dependencies build test
+	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
+	@cmake --build $(build) --parallel $(jobs) --target panotra_quick -- $(quiet)
+	@ctest --test-dir $(build) --parallel $(jobs) --output-on-failure --tests-regex "^(unit_|scenario/|example/)" | grep -v -e "^ *Start " -e " Passed "
 
 .PHONY: device
 device: ## install what is missing, make the package for a phone in build/device, and check it

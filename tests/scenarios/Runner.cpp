@@ -1,6 +1,6 @@
-/// Plays the scenario of one folder in this process and compares its trace with the one that is expected.
+/// Plays the scenario of each folder in this process and compares its trace with the one that is expected.
 ///
-///     scenario_tests FOLDER
+///     scenario_tests FOLDER...
 ///
 /// FOLDER holds `scenario` and `trace.jsonl`. The trace that was played is left in the current folder when it differs.
 #include "simulator/Files.h"
@@ -29,15 +29,9 @@ std::string textOf(const std::filesystem::path& file)
     return std::get<std::string>(std::move(text));
 }
 
-} // namespace
-
-int main(int argumentCount, char** arguments)
+/// Whether the scenario of the folder leaves the trace that it should.
+bool passes(const std::filesystem::path& folder)
 {
-    if (argumentCount != 2) {
-        std::fprintf(stderr, "usage: scenario_tests FOLDER\n");
-        return EXIT_FAILURE;
-    }
-    const std::filesystem::path folder = arguments[1];
     const auto expected = textOf(folder / "trace.jsonl");
 
     // Named after the case, so that cases which run at the same time do not meet.
@@ -50,14 +44,28 @@ int main(int argumentCount, char** arguments)
     };
     const auto status = sim::play(options, sim::loadedLibrary());
     if (status != sim::ExitStatus::AllWell) {
-        std::fprintf(stderr, "the play ended with status %d\n", static_cast<int>(status));
-        return EXIT_FAILURE;
+        std::fprintf(stderr, "%s: the play ended with status %d\n", folder.c_str(), static_cast<int>(status));
+        return false;
     }
     if (const auto difference = testing::firstDifference(expected, textOf(trace))) {
-        std::fprintf(stderr, "%s\nthe whole trace that was found: %s\n", difference->c_str(),
+        std::fprintf(stderr, "%s: %s\nthe whole trace that was found: %s\n", folder.c_str(), difference->c_str(),
             std::filesystem::absolute(trace).c_str());
-        return EXIT_FAILURE;
+        return false;
     }
     std::filesystem::remove(trace);
-    return EXIT_SUCCESS;
+    return true;
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments)
+{
+    if (argumentCount < 2) {
+        std::fprintf(stderr, "usage: scenario_tests FOLDER...\n");
+        return EXIT_FAILURE;
+    }
+    bool allPass = true;
+    for (int index = 1; index < argumentCount; ++index)
+        allPass = passes(arguments[index]) && allPass;
+    return allPass ? EXIT_SUCCESS : EXIT_FAILURE;
 }
