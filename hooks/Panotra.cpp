@@ -4,6 +4,7 @@
 #include "controller/PNOController.h"
 #include "hooks/PreviousImplementations.h"
 #include "model/ProcessValues.h"
+#include "platform/MethodReplacement.h"
 #include "platform/Notify.h"
 
 #include <array>
@@ -40,7 +41,7 @@ template <std::size_t count> void install(const std::array<Hook, count>& hooks)
             className = hook.className;
             hostClass = objc_getClass(className);
         }
-        MSHookMessageEx(hostClass, hook.method, hook.replacement, hook.previous);
+        replaceMethod(hostClass, hook.method, hook.replacement, hook.previous);
     }
 }
 

@@ -1,7 +1,7 @@
-/// The host's object system: the handles that cross the seam, classes by name, and method replacement.
+/// The host's object system: the handles that cross the seam, classes by name, counting and pools.
 ///
-/// Everything under platform/ is called on the host's main thread, the hooking functions excepted: they run on
-/// the thread that loads the library. Declarations only; a backend is chosen by the list of files linked.
+/// Everything under platform/ is called on the host's main thread, method replacement excepted: it runs on the
+/// thread that loads the library. Declarations only; a backend is chosen by the list of files linked.
 #pragma once
 
 namespace panotra {
@@ -21,11 +21,6 @@ using IMP = void (*)();
 
 /// The class called `name`, or null if this process has none.
 Class objc_getClass(const char* name) noexcept;
-
-/// Makes `replacement` the implementation of instance method `selector` of `hostClass` and stores the one it
-/// replaces, inherited ones included, in `*previous` before the replacement can be called.
-/// A null class, or a method that the class neither has nor inherits: nothing happens, `*previous` stays.
-void MSHookMessageEx(Class hostClass, const char* selector, IMP replacement, IMP* previous) noexcept;
 
 /// Counting. Null: nothing happens.
 void retain(id object) noexcept;

@@ -1,8 +1,6 @@
-/// Classes by name, method replacement, counting and pools.
+/// Classes by name, counting and pools.
 #include "platform/ios/Names.h"
 #include "platform/ios/ObjectiveC.h"
-
-#include <substrate.h>
 
 namespace panotra {
 
@@ -17,21 +15,6 @@ SEL ios::selectorNamed(const char* name) noexcept
 Class objc_getClass(const char* name) noexcept
 {
     return name != nullptr ? fromRuntime(::objc_getClass(name)) : nullptr;
-}
-
-/// The hooking framework aborts the process over a missing class and complains of a missing method, so it is not
-/// asked. The previous implementation is stored beforehand: another thread may call the replacement before the
-/// framework returns. What the framework stores in the end, which may be a trampoline of its own, stands.
-void MSHookMessageEx(Class hostClass, const char* selector, IMP replacement, IMP* previous) noexcept
-{
-    if (hostClass == nullptr || selector == nullptr)
-        return;
-    ::SEL const name = sel_registerName(selector);
-    if (class_getInstanceMethod(toRuntime(hostClass), name) == nullptr)
-        return;
-    if (previous != nullptr)
-        *previous = class_getMethodImplementation(toRuntime(hostClass), name);
-    ::MSHookMessageEx(toRuntime(hostClass), name, replacement, previous);
 }
 
 void retain(id object) noexcept

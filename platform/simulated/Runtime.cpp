@@ -1,4 +1,4 @@
-/// Classes by name, method replacement and counting.
+/// Classes by name, counting and pools.
 #include "platform/Runtime.h"
 
 #include "simulator/device/Services.h"
@@ -11,13 +11,6 @@ Class objc_getClass(const char* name) noexcept
 {
     sim::Device* const device = sim::Device::current();
     return device == nullptr || name == nullptr ? nullptr : device->classes->find(name);
-}
-
-void MSHookMessageEx(Class hostClass, const char* selector, IMP replacement, IMP* previous) noexcept
-{
-    sim::Device* const device = sim::Device::current();
-    if (device != nullptr && hostClass != nullptr && selector != nullptr)
-        device->classes->replace(*hostClass, sim::selector(selector), replacement, previous);
 }
 
 void retain(id object) noexcept

@@ -1,6 +1,7 @@
 /// Classes of ours in the device's class table, hooks, messages to super.
 #include "platform/AVSystemController.h"
 #include "platform/MethodEntry.h"
+#include "platform/MethodReplacement.h"
 #include "platform/UIWindow.h"
 #include "tests/unit/simulated/SeamTest.h"
 
@@ -157,8 +158,8 @@ bool setVolumeHook(id self, SEL selector, float level, id category) noexcept
 
 TEST_F(ClassesTest, AHookIsPassedByOurOwnMessagesToo)
 {
-    MSHookMessageEx(objc_getClass("AVSystemController"),
-        "setVolumeTo:forCategory:", reinterpret_cast<IMP>(setVolumeHook), &previousSetVolume);
+    replaceMethod(objc_getClass("AVSystemController"), "setVolumeTo:forCategory:", reinterpret_cast<IMP>(setVolumeHook),
+        &previousSetVolume);
     EXPECT_TRUE(
         AVSystemController::sharedAVSystemController().setVolumeTo(0.5f, NSString::stringWithUTF8String("Alarm")));
     EXPECT_THAT(told, ElementsAre("hook"));
@@ -169,8 +170,8 @@ TEST_F(ClassesTest, AHookIsPassedByOurOwnMessagesToo)
 TEST_F(ClassesTest, HookingNothingReportsNothingAndLeavesThePreviousImplementation)
 {
     IMP previous = nullptr;
-    MSHookMessageEx(objc_getClass("NobodyHasHeardOfIt"), "init", reinterpret_cast<IMP>(setVolumeHook), &previous);
-    MSHookMessageEx(objc_getClass("UIView"), "unheardOf", reinterpret_cast<IMP>(setVolumeHook), &previous);
+    replaceMethod(objc_getClass("NobodyHasHeardOfIt"), "init", reinterpret_cast<IMP>(setVolumeHook), &previous);
+    replaceMethod(objc_getClass("UIView"), "unheardOf", reinterpret_cast<IMP>(setVolumeHook), &previous);
     EXPECT_EQ(previous, nullptr);
     EXPECT_TRUE(events.empty());
 }

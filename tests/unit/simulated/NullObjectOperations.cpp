@@ -1,6 +1,7 @@
 /// Objects, services and the runtime on null.
 #include "platform/AVSystemController.h"
 #include "platform/LAActivator.h"
+#include "platform/MethodReplacement.h"
 #include "platform/NSBundle.h"
 #include "platform/NSUserDefaults.h"
 #include "platform/Notify.h"
@@ -93,10 +94,10 @@ std::vector<Operation> operationsOfTheRuntime()
 {
     return {
         operation("objc_getClass", [] { return objc_getClass(nullptr) == nullptr; }),
-        operation("MSHookMessageEx",
+        operation("replaceMethod",
             [] {
                 IMP previous = nullptr;
-                MSHookMessageEx(
+                replaceMethod(
                     nullptr, "init", [] {}, &previous);
                 return previous == nullptr;
             }),
