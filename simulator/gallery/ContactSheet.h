@@ -2,7 +2,7 @@
 #pragma once
 
 #include "simulator/render/Bitmap.h"
-#include "simulator/render/Text.h"
+#include "simulator/render/Typesetter.h"
 
 #include <string>
 #include <vector>

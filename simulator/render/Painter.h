@@ -5,7 +5,7 @@
 #include "simulator/render/Damage.h"
 #include "simulator/render/ImageFiles.h"
 #include "simulator/render/Scene.h"
-#include "simulator/render/Text.h"
+#include "simulator/render/Typesetter.h"
 #include "simulator/render/Wallpaper.h"
 
 #include <span>

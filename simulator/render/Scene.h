@@ -4,7 +4,7 @@
 #include "simulator/device/View.h"
 #include "simulator/render/Materials.h"
 #include "simulator/render/Shapes.h"
-#include "simulator/render/Text.h"
+#include "simulator/render/Typesetter.h"
 
 #include <cstdint>
 #include <string>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "simulator/device/View.h"
-#include "simulator/render/Text.h"
+#include "simulator/render/Typesetter.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,5 +1,5 @@
 /// Setting text with pango, without hinting: outlines are the same at every size, turn and place.
-#include "simulator/render/Text.h"
+#include "simulator/render/Typesetter.h"
 
 #include <fontconfig/fontconfig.h>
 
