@@ -2,7 +2,7 @@
 #include "platform/UIImage.h"
 
 #include "platform/simulated/Host.h"
-#include "simulator/device/Pictures.h"
+#include "simulator/device/BundlePictures.h"
 
 namespace panotra {
 

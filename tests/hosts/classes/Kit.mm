@@ -1,8 +1,8 @@
 /// The rest of UIKit: colours, fonts, pictures, the screen, events, recognisers, the application.
 #include "tests/hosts/classes/UIKit.h"
 
+#include "simulator/device/BundlePictures.h"
 #include "simulator/device/HomeScreen.h"
-#include "simulator/device/Pictures.h"
 #include "simulator/device/Screen.h"
 #include "simulator/device/Values.h"
 #include "tests/hosts/DeviceCalls.h"

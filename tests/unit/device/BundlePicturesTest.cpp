@@ -1,5 +1,5 @@
 /// The pictures of the resource bundle.
-#include "simulator/device/Pictures.h"
+#include "simulator/device/BundlePictures.h"
 #include "tests/unit/device/DeviceTest.h"
 
 #include <filesystem>

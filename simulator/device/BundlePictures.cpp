@@ -1,5 +1,5 @@
 /// The pictures of the resource bundle.
-#include "simulator/device/Pictures.h"
+#include "simulator/device/BundlePictures.h"
 
 #include "simulator/device/Screen.h"
 
