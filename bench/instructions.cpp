@@ -4,7 +4,7 @@
 ///
 /// WHAT is `announcement`, `drag` or `layout`. The difference between two counts of TIMES is the work's own.
 #include "controller/PNOController.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"

@@ -4,7 +4,7 @@
 /// percentile over all its frames in milliseconds, and the median as a multiple of the time it takes to copy the
 /// picture once, measured in the same run: that number can be compared between machines.
 #include "simulator/Bundle.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"

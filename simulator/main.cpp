@@ -1,5 +1,5 @@
 /// The program `panotra`.
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/commands/Commands.h"
 
 using namespace panotra::sim;

@@ -2,7 +2,7 @@
 #include "simulator/commands/Commands.h"
 
 #include "simulator/Bundle.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/picture/PictureCommand.h"
 #include "simulator/scenario/Numbers.h"
 

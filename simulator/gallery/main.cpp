@@ -2,7 +2,7 @@
 /// a font failed.
 #include "simulator/Bundle.h"
 #include "simulator/Files.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/gallery/Gallery.h"
 
 int main(int argumentCount, char** arguments)

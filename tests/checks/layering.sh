@@ -8,20 +8,20 @@ root=$1
 # A room, or one file | the rooms it may include from, NAME/... with all rooms in it | which libraries it may use.
 # The longest name that fits a file decides, so that a folder inside a room belongs to it until it gets its own row.
 table='
-platform              | platform                                                | standard
-model                 | model platform                                          | standard
-views                 | views model platform                                    | standard
-controller            | controller views model platform                         | standard
-hooks                 | hooks controller views model platform                   | standard
-platform/simulated    | platform/simulated platform simulator/device            | standard
-platform/ios          | platform/ios platform                                   | any
-simulator/preferences | simulator/preferences                                   | any
-simulator/device      | simulator/device simulator/preferences                  | any
-simulator/scenario    | simulator/scenario simulator/device                     | any
-simulator/render      | simulator/render simulator/device                       | any
-simulator             | simulator/...                                           | any
-simulator/Globals.cpp | simulator/... model platform                            | any
-simulator/Library.cpp | simulator/... hooks controller views model platform     | any
+platform                    | platform                                                | standard
+model                       | model platform                                          | standard
+views                       | views model platform                                    | standard
+controller                  | controller views model platform                         | standard
+hooks                       | hooks controller views model platform                   | standard
+platform/simulated          | platform/simulated platform simulator/device            | standard
+platform/ios                | platform/ios platform                                   | any
+simulator/preferences       | simulator/preferences                                   | any
+simulator/device            | simulator/device simulator/preferences                  | any
+simulator/scenario          | simulator/scenario simulator/device                     | any
+simulator/render            | simulator/render simulator/device                       | any
+simulator                   | simulator/...                                           | any
+simulator/Globals.cpp       | simulator/... model platform                            | any
+simulator/LinkedLibrary.cpp | simulator/... hooks controller views model platform     | any
 '
 
 # The seam and the logic are the same text for every host.

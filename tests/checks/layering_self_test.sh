@@ -33,7 +33,7 @@ simulator/preferences/Planted.cpp      | #include "simulator/device/Device.h"  |
 simulator/scenario/Planted.cpp         | #include "hooks/Panotra.h"            | simulator/scenario may not include
 simulator/scenario/Planted.cpp         | #include "simulator/Play.h"           | simulator/scenario may not include
 simulator/main.cpp                     | #include "hooks/Panotra.h"            | simulator may not include
-simulator/Library.cpp                  | #include "platform/simulated/Host.h"  | simulator/Library.cpp may not include
+simulator/LinkedLibrary.cpp            | #include "platform/simulated/Host.h"  | simulator/LinkedLibrary.cpp may not include
 '
 
 tree=$(mktemp -d)

@@ -1,5 +1,5 @@
 /// What the runner of scenario tests plays with.
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "tests/hosts/HostLibrary.h"
 
 namespace panotra::sim {

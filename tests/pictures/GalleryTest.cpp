@@ -1,6 +1,6 @@
 /// The gallery as `make gallery` makes it.
 #include "simulator/gallery/Gallery.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/gallery/GalleryPage.h"
 #include "tests/support/PictureComparison.h"
 

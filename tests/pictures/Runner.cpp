@@ -4,7 +4,7 @@
 ///
 /// FOLDER holds `scenario`, which takes the shot `picture`, and `picture.png`. When they differ, the folder of that
 /// name in the current one keeps `expected.png`, `picture.png` (what was drawn) and `difference.png`.
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/Play.h"
 #include "simulator/picture/PictureFolder.h"
 #include "tests/support/PictureComparison.h"

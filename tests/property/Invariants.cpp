@@ -3,7 +3,7 @@
 
 #include "controller/PNOController.h"
 #include "model/ProcessValues.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/device/Animation.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"

@@ -4,7 +4,7 @@
 ///
 /// FOLDER holds `scenario` and `trace.jsonl`. The trace that was played is left in the current folder when it differs.
 #include "simulator/Files.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/Play.h"
 #include "tests/support/TraceComparison.h"
 

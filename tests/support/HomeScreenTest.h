@@ -5,7 +5,7 @@
 
 #include "controller/PNOController.h"
 #include "model/ProcessValues.h"
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/device/Device.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"

@@ -1,7 +1,7 @@
 /// A phone whose screen is drawn, and what tests ask of pictures.
 #pragma once
 
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"

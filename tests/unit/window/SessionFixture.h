@@ -1,7 +1,7 @@
 /// A session with a folder of its own; what it records and traces is kept as text.
 #pragma once
 
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"

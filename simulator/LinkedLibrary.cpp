@@ -1,5 +1,5 @@
 /// The mixer's library as the simulated loader sees it.
-#include "simulator/Library.h"
+#include "simulator/LinkedLibrary.h"
 
 #include "hooks/Panotra.h"
 #include "hooks/PreviousImplementations.h"
