@@ -3,7 +3,7 @@
 
 #include "simulator/Bundle.h"
 #include "simulator/LinkedLibrary.h"
-#include "simulator/picture/PictureCommand.h"
+#include "simulator/picture/SinglePicture.h"
 #include "simulator/scenario/Numbers.h"
 
 #include <memory>

@@ -3,7 +3,7 @@
 
 #include "simulator/Bundle.h"
 #include "simulator/LinkedLibrary.h"
-#include "simulator/window/WindowCommand.h"
+#include "simulator/window/OpenWindow.h"
 
 #include <memory>
 

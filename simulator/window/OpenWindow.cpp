@@ -1,5 +1,5 @@
 /// Everything that can be missing is asked for before the window opens.
-#include "simulator/window/WindowCommand.h"
+#include "simulator/window/OpenWindow.h"
 
 #include "simulator/Files.h"
 #include "simulator/picture/LooksOfPhone.h"

@@ -1,5 +1,5 @@
 /// From options to a picture.
-#include "simulator/picture/PictureCommand.h"
+#include "simulator/picture/SinglePicture.h"
 
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
