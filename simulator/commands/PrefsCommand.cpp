@@ -1,7 +1,7 @@
 /// The command line of `panotra prefs`.
 #include "simulator/commands/Commands.h"
 
-#include "simulator/preferences/PrefsCommand.h"
+#include "simulator/commands/Prefs.h"
 
 #include <iostream>
 #include <map>

@@ -1,5 +1,5 @@
 /// The command with which another process looks at the settings and changes them.
-#include "simulator/preferences/PrefsCommand.h"
+#include "simulator/commands/Prefs.h"
 
 #include "tests/unit/preferences/TemporaryFolder.h"
 

@@ -1,5 +1,5 @@
 /// The command `panotra prefs`: another process that looks at the settings and changes them.
-#include "simulator/preferences/PrefsCommand.h"
+#include "simulator/commands/Prefs.h"
 
 #include "simulator/preferences/DefaultFolder.h"
 #include "simulator/preferences/DomainNames.h"
