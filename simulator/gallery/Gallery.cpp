@@ -76,7 +76,7 @@ ExitStatus makeGallery(const std::string& folderName, const Library& library, co
     announce("Three phones");
     if (!folder.writePicture(introduction, threePhones(*studio)))
         return ExitStatus::FileFailed;
-    for (const Sheet& sheet : sheets) {
+    for (const GallerySheet& sheet : sheets) {
         announce(sheet.title);
         if (!folder.writePicture(sheet.name, contactSheet(sheet.rows(*studio), studio->typesetter())))
             return ExitStatus::FileFailed;

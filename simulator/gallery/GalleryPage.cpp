@@ -46,14 +46,14 @@ std::string picture(const std::string& name, const std::string& alternative)
 
 } // namespace
 
-std::string galleryPage(std::span<const Sheet> sheets)
+std::string galleryPage(std::span<const GallerySheet> sheets)
 {
     std::string page = head;
     page += "<nav>\n";
-    for (const Sheet& sheet : sheets)
+    for (const GallerySheet& sheet : sheets)
         page += std::string("<a href=\"#") + sheet.name + "\">" + sheet.title + "</a>\n";
     page += "</nav>\n<figure>\n" + picture(introduction, "Three phones that show the mixer") + "</figure>\n";
-    for (const Sheet& sheet : sheets) {
+    for (const GallerySheet& sheet : sheets) {
         page += std::string("<figure id=\"") + sheet.name + "\">\n<figcaption><h2>" + sheet.title + "</h2><p>"
             + sheet.text + "</p></figcaption>\n" + picture(sheet.name, sheet.title) + "</figure>\n";
     }

@@ -1,7 +1,7 @@
 /// The page that shows the gallery in a browser.
 #pragma once
 
-#include "simulator/gallery/Sheets.h"
+#include "simulator/gallery/GallerySheets.h"
 
 #include <string>
 
@@ -10,6 +10,6 @@ namespace panotra::sim {
 inline constexpr const char* introduction = "phones"; ///< the name of the picture that comes first
 
 /// HTML that needs nothing but the sheets' pictures beside it.
-std::string galleryPage(std::span<const Sheet> sheets);
+std::string galleryPage(std::span<const GallerySheet> sheets);
 
 } // namespace panotra::sim

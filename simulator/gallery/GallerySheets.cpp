@@ -1,5 +1,5 @@
 /// The table of sheets, and the taking of each.
-#include "simulator/gallery/Sheets.h"
+#include "simulator/gallery/GallerySheets.h"
 
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/RunLoop.h"
@@ -148,24 +148,25 @@ template <void (*move)(Device&, const Studio::Camera&)> std::vector<SheetRow> in
 }
 
 constexpr std::array sheets {
-    Sheet { "panel-dusk", "The panel over a dark wallpaper", "Every skin, however the phone is held.",
+    GallerySheet { "panel-dusk", "The panel over a dark wallpaper", "Every skin, however the phone is held.",
         everySkin<panel, Light::Dusk> },
-    Sheet { "panel-dawn", "The panel over a light wallpaper", "Every skin, however the phone is held.",
+    GallerySheet { "panel-dawn", "The panel over a light wallpaper", "Every skin, however the phone is held.",
         everySkin<panel, Light::Dawn> },
-    Sheet { "banner-dusk", "The banner over a dark wallpaper", "Every skin, however the phone is held.",
+    GallerySheet { "banner-dusk", "The banner over a dark wallpaper", "Every skin, however the phone is held.",
         everySkin<banner, Light::Dusk> },
-    Sheet { "banner-dawn", "The banner over a light wallpaper", "Every skin, however the phone is held.",
+    GallerySheet { "banner-dawn", "The banner over a light wallpaper", "Every skin, however the phone is held.",
         everySkin<banner, Light::Dawn> },
-    Sheet { "screens", "Five screens", "From the smallest phone to a tablet, in points.", everyScreen },
-    Sheet { "fade-in", "Fading in", "The blur comes first, then what stands on it.", inBothStyles<fadeIn> },
-    Sheet { "fade-out", "Fading out", "Everything goes at once.", inBothStyles<fadeOut> },
-    Sheet { "focus", "A level changes", "Its slider swells, and shrinks back.", inBothStyles<focus> },
-    Sheet { "drag", "A finger drags a slider", "The held slider is larger than the others.", inBothStyles<drag> },
+    GallerySheet { "screens", "Five screens", "From the smallest phone to a tablet, in points.", everyScreen },
+    GallerySheet { "fade-in", "Fading in", "The blur comes first, then what stands on it.", inBothStyles<fadeIn> },
+    GallerySheet { "fade-out", "Fading out", "Everything goes at once.", inBothStyles<fadeOut> },
+    GallerySheet { "focus", "A level changes", "Its slider swells, and shrinks back.", inBothStyles<focus> },
+    GallerySheet {
+        "drag", "A finger drags a slider", "The held slider is larger than the others.", inBothStyles<drag> },
 };
 
 } // namespace
 
-std::span<const Sheet> gallerySheets()
+std::span<const GallerySheet> gallerySheets()
 {
     return sheets;
 }

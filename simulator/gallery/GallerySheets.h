@@ -7,13 +7,13 @@
 
 namespace panotra::sim {
 
-struct Sheet {
+struct GallerySheet {
     const char* name; ///< the file's, without its ending
     const char* title;
     const char* text; ///< a sentence for the page
     std::vector<SheetRow> (*rows)(Studio& studio);
 };
 
-std::span<const Sheet> gallerySheets();
+std::span<const GallerySheet> gallerySheets();
 
 } // namespace panotra::sim
