@@ -32,7 +32,13 @@ simulator/preferences/Planted.cpp      | #include "platform/NSString.h"        |
 simulator/preferences/Planted.cpp      | #include "simulator/device/Device.h"  | simulator/preferences may not include
 simulator/scenario/Planted.cpp         | #include "hooks/Panotra.h"            | simulator/scenario may not include
 simulator/scenario/Planted.cpp         | #include "simulator/Play.h"           | simulator/scenario may not include
-simulator/main.cpp                     | #include "hooks/Panotra.h"            | simulator may not include
+simulator/picture/Planted.cpp          | #include "simulator/window/Layout.h"  | simulator/picture may not include
+simulator/gallery/Planted.cpp          | #include "simulator/window/Layout.h"  | simulator/gallery may not include
+simulator/window/Planted.cpp           | #include "model/VolumeSlots.h"        | simulator/window may not include
+simulator/commands/Planted.cpp         | #include "simulator/device/Device.h"  | simulator/commands may not include
+simulator/Planted.cpp                  | #include "simulator/render/Scene.h"   | simulator may not include
+simulator/main.cpp                     | #include "hooks/Panotra.h"            | simulator/main.cpp may not include
+simulator/Globals.cpp                  | #include "hooks/Panotra.h"            | simulator/Globals.cpp may not include
 simulator/LinkedLibrary.cpp            | #include "platform/simulated/Host.h"  | simulator/LinkedLibrary.cpp may not include
 '
 
