@@ -3,7 +3,7 @@
 /// Points throughout; nothing is clamped: a container too small for its margins gives negative sizes.
 #pragma once
 
-#include "model/VolumeSlots.h"
+#include "facts/VolumeSlots.h"
 #include "platform/CoreGraphics.h"
 
 #include <array>

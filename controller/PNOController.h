@@ -17,8 +17,8 @@
 #pragma once
 
 #include "controller/MixerLayout.h"
-#include "controller/MixerStyle.h"
-#include "model/VolumeSlots.h"
+#include "facts/MixerStyle.h"
+#include "facts/VolumeSlots.h"
 #include "platform/UIBackdropView.h"
 #include "platform/UILabel.h"
 #include "views/PNOVolumeView.h"

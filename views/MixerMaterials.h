@@ -1,7 +1,7 @@
 /// What the panel and its sliders are both made of: colours, backdrops and labels.
 #pragma once
 
-#include "model/MixerSkins.h"
+#include "facts/MixerSkins.h"
 #include "platform/UIBackdropView.h"
 #include "platform/UILabel.h"
 

@@ -1,6 +1,6 @@
 /// The drag on a slider: from the finger to the level, the store and the system's volume.
+#include "facts/VolumeSlots.h"
 #include "model/ProcessValues.h"
-#include "model/VolumeSlots.h"
 #include "platform/AVSystemController.h"
 #include "platform/SpringBoard.h"
 #include "views/MixerDelegate.h"

@@ -1,6 +1,6 @@
 /// The resource bundle as the build made it: every picture is there at every scale, and templates hold nothing but a
 /// shape.
-#include "model/VolumeSlots.h"
+#include "facts/VolumeSlots.h"
 
 #include <gtest/gtest.h>
 

@@ -8,29 +8,30 @@ root=$1
 # A room, or one file | which libraries it may use | the rooms it may include from.
 # The longest name that fits a file decides, so that a folder inside a room belongs to it until it gets its own row.
 table='
-platform                    | standard | platform
-model                       | standard | model platform
-views                       | standard | views model platform
-controller                  | standard | controller views model platform
-hooks                       | standard | hooks controller views model platform
-platform/simulated          | standard | platform/simulated platform simulator/device
-platform/ios                | any      | platform/ios platform
+facts                       | standard | facts
+platform                    | standard | platform facts
+model                       | standard | model platform facts
+views                       | standard | views model platform facts
+controller                  | standard | controller views model platform facts
+hooks                       | standard | hooks controller views model platform facts
+platform/simulated          | standard | platform/simulated platform simulator/device facts
+platform/ios                | any      | platform/ios platform facts
 simulator/preferences       | any      | simulator/preferences
-simulator/device            | any      | simulator/device simulator/preferences
-simulator/scenario          | any      | simulator/scenario simulator/device
-simulator/render            | any      | simulator/render simulator/device
-simulator/picture           | any      | simulator/picture simulator/render simulator/scenario simulator/device simulator
-simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator
-simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/preferences simulator
-simulator/commands          | any      | simulator/commands simulator/window simulator/picture simulator/scenario simulator/preferences simulator
-simulator                   | any      | simulator simulator/scenario simulator/device
-simulator/main.cpp          | any      | simulator simulator/commands
-simulator/Globals.cpp       | any      | simulator model platform
-simulator/LinkedLibrary.cpp | any      | simulator hooks controller views model platform
+simulator/device            | any      | simulator/device simulator/preferences facts
+simulator/scenario          | any      | simulator/scenario simulator/device facts
+simulator/render            | any      | simulator/render simulator/device facts
+simulator/picture           | any      | simulator/picture simulator/render simulator/scenario simulator/device simulator facts
+simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator facts
+simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/preferences simulator facts
+simulator/commands          | any      | simulator/commands simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts
+simulator                   | any      | simulator simulator/scenario simulator/device facts
+simulator/main.cpp          | any      | simulator simulator/commands facts
+simulator/Globals.cpp       | any      | simulator model platform facts
+simulator/LinkedLibrary.cpp | any      | simulator hooks controller views model platform facts
 '
 
 # The seam and the logic are the same text for every host.
-unconditional='^(platform/[^/]+[.]h|(model|views|controller|hooks)/.*)$'
+unconditional='^(platform/[^/]+[.]h|(facts|model|views|controller|hooks)/.*)$'
 
 violations() {
     sources "$root" | grep -vE '^(packaging|tests|fuzz|bench)/' | (cd "$root" && xargs awk -v table="$table" -v unconditional="$unconditional" '

@@ -8,7 +8,10 @@ check=$(dirname "${BASH_SOURCE[0]}")/layering.sh
 
 # Where it is planted | what | what the check must say about it.
 plants='
-platform/Planted.h                     | #include "model/VolumeSlots.h"        | platform may not include
+facts/Planted.h                        | #include "platform/CoreGraphics.h"    | facts may not include
+facts/Planted.h                        | #include <unistd.h>                   | standard headers only
+facts/Planted.h                        | #ifdef __APPLE__                      | conditional compilation
+platform/Planted.h                     | #include "model/ProcessValues.h"      | platform may not include
 platform/Planted.h                     | #include "platform/simulated/Host.h"  | platform may not include
 platform/Planted.h                     | #include <objc/runtime.h>             | standard headers only
 platform/Planted.h                     | #ifdef __APPLE__                      | conditional compilation
@@ -24,17 +27,17 @@ hooks/Planted.cpp                      | #include <unistd.h>                   |
 hooks/Planted.cpp                      | #if __cplusplus                       | conditional compilation
 hooks/Planted.cpp                      | #elif NDEBUG                          | conditional compilation
 hooks/deeper/Planted.cpp               | #  include "simulator/Play.h"         | hooks may not include
-platform/simulated/Planted.cpp         | #include "model/VolumeSlots.h"        | platform/simulated may not include
+platform/simulated/Planted.cpp         | #include "model/ProcessValues.h"      | platform/simulated may not include
 platform/simulated/Planted.cpp         | #include "simulator/scenario/Text.h"  | platform/simulated may not include
 simulator/device/Planted.cpp           | #include "platform/UIView.h"          | simulator/device may not include
-simulator/device/Planted.cpp           | #include "model/VolumeSlots.h"        | simulator/device may not include
+simulator/device/Planted.cpp           | #include "model/ProcessValues.h"      | simulator/device may not include
 simulator/preferences/Planted.cpp      | #include "platform/NSString.h"        | simulator/preferences may not include
 simulator/preferences/Planted.cpp      | #include "simulator/device/Device.h"  | simulator/preferences may not include
 simulator/scenario/Planted.cpp         | #include "hooks/Panotra.h"            | simulator/scenario may not include
 simulator/scenario/Planted.cpp         | #include "simulator/Play.h"           | simulator/scenario may not include
 simulator/picture/Planted.cpp          | #include "simulator/window/Layout.h"  | simulator/picture may not include
 simulator/gallery/Planted.cpp          | #include "simulator/window/Layout.h"  | simulator/gallery may not include
-simulator/window/Planted.cpp           | #include "model/VolumeSlots.h"        | simulator/window may not include
+simulator/window/Planted.cpp           | #include "model/ProcessValues.h"      | simulator/window may not include
 simulator/commands/Planted.cpp         | #include "simulator/device/Device.h"  | simulator/commands may not include
 simulator/Planted.cpp                  | #include "simulator/render/Scene.h"   | simulator may not include
 simulator/main.cpp                     | #include "hooks/Panotra.h"            | simulator/main.cpp may not include

@@ -4,7 +4,7 @@
 set -euo pipefail
 export LC_ALL=C
 
-logic_rooms=(model views controller hooks)
+logic_rooms=(facts model views controller hooks)
 
 # Those of the rooms that ROOT has.
 existing_rooms() {

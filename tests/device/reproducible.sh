@@ -15,7 +15,7 @@ again=$sources/again
 
 mkdir -p "$again"
 touch "$again/net.qorvath.panotra_0.0.0_iphoneos-arm.deb" # left by an older version
-(cd "$root" && cp -r CMakeLists.txt cmake controller hooks model packaging platform resources scripts views "$sources")
+(cd "$root" && cp -r CMakeLists.txt cmake controller facts hooks model packaging platform resources scripts views "$sources")
 cp -r "$device/libcxx" "$again"
 (
     umask 077

@@ -1,5 +1,5 @@
 /// The slot map: every row of its table, and the deliberate differences between its users.
-#include "model/VolumeSlots.h"
+#include "facts/VolumeSlots.h"
 
 #include <gtest/gtest.h>
 

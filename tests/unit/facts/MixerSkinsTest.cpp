@@ -1,5 +1,5 @@
 /// The four skins, row by row.
-#include "model/MixerSkins.h"
+#include "facts/MixerSkins.h"
 
 #include <gtest/gtest.h>
 
