@@ -2,6 +2,7 @@
 #include "controller/PNOHelperController.h"
 
 #include "controller/PNOController.h"
+#include "facts/PublicNames.h"
 #include "model/ProcessValues.h"
 #include "platform/MethodEntry.h"
 #include "platform/UIImage.h"
@@ -45,10 +46,9 @@ struct Listener {
 };
 
 constexpr std::array listeners {
-    Listener { "net.qorvath.panotra.presentmixer", "Panotra", "Present Mixer", "Presents Panotra.", present },
-    Listener { "net.qorvath.panotra.dismissmixer", "Panotra", "Dismiss Mixer", "Dismisses Panotra.", dismiss },
-    Listener { "net.qorvath.panotra.presentdismissmixer", "Panotra", "Present & Dismiss",
-        "Presents and Dismisses Mixer", toggle },
+    Listener { listener::present, "Panotra", "Present Mixer", "Presents Panotra.", present },
+    Listener { listener::dismiss, "Panotra", "Dismiss Mixer", "Dismisses Panotra.", dismiss },
+    Listener { listener::toggle, "Panotra", "Present & Dismiss", "Presents and Dismisses Mixer", toggle },
 };
 
 constexpr const char* unknownListenerText = "Error: Contact dev.";
@@ -121,7 +121,7 @@ PNOHelperController PNOHelperController::init() const
     }
     if (HelperFields* const fields = self.fields()) {
         fields->_projectName = NSString::stringWithUTF8String("Panotra");
-        fields->_packageName = NSString::stringWithUTF8String("net.qorvath.panotra");
+        fields->_packageName = NSString::stringWithUTF8String(ownDomain);
         fields->_bundle = NSBundle::bundleWithPath("/Library/PreferenceBundles/Panotra.bundle");
     }
     return self;

@@ -1,6 +1,7 @@
 /// The four skins: one look for the panel and for its sliders.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -20,6 +21,7 @@ inline constexpr std::int64_t plainBackdropStyle = -2;
 inline constexpr std::int64_t backdropQuality = 100;
 
 struct MixerSkin {
+    const char* name; ///< as people choose it
     Rgba border;
     /// Material of the panel and of each slider's background.
     std::int64_t backdropStyle;
@@ -30,11 +32,18 @@ struct MixerSkin {
 };
 
 inline constexpr std::array<MixerSkin, 4> mixerSkins { {
-    { { 0.2, 0.2, 0.2, 0.15 }, 2010, { 0, 0, 0, 1 }, false },
-    { { 0.8, 0.8, 0.8, 0.15 }, 1001, { 0.9, 0.9, 0.9, 0.9 }, false },
-    { { 1, 1, 1, 0.15 }, 2050, { 1, 1, 1, 0.9 }, false },
-    { { 1, 1, 1, 0.25 }, plainBackdropStyle, { 1, 1, 1, 1 }, true },
+    { "Light", { 0.2, 0.2, 0.2, 0.15 }, 2010, { 0, 0, 0, 1 }, false },
+    { "Dark", { 0.8, 0.8, 0.8, 0.15 }, 1001, { 0.9, 0.9, 0.9, 0.9 }, false },
+    { "Darker", { 1, 1, 1, 0.15 }, 2050, { 1, 1, 1, 0.9 }, false },
+    { "Black", { 1, 1, 1, 0.25 }, plainBackdropStyle, { 1, 1, 1, 1 }, true },
 } };
+
+/// By number.
+inline constexpr auto mixerSkinNames = [] {
+    std::array<const char*, mixerSkins.size()> names {};
+    std::ranges::transform(mixerSkins, names.begin(), &MixerSkin::name);
+    return names;
+}();
 
 /// The skin with that number, null for a number that names none: such a setting changes nothing.
 constexpr const MixerSkin* findMixerSkin(std::uint16_t number)

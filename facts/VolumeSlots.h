@@ -2,6 +2,8 @@
 /// is known of a slot without a host. Setter, getter, focus, seeds, view tree and drags all read this table.
 #pragma once
 
+#include "facts/AudioNames.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -16,26 +18,6 @@ using SlotNumber = std::uint8_t;
 
 /// Answered for a pair that no slot remembers.
 inline constexpr SlotNumber noSlot = 0xff;
-
-/// Audio categories of the platform, compared exactly.
-namespace category {
-inline constexpr const char* audioVideo = "Audio/Video";
-inline constexpr const char* phoneCall = "PhoneCall";
-inline constexpr const char* ringtone = "Ringtone";
-inline constexpr const char* alarm = "Alarm";
-inline constexpr const char* notifications = "Notifications";
-inline constexpr const char* voiceCommand = "VoiceCommand";
-} // namespace category
-
-/// Audio routes of the platform, compared exactly; any other route is unknown.
-namespace route {
-inline constexpr const char* receiver = "Receiver";
-inline constexpr const char* speaker = "Speaker";
-inline constexpr const char* headphone = "Headphone";
-inline constexpr const char* headset = "Headset";
-inline constexpr const char* headphonesBT = "HeadphonesBT";
-inline constexpr const char* headsetBT = "HeadsetBT";
-} // namespace route
 
 /// The group of the mixer in which a slot's slider stands.
 enum class Group : std::uint8_t { Media, PhoneCall, Extras };

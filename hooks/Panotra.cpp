@@ -2,6 +2,7 @@
 #include "hooks/Panotra.h"
 
 #include "controller/PNOController.h"
+#include "facts/PublicNames.h"
 #include "hooks/PreviousImplementations.h"
 #include "model/ProcessValues.h"
 #include "platform/MethodReplacement.h"
@@ -27,9 +28,6 @@ template <typename Function> IMP implementation(Function* function)
 {
     return reinterpret_cast<IMP>(function);
 }
-
-constexpr const char* shakeNotification = "net.qorvath.panotra.shake";
-constexpr const char* screenNotification = "com.apple.springboard.screenchanged";
 
 /// A class is looked up once for all its hooks: rows of one class follow each other.
 template <std::size_t count> void install(const std::array<Hook, count>& hooks)
@@ -89,15 +87,15 @@ void installSpringBoardHooks()
 void constructor() noexcept
 {
     installShakeHook();
-    notify_register_check(shakeNotification, &processValues.shakeToken);
+    notify_register_check(notification::shakeState, &processValues.shakeToken);
     if (!isSpringBoardProcess())
         return;
     installSpringBoardHooks();
-    addDarwinObserver("net.qorvath.panotra.settingschanged", settingsChanged);
-    addDarwinObserver("net.qorvath.brevane2.settingschanged", brv2SettingsChanged);
-    notify_register_check(screenNotification, &processValues.screenToken);
-    addDarwinObserver(screenNotification, screenChanged);
-    addDarwinObserver("net.qorvath.panotra.uikitshaken", uikitShaken);
+    addDarwinObserver(notification::ownSettingsChanged, settingsChanged);
+    addDarwinObserver(notification::siblingSettingsChanged, brv2SettingsChanged);
+    notify_register_check(notification::screenChanged, &processValues.screenToken);
+    addDarwinObserver(notification::screenChanged, screenChanged);
+    addDarwinObserver(notification::ownShaken, uikitShaken);
 }
 
 /// Settings are read for the first time here, after the host's own launch; the tear-down of nothing creates the

@@ -1,67 +1,52 @@
 /// The settings: copied whole from the preference domains whenever a change is announced.
 #include "controller/PNOController.h"
 #include "controller/PNOHelperController.h"
+#include "facts/AudioNames.h"
+#include "facts/PublicNames.h"
 #include "hooks/Panotra.h"
 #include "model/ProcessValues.h"
 #include "platform/AVSystemController.h"
 #include "platform/NSUserDefaults.h"
 #include "platform/Notify.h"
 
-#include <array>
+#include <cstdint>
+#include <string_view>
 
 namespace panotra {
 namespace {
 
-/// A setting: its key, and how its value, null if the key is absent, becomes the process-wide one.
-struct Setting {
-    const char* key;
-    void (*load)(const NSObject& value);
-};
+// What is stored under a key, or what an absent key gives where `stored` is null, by the platform's conversions.
 
-template <auto Field> void loadUnsignedShort(const NSObject& value)
+void take(std::uint16_t& value, const NSObject& stored, double absent)
 {
-    processValues.*Field = value ? value.unsignedShortValue() : std::uint16_t(0);
+    value = stored ? stored.unsignedShortValue() : static_cast<std::uint16_t>(absent);
 }
 
-template <auto Field> void loadBoolean(const NSObject& value)
+void take(bool& value, const NSObject& stored, double absent)
 {
-    processValues.*Field = value && value.boolValue();
+    value = stored ? stored.boolValue() : absent != 0;
 }
 
-constexpr float absentScale = 0.875f;
-constexpr double absentAutoDismissSeconds = 2.0;
-
-void loadScale(const NSObject& value)
+void take(float& value, const NSObject& stored, double absent)
 {
-    processValues.scale = value ? value.floatValue() : absentScale;
+    value = stored ? stored.floatValue() : static_cast<float>(absent);
 }
 
-void loadAutoDismiss(const NSObject& value)
+void take(double& value, const NSObject& stored, double absent)
 {
-    processValues.autoDismiss = value ? value.doubleValue() : absentAutoDismissSeconds;
+    value = stored ? stored.doubleValue() : absent;
 }
 
-/// In the order in which they are read.
-constexpr std::array ownSettings {
-    Setting { "activeStyle", loadUnsignedShort<&ProcessValues::activeStyle> },
-    Setting { "mixerSkin", loadUnsignedShort<&ProcessValues::mixerSkin> },
-    Setting { "replaceHUD", loadBoolean<&ProcessValues::replaceHUD> },
-    Setting { "scale", loadScale },
-    Setting { "dismissOnTouch", loadBoolean<&ProcessValues::dismissOnTouch> },
-    Setting { "isAppCallNotification", loadBoolean<&ProcessValues::isAppCallNotification> },
-    Setting { "handleShake", loadBoolean<&ProcessValues::handleShake> },
-};
-
-constexpr std::array siblingSettings {
-    Setting { "dismissDelay", loadAutoDismiss },
-};
-
-template <std::size_t count> void load(const NSString& suite, const std::array<Setting, count>& settings)
+void load(const NSString& suite, std::string_view domain)
 {
     const NSUserDefaults defaults = NSUserDefaults::initWithSuiteName(suite);
     defaults.synchronize();
-    for (const Setting& setting : settings)
-        setting.load(defaults.objectForKey(NSString::stringWithUTF8String(setting.key)));
+    forEachHeldSetting([&](const MixerSetting& setting, auto held) {
+        if (setting.domain == domain) {
+            const NSObject stored = defaults.objectForKey(NSString::stringWithUTF8String(setting.key));
+            take(processValues.*held, stored, setting.absentValue);
+        }
+    });
 }
 
 /// Older systems, which lack the class, are given the ringer's level at every reload.
@@ -85,13 +70,13 @@ void settingsChanged() noexcept
         processValues.handleShake = notify_get_state(processValues.shakeToken) != 0;
         return;
     }
-    load(PNOHelperController::sharedInstance().packageName(), ownSettings);
+    load(PNOHelperController::sharedInstance().packageName(), ownDomain);
     reapplyRingerVolume();
 }
 
 void brv2SettingsChanged() noexcept
 {
-    load(NSString::stringWithUTF8String("net.qorvath.brevane2"), siblingSettings);
+    load(NSString::stringWithUTF8String(siblingDomain), siblingDomain);
 }
 
 } // namespace panotra

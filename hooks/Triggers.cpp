@@ -1,6 +1,7 @@
 /// Showing and dismissing the mixer on demand: the shake and the screen. The gesture framework's listeners are the
 /// helper object's.
 #include "controller/PNOController.h"
+#include "facts/PublicNames.h"
 #include "hooks/Panotra.h"
 #include "model/ProcessValues.h"
 #include "platform/Notify.h"
@@ -34,7 +35,7 @@ void hooks::motionBegan(id, SEL, std::int64_t, id event) noexcept
     if (isSpringBoardProcess())
         toggle();
     else
-        notify_post("net.qorvath.brevane2.uikitshaken");
+        notify_post(notification::siblingShaken);
 }
 
 /// Does not ask `handleShake`.

@@ -3,6 +3,7 @@
 /// A change of the active category or route pushes the pair's remembered level back into the system; a change by
 /// the user is remembered, presents the mixer and brings the pair's slider into focus.
 #include "controller/PNOController.h"
+#include "facts/AudioNames.h"
 #include "hooks/Panotra.h"
 #include "hooks/PreviousImplementations.h"
 #include "model/ProcessValues.h"
@@ -13,10 +14,6 @@
 
 namespace panotra {
 namespace {
-
-constexpr const char* categoryKey = "AudioCategory";
-constexpr const char* reasonKey = "AudioVolumeChangeReason";
-constexpr const char* levelKey = "AudioVolume";
 
 constexpr double recordSeconds = 0.15;
 constexpr std::int64_t ringerRestoreNanoseconds = 100'000'000;
@@ -77,20 +74,20 @@ void recordAndFocus(float level, const NSString& route)
 
 void handleAnnouncement(const AVSystemController& audio, const NSDictionary& announcement)
 {
-    processValues.globalCategory.set(NSString::checked(announcement.objectForKey(categoryKey)));
+    processValues.globalCategory.set(NSString::checked(announcement.objectForKey(announcementKey::category)));
     const NSString category = processValues.globalCategory.get();
-    const NSString reason = NSString::checked(announcement.objectForKey(reasonKey));
+    const NSString reason = NSString::checked(announcement.objectForKey(announcementKey::reason));
     const NSString route = PNOController::sharedInstance().pickedRoute();
-    const float level = announcement.objectForKey(levelKey).floatValue();
+    const float level = announcement.objectForKey(announcementKey::level).floatValue();
     const float stored = PNOController::sharedInstance().getVolumeLevel(category, route);
     const bool isNewLevel = level != stored;
 
-    if (reason.isEqualToString("CategoryChange") || reason.isEqualToString("RouteChange")) {
+    if (reason.isEqualToString(changeReason::category) || reason.isEqualToString(changeReason::route)) {
         if (isNewLevel)
             audio.setVolumeTo(stored, category);
         return;
     }
-    if (!reason.isEqualToString("ExplicitVolumeChange"))
+    if (!reason.isEqualToString(changeReason::explicitChange))
         return;
     if (processValues.replaceHUD)
         PNOController::sharedInstance().createUI();

@@ -1,6 +1,7 @@
 /// The process-wide values and the test for the home-screen process.
 #include "model/ProcessValues.h"
 
+#include "facts/PublicNames.h"
 #include "platform/NSBundle.h"
 
 namespace panotra {
@@ -9,7 +10,7 @@ constinit ProcessValues processValues;
 
 bool isSpringBoardProcess() noexcept
 {
-    return NSBundle::mainBundle().bundleIdentifier().isEqualToString("com.apple.springboard");
+    return NSBundle::mainBundle().bundleIdentifier().isEqualToString(homeScreenBundle);
 }
 
 } // namespace panotra

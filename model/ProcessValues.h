@@ -4,8 +4,10 @@
 /// destructor: loading the library costs nothing for it.
 #pragma once
 
+#include "facts/MixerSettings.h"
 #include "platform/NSString.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -13,14 +15,15 @@ namespace panotra {
 
 struct ProcessValues {
     // Settings, copied from the preference domains at every announced change.
-    std::uint16_t activeStyle = 0; ///< 0 centred panel, 1 banner, anything else an empty window
-    std::uint16_t mixerSkin = 0; ///< 0 to 3, anything else leaves the look alone
-    bool replaceHUD = false; ///< the mixer stands in for the system's indicator
-    float scale = 0.875f; ///< of the whole panel or banner
-    bool dismissOnTouch = false; ///< a touch outside the panel dismisses the mixer
-    bool isAppCallNotification = false; ///< the ringer keeps the notifications level
-    bool handleShake = false; ///< shaking toggles the mixer
-    double autoDismiss = 2.0; ///< seconds until the mixer dismisses itself
+    std::uint16_t activeStyle = absentValue<std::uint16_t>("activeStyle"); ///< see MixerStyle
+    std::uint16_t mixerSkin = absentValue<std::uint16_t>("mixerSkin"); ///< see findMixerSkin()
+    bool replaceHUD = absentValue<bool>("replaceHUD"); ///< the mixer stands in for the system's indicator
+    float scale = absentValue<float>("scale"); ///< of the whole panel or banner
+    bool dismissOnTouch = absentValue<bool>("dismissOnTouch"); ///< a touch outside the panel dismisses the mixer
+    bool isAppCallNotification
+        = absentValue<bool>("isAppCallNotification"); ///< the ringer keeps the notifications level
+    bool handleShake = absentValue<bool>("handleShake"); ///< shaking toggles the mixer
+    double autoDismiss = absentValue<double>("dismissDelay"); ///< seconds until the mixer dismisses itself
 
     // Flags.
     bool manualSet = false; ///< a program, not a button, set a volume last
@@ -52,6 +55,31 @@ struct ProcessValues {
 static_assert(std::is_trivially_destructible_v<ProcessValues>);
 
 extern constinit ProcessValues processValues;
+
+/// Calls `visit` with each setting and the value that holds it, in the order of the table.
+template <typename Visitor> constexpr void forEachHeldSetting(const Visitor& visit)
+{
+    visit(mixerSetting("activeStyle"), &ProcessValues::activeStyle);
+    visit(mixerSetting("mixerSkin"), &ProcessValues::mixerSkin);
+    visit(mixerSetting("replaceHUD"), &ProcessValues::replaceHUD);
+    visit(mixerSetting("scale"), &ProcessValues::scale);
+    visit(mixerSetting("dismissOnTouch"), &ProcessValues::dismissOnTouch);
+    visit(mixerSetting("isAppCallNotification"), &ProcessValues::isAppCallNotification);
+    visit(mixerSetting("handleShake"), &ProcessValues::handleShake);
+    visit(mixerSetting("dismissDelay"), &ProcessValues::autoDismiss);
+}
+
+static_assert(
+    [] {
+        std::size_t next = 0;
+        bool isInOrder = true;
+        forEachHeldSetting([&](const MixerSetting& setting, auto) {
+            isInOrder = isInOrder && next < mixerSettings.size() && &setting == &mixerSettings[next];
+            ++next;
+        });
+        return isInOrder && next == mixerSettings.size();
+    }(),
+    "every setting is held, in the order of the table");
 
 /// Whether this process is the home screen, where the mixer lives.
 bool isSpringBoardProcess() noexcept;

@@ -1,19 +1,10 @@
 /// UIPanGestureRecognizer: drags of one finger.
 #pragma once
 
+#include "facts/GestureStates.h"
 #include "platform/UIView.h"
 
 namespace panotra {
-
-/// The platform's values.
-enum class UIGestureRecognizerState : std::int64_t {
-    Possible = 0,
-    Began = 1,
-    Changed = 2,
-    Ended = 3,
-    Cancelled = 4,
-    Failed = 5,
-};
 
 class UIGestureRecognizer : public NSObject {
 public:

@@ -1,0 +1,21 @@
+/// The states that a gesture recogniser goes through, with the platform's values.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace panotra {
+
+enum class UIGestureRecognizerState : std::int64_t {
+    Possible = 0,
+    Began = 1,
+    Changed = 2,
+    Ended = 3,
+    Cancelled = 4,
+    Failed = 5,
+};
+
+/// By value.
+inline constexpr std::array gestureStateNames { "possible", "began", "changed", "ended", "cancelled", "failed" };
+
+} // namespace panotra
