@@ -15,6 +15,12 @@ enum class UIGestureRecognizerState : std::int64_t {
     Failed = 5,
 };
 
+/// As those carry it who know no recognisers.
+constexpr std::int64_t stateNumber(UIGestureRecognizerState state)
+{
+    return static_cast<std::int64_t>(state);
+}
+
 /// By value.
 inline constexpr std::array gestureStateNames { "possible", "began", "changed", "ended", "cancelled", "failed" };
 

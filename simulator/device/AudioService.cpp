@@ -12,9 +12,9 @@ constexpr float initialLevel = 0.5f;
 } // namespace
 
 AudioService::AudioService()
-    : levels { { "Audio/Video", initialLevel }, { "PhoneCall", initialLevel }, { "Ringtone", initialLevel },
-        { "Alarm", initialLevel }, { "Notifications", initialLevel }, { "VoiceCommand", initialLevel } }
 {
+    for (const char* const category : audioCategories)
+        levels.emplace_back(category, initialLevel);
 }
 
 float AudioService::level(const std::string& category) const

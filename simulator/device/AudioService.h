@@ -1,6 +1,8 @@
 /// The audio service: levels, the active route and the active category.
 #pragma once
 
+#include "facts/AudioNames.h"
+
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,9 +13,9 @@ namespace panotra::sim {
 /// Levels by category, the active route and category. A category without a level reads as 0.
 class AudioService {
 public:
-    std::vector<std::pair<std::string, float>> levels; ///< in the order first stored; the six known ones at 0.5
-    std::optional<std::string> route = "Speaker"; ///< none: there is no active route
-    std::string activeCategory = "Audio/Video";
+    std::vector<std::pair<std::string, float>> levels; ///< in the order first stored; the known ones at 0.5
+    std::optional<std::string> route = panotra::route::speaker; ///< none: there is no active route
+    std::string activeCategory = category::audioVideo;
     bool echo = false; ///< a level that a program sets is announced if it is a new one
 
     AudioService();

@@ -5,6 +5,7 @@
 /// a time; it is the process that the simulated backend of the seam talks to.
 #pragma once
 
+#include "facts/PublicNames.h"
 #include "simulator/device/Object.h"
 
 #include <nlohmann/json.hpp>
@@ -54,8 +55,8 @@ public:
             report(event, Json::object());
     }
 
-    /// The bundle identifier of the process; "com.apple.springboard" until set.
-    std::string bundleIdentifier = "com.apple.springboard";
+    /// The bundle identifier of the process; the home screen's until set.
+    std::string bundleIdentifier = homeScreenBundle;
 
     /// Where the bundle's pictures are, `NAME@2x.png` or `NAME.png`; empty: every picture is a single pixel.
     std::string resourceFolder;

@@ -1,6 +1,7 @@
 /// The events that come from outside, each sent through the class table, and the objects that they reach.
 #include "simulator/device/HomeScreen.h"
 
+#include "facts/AudioNames.h"
 #include "simulator/device/AudioService.h"
 #include "simulator/device/ClassTable.h"
 #include "simulator/device/DarwinNotifications.h"
@@ -20,8 +21,6 @@ namespace {
 constexpr double volumeStep = 0.0625;
 
 constexpr std::int64_t shakeSubtype = 1; ///< UIEventSubtypeMotionShake
-
-constexpr const char* explicitChange = "ExplicitVolumeChange";
 
 /// What the gesture framework asks a listener, by the word for it.
 constexpr std::pair<std::string_view, const char*> listenerQuestions[] = {
@@ -142,17 +141,17 @@ void HomeScreen::announce(
     ClassTable& classes = m_implementation->classes();
     auto* const announcement = m_implementation->autoreleased<Dictionary>("NSDictionary");
     if (category.has_value())
-        announcement->adopt("AudioCategory", classes.make<String>("NSString", *category));
+        announcement->adopt(announcementKey::category, classes.make<String>("NSString", *category));
     if (reason.has_value())
-        announcement->adopt("AudioVolumeChangeReason", classes.make<String>("NSString", *reason));
+        announcement->adopt(announcementKey::reason, classes.make<String>("NSString", *reason));
     if (level.has_value())
-        announcement->adopt("AudioVolume", classes.make<Number>("NSNumber", static_cast<double>(*level)));
+        announcement->adopt(announcementKey::level, classes.make<Number>("NSNumber", static_cast<double>(*level)));
     send<void, HostObject*>(service, selector("postEffectiveVolumeNotification:"), announcement);
 }
 
 void HomeScreen::announceChange(const std::string& category, float level)
 {
-    announce(category, explicitChange, level);
+    announce(category, changeReason::explicitChange, level);
 }
 
 void HomeScreen::getActiveCategoryVolume(bool named)

@@ -1,4 +1,5 @@
 /// Own implementations of the audio service, the volume buttons, the indicator, sounds and the ringer.
+#include "facts/AudioNames.h"
 #include "simulator/device/AudioService.h"
 #include "simulator/device/ClassTable.h"
 #include "simulator/device/HomeScreen.h"
@@ -33,9 +34,9 @@ void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announce
             return values == nullptr ? nullptr : values->objectForKey(key);
         };
         return Json {
-            { "category", jsonOfText(value("AudioCategory")) },
-            { "reason", jsonOfText(value("AudioVolumeChangeReason")) },
-            { "level", jsonOfNumber(value("AudioVolume")) },
+            { "category", jsonOfText(value(announcementKey::category)) },
+            { "reason", jsonOfText(value(announcementKey::reason)) },
+            { "level", jsonOfNumber(value(announcementKey::level)) },
         };
     });
 }

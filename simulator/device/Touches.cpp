@@ -1,6 +1,7 @@
 /// One finger on the mixer's window: hit tests, and the drags that recognisers make of its moves.
 #include "simulator/device/Touches.h"
 
+#include "facts/GestureStates.h"
 #include "simulator/device/ClassTable.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Values.h"
@@ -16,11 +17,6 @@ namespace {
 constexpr double dragDistanceInPoints = 10;
 
 constexpr std::int64_t touchesEvent = 0; ///< UIEventTypeTouches
-
-// UIGestureRecognizerState
-constexpr std::int64_t began = 1;
-constexpr std::int64_t changed = 2;
-constexpr std::int64_t ended = 3;
 
 } // namespace
 
@@ -71,13 +67,13 @@ struct Touches::Implementation {
         return window != nullptr && recognizer.view != nullptr && recognizer.view->isInside(*window);
     }
 
-    void sendState(std::int64_t state) const
+    void sendState(UIGestureRecognizerState state) const
     {
         PanRecognizer* const recognizer = finger->recognizer;
         if (recognizer == nullptr || !isReachable(*recognizer))
             return;
         recognizer->screenPoint = finger->now;
-        recognizer->send(state);
+        recognizer->send(stateNumber(state));
     }
 };
 
@@ -108,10 +104,10 @@ void Touches::move(double x, double y)
     Implementation::Finger& finger = *m_implementation->finger;
     finger.now = { x, y };
     if (finger.isDragging) {
-        m_implementation->sendState(changed);
+        m_implementation->sendState(UIGestureRecognizerState::Changed);
     } else if (std::hypot(x - finger.down.x, y - finger.down.y) > dragDistanceInPoints) {
         finger.isDragging = true;
-        m_implementation->sendState(began);
+        m_implementation->sendState(UIGestureRecognizerState::Began);
     }
 }
 
@@ -120,7 +116,7 @@ void Touches::up()
     if (!m_implementation->finger.has_value())
         return;
     if (m_implementation->finger->isDragging)
-        m_implementation->sendState(ended);
+        m_implementation->sendState(UIGestureRecognizerState::Ended);
     m_implementation->lift();
 }
 

@@ -1,6 +1,7 @@
 /// The table of commands.
 #include "simulator/scenario/Forms.h"
 
+#include "facts/GestureStates.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
@@ -28,8 +29,7 @@ void setHeld(HomeScreen& home, Button button, bool held)
 /// The platform's number of a recogniser's state; `name` is one of the form of `pan`.
 std::int64_t recognizerState(const std::string& name)
 {
-    constexpr std::array<std::string_view, 6> names { "possible", "began", "changed", "ended", "cancelled", "failed" };
-    return std::ranges::find(names, name) - names.begin();
+    return std::ranges::find(gestureStateNames, name) - gestureStateNames.begin();
 }
 
 void setScreen(Screen& screen, double width, double height, double scale, bool hasRealDisplayBounds)

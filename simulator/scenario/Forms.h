@@ -4,8 +4,10 @@
 /// `up|down` is a choice of words and an argument, a word alone is fixed and none. `CATEGORY|nil` may be absent.
 #pragma once
 
+#include "facts/VolumeSlots.h"
 #include "simulator/scenario/Grammar.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
@@ -24,6 +26,18 @@ struct Placeholder {
     Kind kind;
     std::string_view expected; ///< how a mistake describes it
 };
+
+/// "a whole number from 0 to 11", or to whichever slot is the last.
+inline constexpr auto numberOfASlot = [] {
+    constexpr std::string_view words = "a whole number from 0 to ";
+    constexpr std::size_t last = volumeSlotCount - 1;
+    static_assert(last >= 10 && last <= 99, "two digits");
+    std::array<char, words.size() + 2> text {};
+    char* const end = std::ranges::copy(words, text.data()).out;
+    end[0] = '0' + last / 10;
+    end[1] = '0' + last % 10;
+    return text;
+}();
 
 inline constexpr std::array placeholders {
     Placeholder { "BUNDLE", Kind::Text, "a bundle identifier" },
@@ -50,7 +64,7 @@ inline constexpr std::array placeholders {
     Placeholder { "MODE", Kind::Integer, "a whole number of 64 bits" },
     Placeholder { "N", Kind::Integer, "a whole number of 64 bits" },
     Placeholder { "TYPE", Kind::Integer, "a whole number of 64 bits" },
-    Placeholder { "SLOT", Kind::Slot, "a whole number from 0 to 11" },
+    Placeholder { "SLOT", Kind::Slot, { numberOfASlot.data(), numberOfASlot.size() } },
     Placeholder { "STATE", Kind::State, "a whole number of 64 bits without sign" },
 };
 

@@ -1,6 +1,7 @@
 /// Words against the table of forms. Every mistake of a line is found, not only its first.
 #include "simulator/scenario/Grammar.h"
 
+#include "facts/VolumeSlots.h"
 #include "simulator/scenario/Forms.h"
 #include "simulator/scenario/Numbers.h"
 #include "simulator/scenario/Text.h"
@@ -15,7 +16,7 @@ namespace panotra::sim {
 namespace {
 
 constexpr std::int64_t firstSlot = 0;
-constexpr std::int64_t lastSlot = 11;
+constexpr std::int64_t lastSlot = volumeSlotCount - 1;
 
 /// "a", "a or b", "a, b or c".
 std::string listed(const std::vector<std::string_view>& alternatives)

@@ -1,6 +1,7 @@
 /// One function a field of the event.
 #include "simulator/scenario/StateReport.h"
 
+#include "facts/VolumeSlots.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"
@@ -12,8 +13,6 @@
 namespace panotra::sim {
 
 namespace {
-
-constexpr int sliderCount = 12;
 
 /// The one controller, or null while there is none.
 HostObject* mixerController(Device& device)
@@ -76,7 +75,7 @@ Json sliderReport(Device& device, const std::string& field)
 Json slidersReport(Device& device)
 {
     auto sliders = Json::object();
-    for (int slot = 0; slot < sliderCount; ++slot)
+    for (std::size_t slot = 0; slot < volumeSlotCount; ++slot)
         sliders[std::to_string(slot)] = sliderReport(device, "_volumeView" + std::to_string(slot));
     return sliders;
 }
