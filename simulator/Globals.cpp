@@ -9,15 +9,9 @@ namespace panotra::sim {
 
 Json globalsReport(const ProcessValues& values, Json category)
 {
-    return {
-        { "activeStyle", values.activeStyle },
-        { "mixerSkin", values.mixerSkin },
-        { "replaceHUD", values.replaceHUD },
-        { "scale", values.scale },
-        { "dismissOnTouch", values.dismissOnTouch },
-        { "isAppCallNotification", values.isAppCallNotification },
-        { "handleShake", values.handleShake },
-        { "autoDismiss", values.autoDismiss },
+    Json report = Json::object();
+    forEachHeldSetting([&](const MixerSetting& setting, auto held) { report[setting.valueName] = values.*held; });
+    report.update({
         { "globalCategory", std::move(category) },
         { "manualSet", values.manualSet },
         { "isHackedRingtoneVolume", values.isHackedRingtoneVolume },
@@ -25,7 +19,8 @@ Json globalsReport(const ProcessValues& values, Json category)
         { "presentedViaActivator", values.presentedViaActivator },
         { "autoResetTransform", values.autoResetTransform },
         { "killedByTouch", values.killedByTouch },
-    };
+    });
+    return report;
 }
 
 } // namespace panotra::sim
