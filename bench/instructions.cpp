@@ -4,6 +4,8 @@
 ///
 /// WHAT is `announcement`, `drag` or `layout`. The difference between two counts of TIMES is the work's own.
 #include "controller/PNOController.h"
+#include "facts/AudioNames.h"
+#include "facts/GestureStates.h"
 #include "simulator/LinkedLibrary.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
@@ -17,13 +19,13 @@ namespace {
 
 using namespace panotra;
 
-constexpr std::int64_t began = 1;
-constexpr std::int64_t changed = 2;
+constexpr std::int64_t began = stateNumber(UIGestureRecognizerState::Began);
+constexpr std::int64_t changed = stateNumber(UIGestureRecognizerState::Changed);
 
 void work(sim::Device& device, std::string_view what, int time)
 {
     if (what == "announcement")
-        device.home->announce("Audio/Video", "ExplicitVolumeChange", time % 2 == 0 ? 0.25f : 0.75f);
+        device.home->announce(category::audioVideo, changeReason::explicitChange, time % 2 == 0 ? 0.25f : 0.75f);
     else if (what == "drag")
         device.home->pan(0, changed, time % 2 == 0 ? 40 : 80);
     else

@@ -3,6 +3,8 @@
 /// Processor time of the drawing thread, so that other programs do not count. Each row gives the median and the 99th
 /// percentile over all its frames in milliseconds, and the median as a multiple of the time it takes to copy the
 /// picture once, measured in the same run: that number can be compared between machines.
+#include "facts/AudioNames.h"
+#include "facts/PublicNames.h"
 #include "simulator/Bundle.h"
 #include "simulator/LinkedLibrary.h"
 #include "simulator/device/HomeScreen.h"
@@ -24,7 +26,6 @@ namespace {
 using namespace panotra;
 
 constexpr double frameSeconds = 1.0 / 60;
-constexpr const char* dismissingListener = "net.qorvath.panotra.dismissmixer";
 
 double processorSeconds()
 {
@@ -141,7 +142,7 @@ void fadingOut(benchmark::State& state, std::int64_t style)
     report(state, style, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         phone.renderer->draw(phone.device);
-        phone.device.home->sendActivatorEvent(dismissingListener);
+        phone.device.home->sendActivatorEvent(listener::dismiss);
         phone.drawFrames(0.4);
     });
 }
@@ -151,7 +152,7 @@ void focusing(benchmark::State& state, std::int64_t style)
     report(state, style, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         phone.renderer->draw(phone.device);
-        phone.device.home->announce("Audio/Video", "ExplicitVolumeChange", 0.75F);
+        phone.device.home->announce(category::audioVideo, changeReason::explicitChange, 0.75F);
         phone.device.runLoop->turn();
         phone.drawFrames(0.6);
     });

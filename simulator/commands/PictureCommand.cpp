@@ -1,16 +1,40 @@
 /// The command line of `panotra picture`.
 #include "simulator/commands/Commands.h"
 
+#include "facts/MixerSettings.h"
+#include "facts/VolumeSlots.h"
 #include "simulator/Bundle.h"
 #include "simulator/LinkedLibrary.h"
 #include "simulator/picture/SinglePicture.h"
 #include "simulator/scenario/Numbers.h"
+#include "simulator/scenario/TextFormat.h"
 
+#include <algorithm>
 #include <memory>
+#include <string>
 
 namespace panotra::sim {
 
 namespace {
+
+/// "The setting mixerSkin: 0 light, 1 dark": what the values of a choice are called.
+std::string describe(const MixerSetting& setting)
+{
+    std::string text = std::string("The setting ") + setting.key + ':';
+    for (std::size_t value = 0; value < setting.choices.size(); ++value) {
+        std::string name = setting.choices[value];
+        std::ranges::transform(name, name.begin(), [](char letter) {
+            return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+        });
+        text += (value == 0 ? " " : ", ") + std::to_string(value) + ' ' + name;
+    }
+    return text;
+}
+
+CLI::Range valuesOf(const MixerSetting& setting)
+{
+    return CLI::Range(0, static_cast<int>(setting.choices.size()) - 1);
+}
 
 /// From a mixer of a few points to one far beyond any screen.
 std::string whyNoScale(const std::string& text)
@@ -25,13 +49,11 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
 {
     const auto options = std::make_shared<PictureOptions>();
     MixerShowing& showing = options->showing;
+    constexpr const MixerSetting& style = mixerSetting("activeStyle");
+    constexpr const MixerSetting& skin = mixerSetting("mixerSkin");
     CLI::App* const command = app.add_subcommand("picture", "Draw the mixer on the screen of a phone");
-    command->add_option("--style", showing.style, "The setting activeStyle: 0 the panel, 1 the banner")
-        ->check(CLI::Range(0, 1))
-        ->type_name("N");
-    command->add_option("--skin", showing.skin, "The setting mixerSkin: 0 light, 1 dark, 2 darker, 3 black")
-        ->check(CLI::Range(0, 3))
-        ->type_name("N");
+    command->add_option("--style", showing.style, describe(style))->check(valuesOf(style))->type_name("N");
+    command->add_option("--skin", showing.skin, describe(skin))->check(valuesOf(skin))->type_name("N");
     command
         ->add_option(
             "--orientation", showing.orientation, "The interface: 1 upright, 2 upside down, 3 and 4 on either side")
@@ -40,10 +62,14 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
         ->capture_default_str();
     command->add_option("--screen", options->screen, "The screen in points and pixels a point (default 375x667@2)")
         ->type_name("WxH@S");
-    command->add_option("--scale", showing.mixerScale, "The setting scale, the size of the mixer (default 0.875)")
+    command
+        ->add_option("--scale", showing.mixerScale,
+            "The setting scale, the size of the mixer (default " + shortNumber(mixerSetting("scale").absentValue) + ")")
         ->check(whyNoScale)
         ->type_name("F");
-    command->add_option("--level", options->levels, "The level of a slot from 0 to 11; may be repeated")
+    command
+        ->add_option("--level", options->levels,
+            "The level of a slot from 0 to " + std::to_string(volumeSlotCount - 1) + "; may be repeated")
         ->type_name("SLOT=V")
         ->take_all()
         ->expected(1);

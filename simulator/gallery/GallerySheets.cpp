@@ -1,18 +1,23 @@
 /// The table of sheets, and the taking of each.
 #include "simulator/gallery/GallerySheets.h"
 
+#include "facts/AudioNames.h"
+#include "facts/MixerSkins.h"
+#include "facts/MixerStyle.h"
+#include "facts/PublicNames.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/RunLoop.h"
 
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 
 namespace panotra::sim {
 namespace {
 
-constexpr std::int64_t panel = 0;
-constexpr std::int64_t banner = 1;
+constexpr auto panel = static_cast<std::int64_t>(MixerStyle::Panel);
+constexpr auto banner = static_cast<std::int64_t>(MixerStyle::Banner);
 
 /// Small enough that a sheet fits on a desk.
 constexpr ScreenSize phone { 375, 667, 1 };
@@ -41,9 +46,8 @@ std::string percent(double level)
 
 template <std::int64_t style, Light light> std::vector<SheetRow> everySkin(Studio& studio)
 {
-    constexpr std::int64_t skins = 4;
     std::vector<SheetRow> rows;
-    for (std::int64_t skin = 0; skin < skins; ++skin) {
+    for (std::int64_t skin = 0; skin < std::ssize(mixerSkins); ++skin) {
         SheetRow row { "Skin " + std::to_string(skin), {} };
         for (const Held& held : waysToHold) {
             MixerShowing showing;
@@ -111,7 +115,7 @@ void fadeIn(Device& device, const Studio::Camera& take)
 void fadeOut(Device& device, const Studio::Camera& take)
 {
     device.runLoop->wait(1);
-    device.home->sendActivatorEvent("net.qorvath.panotra.dismissmixer");
+    device.home->sendActivatorEvent(listener::dismiss);
     device.runLoop->turn();
     takeAlong(device, 0.4, take);
 }
@@ -120,7 +124,7 @@ void fadeOut(Device& device, const Studio::Camera& take)
 void focus(Device& device, const Studio::Camera& take)
 {
     device.runLoop->wait(1);
-    device.home->announce("Audio/Video", "ExplicitVolumeChange", 0.3125F);
+    device.home->announce(category::audioVideo, changeReason::explicitChange, 0.3125F);
     device.runLoop->turn();
     takeAlong(device, 0.6, take);
 }

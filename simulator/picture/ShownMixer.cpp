@@ -1,7 +1,9 @@
 /// Settings, levels, launch, gesture: as a person would bring the mixer up to look at it.
 #include "simulator/picture/ShownMixer.h"
 
-#include "simulator/Domains.h"
+#include "facts/GestureStates.h"
+#include "facts/MixerSettings.h"
+#include "facts/PublicNames.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
@@ -15,17 +17,12 @@ namespace panotra::sim {
 
 namespace {
 
-constexpr const char* presentingListener = "net.qorvath.panotra.presentmixer";
-
 constexpr double fadeInSeconds = 0.3;
 constexpr double focusSeconds = 0.25; ///< before it grows and while it does
-/// The platform's numbers of a recogniser's states.
-constexpr std::int64_t gestureBegan = 1;
-constexpr std::int64_t gestureChanged = 2;
 
-/// One a slot.
-constexpr std::array<double, slotCount> pleasantLevels { 0.8125, 0.5, 0.6875, 0.625, 0.75, 0.4375, 0.5625, 0.875,
-    0.6875, 0.375, 0.5, 0.3125 };
+/// One a slot; a slot beyond them stands in the middle.
+constexpr std::array pleasantLevels { 0.8125, 0.5, 0.6875, 0.625, 0.75, 0.4375, 0.5625, 0.875, 0.6875, 0.375, 0.5,
+    0.3125 };
 
 void storeSettings(Device& device, const MixerShowing& showing)
 {
@@ -33,15 +30,15 @@ void storeSettings(Device& device, const MixerShowing& showing)
         device.preferences->set(ownDomain, key, value);
     };
     if (showing.style)
-        set("activeStyle", *showing.style);
+        set(mixerSetting("activeStyle").key, *showing.style);
     if (showing.skin)
-        set("mixerSkin", *showing.skin);
+        set(mixerSetting("mixerSkin").key, *showing.skin);
     if (showing.mixerScale)
-        set("scale", *showing.mixerScale);
-    for (int slot = 0; slot < slotCount; ++slot)
-        set("volume" + std::to_string(slot), pleasantLevels[static_cast<std::size_t>(slot)]);
+        set(mixerSetting("scale").key, *showing.mixerScale);
+    for (const VolumeSlot& slot : volumeSlots)
+        set(slot.preferenceKey, slot.number < pleasantLevels.size() ? pleasantLevels[slot.number] : 0.5);
     for (const SlotLevel& each : showing.levels)
-        set("volume" + std::to_string(each.slot), each.level);
+        set(volumeSlot(each.slot).preferenceKey, each.level);
 }
 
 } // namespace
@@ -55,7 +52,7 @@ void beginToShow(Device& device, const Library& library, const MixerShowing& sho
     storeSettings(device, showing);
     library.load();
     device.home->finishLaunching();
-    device.home->sendActivatorEvent(presentingListener);
+    device.home->sendActivatorEvent(listener::present);
     device.runLoop->turn();
 }
 
@@ -76,15 +73,15 @@ void holdSlider(Device& device, int slot)
     // The mixer measures the finger against the frame, which grows as the finger goes down: the level is put right
     // where the finger then is.
     const double level = levelOf(device, slider);
-    for (const std::int64_t state : { gestureBegan, gestureChanged })
-        device.home->pan(slot, state, level * slider->frame().width);
+    for (const auto state : { UIGestureRecognizerState::Began, UIGestureRecognizerState::Changed })
+        device.home->pan(slot, stateNumber(state), level * slider->frame().width);
     device.runLoop->turn();
 }
 
 void moveHeldSlider(Device& device, int slot, double level)
 {
     if (const View* const slider = sliderOf(device, slot))
-        device.home->pan(slot, gestureChanged, level * slider->frame().width);
+        device.home->pan(slot, stateNumber(UIGestureRecognizerState::Changed), level * slider->frame().width);
     device.runLoop->turn();
 }
 

@@ -1,6 +1,7 @@
 /// A phone with the mixer on its screen, for pictures that need no scenario.
 #pragma once
 
+#include "facts/VolumeSlots.h"
 #include "simulator/device/Device.h"
 #include "simulator/scenario/Library.h"
 
@@ -10,8 +11,6 @@
 
 namespace panotra::sim {
 
-inline constexpr int slotCount = 12;
-
 struct ScreenSize {
     double width = 375; ///< points, upright
     double height = 667;
@@ -19,7 +18,7 @@ struct ScreenSize {
 };
 
 struct SlotLevel {
-    int slot; ///< 0 to 11
+    SlotNumber slot;
     double level;
 };
 

@@ -14,7 +14,9 @@ namespace panotra::sim {
 
 namespace {
 
-/// "SLOT=LEVEL", the slot from 0 to 11.
+constexpr int lastSlot = volumeSlotCount - 1;
+
+/// "SLOT=LEVEL", the slot from 0 to the last.
 std::optional<SlotLevel> parseSlotLevel(const std::string& text)
 {
     const auto equals = text.find('=');
@@ -22,9 +24,9 @@ std::optional<SlotLevel> parseSlotLevel(const std::string& text)
         return std::nullopt;
     const auto slot = parseInteger<int>(text.substr(0, equals));
     const auto level = parseFloat(text.substr(equals + 1));
-    if (!slot || *slot < 0 || *slot >= slotCount || !level)
+    if (!slot || *slot < 0 || *slot > lastSlot || !level)
         return std::nullopt;
-    return SlotLevel { *slot, *level };
+    return SlotLevel { static_cast<SlotNumber>(*slot), *level };
 }
 
 /// Reads the options that are text into what is to be shown. Answers the first mistake, or nothing.
@@ -39,11 +41,13 @@ std::optional<std::string> completeShowing(PictureOptions& options)
     for (const std::string& text : options.levels) {
         const auto level = parseSlotLevel(text);
         if (!level)
-            return "--level: found " + inQuotes(text) + ", expected SLOT=LEVEL with a slot from 0 to 11, as in 7=0.5";
+            return "--level: found " + inQuotes(text) + ", expected SLOT=LEVEL with a slot from 0 to "
+                + std::to_string(lastSlot) + ", as in 7=0.5";
         options.showing.levels.push_back(*level);
     }
-    if (options.showing.focusedSlot && (*options.showing.focusedSlot < 0 || *options.showing.focusedSlot >= slotCount))
-        return "--focus: found " + std::to_string(*options.showing.focusedSlot) + ", expected a slot from 0 to 11";
+    if (options.showing.focusedSlot && (*options.showing.focusedSlot < 0 || *options.showing.focusedSlot > lastSlot))
+        return "--focus: found " + std::to_string(*options.showing.focusedSlot) + ", expected a slot from 0 to "
+            + std::to_string(lastSlot);
     return std::nullopt;
 }
 

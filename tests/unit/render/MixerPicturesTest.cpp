@@ -1,4 +1,6 @@
 /// What must be true of every picture of the mixer.
+#include "facts/MixerSkins.h"
+#include "facts/VolumeSlots.h"
 #include "tests/support/PictureComparison.h"
 #include "tests/unit/render/PictureTest.h"
 
@@ -14,6 +16,7 @@ namespace {
 constexpr std::int64_t panel = 0;
 constexpr std::int64_t banner = 1;
 constexpr std::int64_t blackSkin = 3;
+constexpr int slotCount = volumeSlotCount;
 
 class MixerPictures : public PictureTest {
 protected:
@@ -67,7 +70,7 @@ TEST_P(Fills, EndAtLevelTimesWidthToThePixel)
     hideTexts(held("_window"));
     const Bitmap filled = drawn();
     std::vector<double> edges; // pixels
-    for (int slot = 0; slot < sim::slotCount; ++slot) {
+    for (int slot = 0; slot < slotCount; ++slot) {
         sim::View& view = slider(slot);
         const double level = sim::levelOf(device, &view);
         const auto origin = view.fromScreen({ 0, 0 }).value();
@@ -78,7 +81,7 @@ TEST_P(Fills, EndAtLevelTimesWidthToThePixel)
         fill.setHidden(true);
     }
     const Bitmap empty = drawn();
-    for (int slot = 0; slot < sim::slotCount; ++slot) {
+    for (int slot = 0; slot < slotCount; ++slot) {
         const auto middle = slider(slot).fromScreen({ 0, 0 }).value();
         const double unit = slider(slot).fromScreen({ 0, 1 }).value().y - middle.y;
         const int y = static_cast<int>((slider(slot).bounds.height / 2 - middle.y) / unit * device.screen->scale);
@@ -90,7 +93,9 @@ TEST_P(Fills, EndAtLevelTimesWidthToThePixel)
 }
 
 INSTANTIATE_TEST_SUITE_P(InEveryStyleAndSkin, Fills,
-    ::testing::Combine(::testing::Values(panel, banner), ::testing::Values(0, 1, 2, 3)), [](const auto& test) {
+    ::testing::Combine(
+        ::testing::Values(panel, banner), ::testing::Range(std::int64_t { 0 }, std::int64_t { mixerSkins.size() })),
+    [](const auto& test) {
         return (std::get<0>(test.param) == panel ? "panelSkin" : "bannerSkin")
             + std::to_string(std::get<1>(test.param));
     });
@@ -103,7 +108,7 @@ TEST_P(BlackPanel, IsOpaqueBlackBehindTheSliders)
     const sim::View& container = held("_containerView");
     const double cornerRadius = container.layer.cornerRadius * 1.6; // as far as a continuous corner reaches
     std::vector<const sim::View*> inFront { &held("_groupLabel0"), &held("_groupLabel1"), &held("_groupLabel2") };
-    for (int slot = 0; slot < sim::slotCount; ++slot)
+    for (int slot = 0; slot < slotCount; ++slot)
         inFront.push_back(&slider(slot));
     const Bitmap picture = drawn(render::Wallpaper::dawn());
     int looked = 0;
@@ -138,7 +143,7 @@ TEST_P(Held, ThePanelIsInTheMiddleOfTheScreen)
 TEST_P(Held, EveryTitleStandsUprightAndOverItsPercentage)
 {
     show(showing(panel, 0, GetParam()));
-    for (int slot = 0; slot < sim::slotCount; ++slot) {
+    for (int slot = 0; slot < slotCount; ++slot) {
         const auto labels = labelsOf(slider(slot));
         ASSERT_EQ(labels.size(), 2U);
         const PixelRect title = changedBy([&] { labels[0]->setHidden(true); });
