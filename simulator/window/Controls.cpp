@@ -1,6 +1,12 @@
 /// The table of controls.
 #include "simulator/window/Controls.h"
 
+#include "facts/AudioNames.h"
+#include "facts/PublicNames.h"
+
+#include "facts/AudioNames.h"
+#include "facts/PublicNames.h"
+
 #include <algorithm>
 #include <array>
 
@@ -16,9 +22,9 @@ template <Button button> constexpr Control volumeButton(const char* key, const c
 }
 
 // What a control does is a plain function: it knows its name by the place in these tables.
-constexpr std::array routes { "Speaker", "Receiver", "Headphone", "Headset", "HeadphonesBT", "HeadsetBT" };
-constexpr std::array listeners { "net.qorvath.panotra.presentmixer", "net.qorvath.panotra.dismissmixer",
-    "net.qorvath.panotra.presentdismissmixer" };
+constexpr std::array routes { route::speaker, route::receiver, route::headphone, route::headset, route::headphonesBT,
+    route::headsetBT };
+constexpr std::array listeners { listener::present, listener::dismiss, listener::toggle };
 
 template <std::size_t route> constexpr Control routeControl(const char* key, const char* label)
 {

@@ -1,11 +1,14 @@
-/// The panel beside the phone: settings, the system's levels, the twelve remembered ones, the end of the trace.
-#include "simulator/Domains.h"
+/// The panel beside the phone: settings, the system's levels, the remembered ones, the end of the trace.
+#include "facts/AudioNames.h"
+#include "facts/MixerSettings.h"
+#include "facts/PublicNames.h"
+#include "facts/VolumeSlots.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/Services.h"
 #include "simulator/scenario/TextFormat.h"
 #include "simulator/window/Board.h"
 #include "simulator/window/Palette.h"
-#include "simulator/window/SettingsTable.h"
+#include "simulator/window/SettingValues.h"
 
 #include <algorithm>
 #include <array>
@@ -25,35 +28,24 @@ constexpr double cardRim = 40; ///< what a card has around its rows, heading inc
 constexpr double settingHeight = 29;
 constexpr double meterHeight = 18;
 
-/// The pairs of category and route behind the twelve slots, as their sliders call them.
-struct RememberedLevel {
-    const char* category;
-    const char* label;
-    std::array<const char*, 2> routes; ///< the second may be null, both where the route does not matter
-};
+/// The remembered levels stand in two columns.
+constexpr std::size_t metersInAColumn = (volumeSlotCount + 1) / 2;
 
-constexpr std::array rememberedLevels {
-    RememberedLevel { "Audio/Video", "Speaker", { "Speaker", nullptr } },
-    RememberedLevel { "Audio/Video", "Headphones", { "Headphone", "Headset" } },
-    RememberedLevel { "Audio/Video", "Headphones BT", { "HeadphonesBT", "HeadsetBT" } },
-    RememberedLevel { "PhoneCall", "Call receiver", { "Receiver", nullptr } },
-    RememberedLevel { "PhoneCall", "Call speaker", { "Speaker", nullptr } },
-    RememberedLevel { "PhoneCall", "Call headset", { "Headphone", "Headset" } },
-    RememberedLevel { "PhoneCall", "Call headset BT", { "HeadphonesBT", "HeadsetBT" } },
-    RememberedLevel { "Ringtone", "Ringtone", {} },
-    RememberedLevel { "Alarm", "Alarm", {} },
-    RememberedLevel { "Notifications", "Notifications", {} },
-    RememberedLevel { "VoiceCommand", "Siri", {} },
-    RememberedLevel { "Audio/Video", "Receiver", { "Receiver", nullptr } },
-};
-
-bool isActive(const RememberedLevel& level, const AudioService& audio)
+/// As its slider is called; the sliders of a call share their names with those of media.
+std::string labelOf(const VolumeSlot& slot)
 {
-    const auto takes = [&audio](const char* route) {
-        return route != nullptr && audio.route == route;
-    };
-    return audio.activeCategory == level.category
-        && (level.routes[0] == nullptr || takes(level.routes[0]) || takes(level.routes[1]));
+    return std::string(slot.group == Group::PhoneCall ? "Call " : "") + slot.name;
+}
+
+bool isActive(const VolumeSlot& slot, const AudioService& audio)
+{
+    return audio.activeCategory == slot.category && slot.takesRoute(audio.route.value_or(std::string()));
+}
+
+/// How high a card with that many meters below each other is.
+constexpr double cardOfMeters(std::size_t count)
+{
+    return cardRim + static_cast<double>(count) * meterHeight;
 }
 
 void addSetting(Sheet& sheet, const Subject& subject, std::size_t index, Area row)
@@ -61,10 +53,10 @@ void addSetting(Sheet& sheet, const Subject& subject, std::size_t index, Area ro
     constexpr double labelWidth = 124;
     constexpr double valueWidth = 48;
     constexpr double choiceGap = 4;
-    const SettingRow& setting = allSettings()[index];
+    const MixerSetting& setting = mixerSettings[index];
     const double value = valueOf(subject.session, setting);
     switch (setting.kind) {
-    case SettingRow::Kind::Choice: {
+    case SettingKind::Choice: {
         addText(sheet, row.takeLeft(setting.choices.size() > 2 ? 60 : labelWidth), setting.label, palette::text);
         const double count = static_cast<double>(setting.choices.size());
         const double width = (row.width - (count - 1) * choiceGap) / count;
@@ -77,14 +69,14 @@ void addSetting(Sheet& sheet, const Subject& subject, std::size_t index, Area ro
         }
         break;
     }
-    case SettingRow::Kind::Switch: {
+    case SettingKind::Switch: {
         const Spot spot { row, Purpose::Switch, index };
         addText(sheet, row, setting.label, palette::text);
         addSwitch(sheet, row, value != 0, subject.emphasisOf(spot, false));
         sheet.spots.push_back(spot);
         break;
     }
-    case SettingRow::Kind::Range: {
+    case SettingKind::Range: {
         addText(sheet, row.takeLeft(labelWidth), setting.label, palette::text);
         const Area number = row.takeRight(valueWidth);
         const Spot spot { row, Purpose::Range, index };
@@ -120,13 +112,14 @@ void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
     const AudioService& audio = *subject.session.device().audio;
     Area column = inside.takeLeft((inside.width - columnGap) / 2);
     inside.takeLeft(columnGap);
-    for (std::size_t slot = 0; slot < rememberedLevels.size(); ++slot) {
-        if (slot == rememberedLevels.size() / 2)
+    for (SlotNumber number = 0; number < volumeSlotCount; ++number) {
+        if (number == metersInAColumn)
             column = inside;
-        const Json* const stored = subject.session.setting(ownDomain, "volume" + std::to_string(slot));
-        addMeter(sheet, column.takeTop(meterHeight), labelWidth, rememberedLevels[slot].label,
+        const VolumeSlot& slot = volumeSlot(number);
+        const Json* const stored = subject.session.setting(ownDomain, slot.preferenceKey);
+        addMeter(sheet, column.takeTop(meterHeight), labelWidth, labelOf(slot),
             stored != nullptr ? std::optional(numberOf(*stored)) : std::nullopt,
-            isActive(rememberedLevels[slot], audio) ? Emphasis::On : Emphasis::None);
+            isActive(slot, audio) ? Emphasis::On : Emphasis::None);
     }
 }
 
@@ -167,20 +160,19 @@ void addTrace(Sheet& sheet, const Session& session, Area inside)
 
 void addPanel(Sheet& sheet, const Subject& subject, Area area)
 {
-    const auto settings = allSettings();
     Area inside
-        = addCard(sheet, area.takeTop(cardRim + settingHeight * static_cast<double>(settings.size())), "Settings");
-    for (std::size_t index = 0; index < settings.size(); ++index)
+        = addCard(sheet, area.takeTop(cardRim + settingHeight * static_cast<double>(mixerSettings.size())), "Settings");
+    for (std::size_t index = 0; index < mixerSettings.size(); ++index)
         addSetting(sheet, subject, index, inside.takeTop(settingHeight));
     area.takeTop(cardGap);
 
     const AudioService& audio = *subject.session.device().audio;
-    constexpr double sixMeters = cardRim + 6 * meterHeight;
-    const Area system = area.takeTop(sixMeters);
+    const Area system = area.takeTop(cardOfMeters(audioCategories.size()));
     addSystemLevels(sheet, audio, addCard(sheet, system, "System levels"), system);
     area.takeTop(cardGap);
 
-    addRememberedLevels(sheet, subject, addCard(sheet, area.takeTop(sixMeters), "Remembered levels"));
+    addRememberedLevels(
+        sheet, subject, addCard(sheet, area.takeTop(cardOfMeters(metersInAColumn)), "Remembered levels"));
     area.takeTop(cardGap);
 
     addTrace(sheet, subject.session, addCard(sheet, area, "Trace"));

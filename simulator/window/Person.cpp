@@ -2,7 +2,7 @@
 #include "simulator/window/Person.h"
 
 #include "simulator/window/Numerals.h"
-#include "simulator/window/SettingsTable.h"
+#include "simulator/window/SettingValues.h"
 
 #include <cmath>
 #include <limits>
@@ -84,10 +84,10 @@ void Person::pointerDown(Point point)
         press(spot.index, Holder::Pointer);
         break;
     case Purpose::Choice:
-        setValue(m_session, allSettings()[spot.index], static_cast<double>(spot.choice));
+        setValue(m_session, mixerSettings[spot.index], static_cast<double>(spot.choice));
         break;
     case Purpose::Switch: {
-        const SettingRow& setting = allSettings()[spot.index];
+        const MixerSetting& setting = mixerSettings[spot.index];
         setValue(m_session, setting, valueOf(m_session, setting) == 0 ? 1 : 0);
         break;
     }
@@ -125,7 +125,7 @@ void Person::pointerUp(Point point)
     else if (spot.purpose == Purpose::Control)
         release(spot.index, Holder::Pointer);
     else if (m_attention.draggedValue)
-        setValue(m_session, allSettings()[spot.index], *m_attention.draggedValue);
+        setValue(m_session, mixerSettings[spot.index], *m_attention.draggedValue);
     m_attention.draggedValue.reset();
     pointerMove(point);
 }
@@ -139,7 +139,7 @@ void Person::pointerLeft()
 /// A range is stored when it is let go, as the settings page does.
 void Person::dragRange(const Spot& range, Point point)
 {
-    m_attention.draggedValue = valueAtFraction(allSettings()[range.index], (point.x - range.area.x) / range.area.width);
+    m_attention.draggedValue = valueAtFraction(mixerSettings[range.index], (point.x - range.area.x) / range.area.width);
 }
 
 void Person::settle()

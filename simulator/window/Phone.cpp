@@ -1,6 +1,8 @@
 /// Lines for each thing that a person does.
 #include "simulator/window/Phone.h"
 
+#include "facts/AudioNames.h"
+#include "facts/PublicNames.h"
 #include "simulator/device/Services.h"
 #include "simulator/render/HomePicture.h"
 #include "simulator/window/Numerals.h"
@@ -8,18 +10,19 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 namespace panotra::sim {
 
 namespace {
 
-constexpr const char* speaker = "Speaker";
-constexpr const char* receiver = "Receiver";
-constexpr const char* callCategory = "PhoneCall";
-constexpr const char* screenNotification = "com.apple.springboard.screenchanged";
-
 /// What programs may play, calls aside.
-constexpr std::array<const char*, 5> categories { "Audio/Video", "Ringtone", "Alarm", "Notifications", "VoiceCommand" };
+constexpr auto categories = [] {
+    std::array<const char*, audioCategories.size() - 1> names {};
+    std::ranges::copy_if(
+        audioCategories, names.begin(), [](std::string_view name) { return name != category::phoneCall; });
+    return names;
+}();
 
 const char* nameOf(Button button)
 {
@@ -81,14 +84,14 @@ std::string Phone::orientation() const
 Lines Phone::switchScreen()
 {
     m_isScreenOn = !m_isScreenOn;
-    const std::string name = screenNotification;
+    const std::string name = notification::screenChanged;
     return { "darwin " + name + (m_isScreenOn ? " 1" : " 0"), "notify " + name };
 }
 
 Lines Phone::useRoute(const std::string& route)
 {
     Lines lines;
-    if (route == speaker || route == receiver) {
+    if (route == route::speaker || route == route::receiver) {
         changeRoute(lines, route);
     } else if (std::erase(m_accessories, route) > 0) {
         if (isActive(route))
@@ -102,14 +105,14 @@ Lines Phone::useRoute(const std::string& route)
 
 std::string Phone::ownRoute() const
 {
-    return isInCall() ? receiver : speaker;
+    return isInCall() ? route::receiver : route::speaker;
 }
 
 /// The new route, and how the audio service tells of it.
 void Phone::changeRoute(Lines& lines, const std::string& route) const
 {
     lines.push_back("route " + route);
-    lines.push_back(announcement(category(), "RouteChange"));
+    lines.push_back(announcement(category(), changeReason::route));
 }
 
 std::string Phone::announcement(const std::string& category, const char* reason) const
@@ -124,22 +127,22 @@ Lines Phone::nextCategory() const
     const auto current = std::ranges::find(categories, category());
     const bool isLast = current == categories.end() || current + 1 == categories.end();
     const std::string next = isLast ? categories.front() : *(current + 1);
-    return { "category " + next, announcement(next, "CategoryChange") };
+    return { "category " + next, announcement(next, changeReason::category) };
 }
 
 Lines Phone::beginOrEndCall()
 {
     const bool begins = !isInCall();
-    const std::string next = begins ? callCategory : *m_categoryBeforeCall;
+    const std::string next = begins ? category::phoneCall : *m_categoryBeforeCall;
     if (begins)
         m_categoryBeforeCall = category();
     else
         m_categoryBeforeCall.reset();
     Lines lines { "category " + next };
     // Without an accessory a call goes to the ear, and what comes after it to the room.
-    if (isActive(begins ? speaker : receiver))
+    if (isActive(begins ? route::speaker : route::receiver))
         lines.push_back("route " + ownRoute());
-    lines.push_back(announcement(next, "CategoryChange"));
+    lines.push_back(announcement(next, changeReason::category));
     return lines;
 }
 

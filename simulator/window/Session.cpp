@@ -1,7 +1,9 @@
 /// Lines played, time passed on, and what other processes write noticed.
 #include "simulator/window/Session.h"
 
-#include "simulator/Domains.h"
+#include "facts/AudioNames.h"
+#include "facts/MixerSettings.h"
+#include "facts/PublicNames.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
@@ -18,9 +20,8 @@ namespace panotra::sim {
 
 namespace {
 
-/// Levels that tell the six apart at a glance.
-constexpr std::array<const char*, 6> pleasantLevels { "system Audio/Video 0.5625", "system PhoneCall 0.625",
-    "system Ringtone 0.75", "system Alarm 0.875", "system Notifications 0.4375", "system VoiceCommand 0.5" };
+/// Levels that tell the categories apart at a glance.
+constexpr std::array<double, audioCategories.size()> pleasantLevels { 0.5625, 0.625, 0.75, 0.875, 0.4375, 0.5 };
 
 } // namespace
 
@@ -73,12 +74,13 @@ void Session::start(const ScreenSize& screen)
     // What is in the files already is nothing to be done, but the scenario has to know it.
     for (const std::string& line : linesOfChanges(Json::object(), m_settings))
         record(line);
-    if (setting(ownDomain, "replaceHUD") == nullptr) {
-        play(lineOfSetting(ownDomain, "replaceHUD", true));
-        m_settings[ownDomain]["replaceHUD"] = true;
+    constexpr const char* replacesIndicator = mixerSetting("replaceHUD").key;
+    if (setting(ownDomain, replacesIndicator) == nullptr) {
+        play(lineOfSetting(ownDomain, replacesIndicator, true));
+        m_settings[ownDomain][replacesIndicator] = true;
     }
-    for (const char* const line : pleasantLevels)
-        play(line);
+    for (std::size_t i = 0; i < pleasantLevels.size(); ++i)
+        play(std::string("system ") + audioCategories[i] + ' ' + numeral(pleasantLevels[i]));
     playAll({ "echo on", "load", "launch" });
 }
 

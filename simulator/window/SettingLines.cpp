@@ -1,7 +1,7 @@
 /// Differences between settings, told in the scenario language.
 #include "simulator/window/SettingLines.h"
 
-#include "simulator/Domains.h"
+#include "facts/MixerSettings.h"
 #include "simulator/preferences/SettingText.h"
 #include "simulator/preferences/Settings.h"
 #include "simulator/scenario/Grammar.h"
@@ -111,9 +111,8 @@ std::vector<std::string> changedDomains(const Json& before, const Json& after)
 
 std::optional<std::string> announcementOf(const std::string& domain)
 {
-    if (domain == ownDomain || domain == siblingDomain)
-        return domain + ".settingschanged";
-    return std::nullopt;
+    const auto setting = std::ranges::find(mixerSettings, domain, &MixerSetting::domain);
+    return setting == mixerSettings.end() ? std::nullopt : std::optional<std::string>(setting->changeNotification());
 }
 
 } // namespace panotra::sim

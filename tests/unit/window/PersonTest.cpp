@@ -1,6 +1,6 @@
 /// Keys and pointer, on a sheet that nobody draws.
 #include "simulator/window/Person.h"
-#include "simulator/window/SettingsTable.h"
+#include "simulator/window/SettingValues.h"
 #include "tests/unit/window/SessionFixture.h"
 
 namespace panotra::sim {
@@ -44,10 +44,9 @@ protected:
     }
     static std::size_t settingNamed(const std::string& key)
     {
-        const auto settings = allSettings();
-        return static_cast<std::size_t>(std::ranges::find(settings, key, [](const SettingRow& row) {
+        return static_cast<std::size_t>(std::ranges::find(mixerSettings, key, [](const MixerSetting& row) {
             return std::string(row.key);
-        }) - settings.begin());
+        }) - mixerSettings.begin());
     }
     Point onPhone(double x, double y) const
     {

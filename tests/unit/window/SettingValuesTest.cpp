@@ -1,5 +1,5 @@
-/// Each setting of the table, as the library takes it.
-#include "simulator/window/SettingsTable.h"
+/// Each setting, as the library takes it.
+#include "simulator/window/SettingValues.h"
 #include "simulator/preferences/Conversions.h"
 #include "tests/unit/window/SessionFixture.h"
 
@@ -8,35 +8,31 @@
 namespace panotra::sim {
 namespace {
 
-class SettingsTableTest : public testing::SessionFixture {
+class SettingValuesTest : public testing::SessionFixture {
 protected:
     /// What the library holds.
-    double global(const SettingRow& row) const
-    {
-        const std::string name = row.key == std::string("dismissDelay") ? "autoDismiss" : row.key;
-        return preferences::numberOf(library.globals().at(name));
-    }
+    double global(const MixerSetting& row) const { return preferences::numberOf(library.globals().at(row.valueName)); }
 };
 
-const SettingRow& row(const std::string& key)
+const MixerSetting& row(const std::string& key)
 {
-    return *std::ranges::find(allSettings(), key, [](const SettingRow& each) { return std::string(each.key); });
+    return *std::ranges::find(mixerSettings, key, [](const MixerSetting& each) { return std::string(each.key); });
 }
 
-TEST_F(SettingsTableTest, WhereNothingIsStoredTheTableKnowsWhatTheMixerTakes)
+TEST_F(SettingValuesTest, WhereNothingIsStoredTheTableKnowsWhatTheMixerTakes)
 {
     writeElsewhere("replaceHUD", false); // what the session would choose
     start();
-    for (const SettingRow& each : allSettings())
+    for (const MixerSetting& each : mixerSettings)
         EXPECT_EQ(valueOf(*session, each), global(each)) << each.key;
 }
 
-TEST_F(SettingsTableTest, AChosenValueIsWhatTheLibraryThenHolds)
+TEST_F(SettingValuesTest, AChosenValueIsWhatTheLibraryThenHolds)
 {
     start();
-    for (const SettingRow& each : allSettings()) {
-        for (const double value : { each.kind == SettingRow::Kind::Range ? 0.75 * each.most : 1.0,
-                 each.kind == SettingRow::Kind::Range ? each.least : 0.0 }) {
+    for (const MixerSetting& each : mixerSettings) {
+        for (const double value : { each.kind == SettingKind::Range ? 0.75 * each.most : 1.0,
+                 each.kind == SettingKind::Range ? each.least : 0.0 }) {
             setValue(*session, each, value);
             EXPECT_FLOAT_EQ(static_cast<float>(valueOf(*session, each)), static_cast<float>(global(each))) << each.key;
             EXPECT_NEAR(global(each), value, each.step) << each.key;
@@ -48,7 +44,7 @@ TEST_F(SettingsTableTest, AChosenValueIsWhatTheLibraryThenHolds)
     EXPECT_EQ(global(row("dismissDelay")), 10) << "the end of its range";
 }
 
-TEST_F(SettingsTableTest, WhatIsNotFiniteCountsAsAbsent)
+TEST_F(SettingValuesTest, WhatIsNotFiniteCountsAsAbsent)
 {
     for (const Json& value : { Json(std::numeric_limits<double>::quiet_NaN()), Json("1e999"), Json("-1e999") }) {
         writeElsewhere("scale", value);
@@ -57,9 +53,9 @@ TEST_F(SettingsTableTest, WhatIsNotFiniteCountsAsAbsent)
     }
 }
 
-TEST(SettingRowTest, StepsOfARangeAreRoundNumbers)
+TEST(SettingValues, StepsOfARangeAreRoundNumbers)
 {
-    const SettingRow& scale = row("scale");
+    const MixerSetting& scale = row("scale");
     EXPECT_EQ(valueAtFraction(scale, 0), 0.5);
     EXPECT_EQ(valueAtFraction(scale, 1), 1.25);
     EXPECT_EQ(valueAtFraction(scale, -7), 0.5);
