@@ -37,7 +37,6 @@ struct MixerSetting {
     double least = 0;
     double most = 0;
     double step = 0;
-    const char* unit = ""; ///< stands behind the value
 
     /// Posted when a person has changed the setting.
     constexpr const char* changeNotification() const
@@ -57,8 +56,8 @@ inline constexpr std::array mixerSettings {
     MixerSetting { "isAppCallNotification", "isAppCallNotification", ownDomain, SettingKind::Switch, 0,
         "App Calls as Notifications" },
     MixerSetting { "handleShake", "handleShake", ownDomain, SettingKind::Switch, 0, "Shake to Show" },
-    MixerSetting {
-        "dismissDelay", "autoDismiss", siblingDomain, SettingKind::Range, 2, "Dismiss After", {}, 0.5, 10, 0.5, " s" },
+    MixerSetting { "dismissDelay", "autoDismiss", siblingDomain, SettingKind::Range, 2, "Seconds Until Dismissal", {},
+        0.5, 10, 0.5 },
 };
 
 /// Not to be called: what the compiler trips over where the table has no such row.

@@ -50,7 +50,7 @@ constexpr double cardOfMeters(std::size_t count)
 
 void addSetting(Sheet& sheet, const Subject& subject, std::size_t index, Area row)
 {
-    constexpr double labelWidth = 124;
+    constexpr double labelWidth = 156;
     constexpr double valueWidth = 48;
     constexpr double choiceGap = 4;
     const MixerSetting& setting = mixerSettings[index];

@@ -59,7 +59,7 @@ std::string textOfValue(const MixerSetting& setting, double value)
 {
     return setting.kind == SettingKind::Choice && value < static_cast<double>(setting.choices.size())
         ? setting.choices[static_cast<std::size_t>(value)]
-        : shortNumber(value) + setting.unit;
+        : shortNumber(value);
 }
 
 } // namespace panotra::sim

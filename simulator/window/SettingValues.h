@@ -16,7 +16,7 @@ void setValue(Session& session, const MixerSetting& setting, double value);
 /// Where in its range a value lies, from 0 to 1, and back.
 double fractionOf(const MixerSetting& setting, double value);
 double valueAtFraction(const MixerSetting& setting, double fraction);
-/// "0.875", "2 s".
+/// "0.875", "Banner".
 std::string textOfValue(const MixerSetting& setting, double value);
 
 } // namespace panotra::sim

@@ -1,11 +1,11 @@
 /// The look of the panel: every skin in both styles, and what no skin touches.
+#include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
 
 namespace panotra {
 namespace {
 
 constexpr sim::Rgba black { 0, 0, 0, 1 };
-constexpr sim::Rgba white { 1, 1, 1, 1 };
 
 struct SkinCase {
     int skin;
@@ -16,12 +16,22 @@ struct SkinCase {
     sim::Rgba title;
 };
 
-const SkinCase skinCases[] = {
-    { 0, { 0.2, 0.2, 0.2, 0.15 }, 2010, 1, std::nullopt, black },
-    { 1, { 0.8, 0.8, 0.8, 0.15 }, 1001, 1, std::nullopt, { 0.9, 0.9, 0.9, 0.9 } },
-    { 2, { 1, 1, 1, 0.15 }, 2050, 1, std::nullopt, { 1, 1, 1, 0.9 } },
-    { 3, { 1, 1, 1, 0.25 }, -2, 0, black, white },
-};
+sim::Rgba colorOf(const testing::KnownColor& known)
+{
+    return { known.red, known.green, known.blue, known.alpha };
+}
+
+std::vector<SkinCase> makeSkinCases()
+{
+    std::vector<SkinCase> cases;
+    for (const testing::KnownSkin& skin : testing::knownSkins) {
+        cases.push_back({ skin.number, colorOf(skin.border), skin.backdropStyle, skin.isBlack ? 0.0 : 1.0,
+            skin.isBlack ? std::optional(black) : std::nullopt, colorOf(skin.text) });
+    }
+    return cases;
+}
+
+const std::vector<SkinCase> skinCases = makeSkinCases();
 
 struct Skin : testing::MixerTest {
     void showWithSkin(int style, int skin)
@@ -50,7 +60,7 @@ TEST_F(Skin, EverySkinLooksTheSameInBothStyles)
 
 TEST_F(Skin, ANumberWithoutASkinLeavesTheLookThatThePanelWasBuiltWith)
 {
-    for (const int skin : { 4, 65535 }) {
+    for (const int skin : { static_cast<int>(std::size(testing::knownSkins)), 65535 }) {
         showWithSkin(panel, skin);
         EXPECT_EQ(view("_containerView").layer.borderColor, std::nullopt);
         EXPECT_EQ(backdrop().style, -2);
@@ -63,7 +73,7 @@ TEST_F(Skin, ANumberWithoutASkinLeavesTheLookThatThePanelWasBuiltWith)
 
 TEST_F(Skin, ANumberWithoutASkinLeavesTheLookThatTheBannerWasBuiltWith)
 {
-    showWithSkin(banner, 4);
+    showWithSkin(banner, static_cast<int>(std::size(testing::knownSkins)));
     EXPECT_EQ(view("_containerView").layer.borderColor, (sim::Rgba { 0.2, 0.2, 0.2, 0.15 }));
     EXPECT_EQ(backdrop().style, 2010);
     EXPECT_EQ(view<sim::Label>("_groupLabel0").textColor, std::nullopt);

@@ -1,4 +1,5 @@
 /// createUI: what is built in each style, and in which order.
+#include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
 
 namespace panotra {
@@ -97,32 +98,10 @@ TEST_F(ViewTree, AnyOtherStyleShowsAnEmptyTurnedRoot)
 
 // What the parts are.
 
-struct SliderCase {
-    SlotNumber slot;
-    const char* name;
-    const char* image;
-    bool canGoToZero;
-};
-
-const SliderCase sliderCases[] = {
-    { 11, "Receiver", "receiver", true },
-    { 0, "Speaker", "speaker", true },
-    { 1, "Headphones", "headphone", true },
-    { 2, "HeadphonesBT", "headphonebt", true },
-    { 3, "Receiver", "receiver", false },
-    { 4, "Speaker", "speaker", false },
-    { 5, "Headset", "headset", false },
-    { 6, "HeadsetBT", "headsetbt", false },
-    { 7, "Ringtone", "ringer", false },
-    { 8, "Alarm", "alarm", false },
-    { 9, "Notifications", "notification", false },
-    { 10, "Siri", "siri", false },
-};
-
 TEST_F(ViewTree, ThePanelsSlidersAreNamed)
 {
     show(panel);
-    for (const SliderCase& each : sliderCases) {
+    for (const testing::KnownSlider& each : testing::knownSliders) {
         EXPECT_EQ(part<sim::Label>(each.slot, "_label0").text, each.name);
         EXPECT_EQ(fieldOf(slider(each.slot), "_imageView"), nullptr);
         EXPECT_EQ(slider(each.slot).tag(), each.slot);
@@ -133,7 +112,7 @@ TEST_F(ViewTree, ThePanelsSlidersAreNamed)
 TEST_F(ViewTree, TheBannersSlidersHaveIcons)
 {
     show(banner);
-    for (const SliderCase& each : sliderCases) {
+    for (const testing::KnownSlider& each : testing::knownSliders) {
         EXPECT_EQ(part<sim::ImageView>(each.slot, "_imageView").image->baseName, each.image);
         EXPECT_EQ(fieldOf(slider(each.slot), "_label0"), nullptr);
         EXPECT_EQ(slider(each.slot).tag(), each.slot);

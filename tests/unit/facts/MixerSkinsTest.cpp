@@ -1,58 +1,37 @@
-/// The four skins, row by row.
+/// The skins, row by row.
 #include "facts/MixerSkins.h"
+#include "tests/support/KnownFacts.h"
 
 #include <gtest/gtest.h>
 
 namespace panotra {
 namespace {
 
-void expectColor(const Rgba& color, double red, double green, double blue, double alpha)
+void expectColor(const Rgba& color, const testing::KnownColor& known)
 {
-    EXPECT_EQ(color.red, red);
-    EXPECT_EQ(color.green, green);
-    EXPECT_EQ(color.blue, blue);
-    EXPECT_EQ(color.alpha, alpha);
+    EXPECT_EQ(color.red, known.red);
+    EXPECT_EQ(color.green, known.green);
+    EXPECT_EQ(color.blue, known.blue);
+    EXPECT_EQ(color.alpha, known.alpha);
 }
 
-TEST(MixerSkins, TheFirstIsLightWithBlackText)
+TEST(MixerSkins, EachHasTheNameColoursAndMaterialOfItsNumber)
 {
-    const MixerSkin& skin = *findMixerSkin(0);
-    expectColor(skin.border, 0.2, 0.2, 0.2, 0.15);
-    EXPECT_EQ(skin.backdropStyle, 2010);
-    expectColor(skin.text, 0, 0, 0, 1);
-    EXPECT_FALSE(skin.isBlack);
-}
-
-TEST(MixerSkins, TheSecondIsDarkWithPaleText)
-{
-    const MixerSkin& skin = *findMixerSkin(1);
-    expectColor(skin.border, 0.8, 0.8, 0.8, 0.15);
-    EXPECT_EQ(skin.backdropStyle, 1001);
-    expectColor(skin.text, 0.9, 0.9, 0.9, 0.9);
-    EXPECT_FALSE(skin.isBlack);
-}
-
-TEST(MixerSkins, TheThirdIsDarkWithWhiteText)
-{
-    const MixerSkin& skin = *findMixerSkin(2);
-    expectColor(skin.border, 1, 1, 1, 0.15);
-    EXPECT_EQ(skin.backdropStyle, 2050);
-    expectColor(skin.text, 1, 1, 1, 0.9);
-    EXPECT_FALSE(skin.isBlack);
-}
-
-TEST(MixerSkins, TheFourthIsBlackWithoutBlur)
-{
-    const MixerSkin& skin = *findMixerSkin(3);
-    expectColor(skin.border, 1, 1, 1, 0.25);
-    EXPECT_EQ(skin.backdropStyle, -2);
-    expectColor(skin.text, 1, 1, 1, 1);
-    EXPECT_TRUE(skin.isBlack);
+    ASSERT_EQ(mixerSkins.size(), std::size(testing::knownSkins));
+    for (const testing::KnownSkin& known : testing::knownSkins) {
+        SCOPED_TRACE(known.name);
+        const MixerSkin& skin = *findMixerSkin(static_cast<std::uint16_t>(known.number));
+        EXPECT_STREQ(skin.name, known.name);
+        expectColor(skin.border, known.border);
+        EXPECT_EQ(skin.backdropStyle, known.backdropStyle);
+        expectColor(skin.text, known.text);
+        EXPECT_EQ(skin.isBlack, known.isBlack);
+    }
 }
 
 TEST(MixerSkins, NoOtherNumberNamesOne)
 {
-    EXPECT_EQ(findMixerSkin(4), nullptr);
+    EXPECT_EQ(findMixerSkin(std::size(testing::knownSkins)), nullptr);
     EXPECT_EQ(findMixerSkin(65535), nullptr);
 }
 

@@ -62,7 +62,7 @@ TEST(SettingValues, StepsOfARangeAreRoundNumbers)
     EXPECT_EQ(valueAtFraction(scale, 0.52), 0.9);
     EXPECT_EQ(valueAtFraction(scale, fractionOf(scale, 0.875)), 0.875);
     EXPECT_EQ(textOfValue(scale, 0.875), "0.875");
-    EXPECT_EQ(textOfValue(row("dismissDelay"), 2.5), "2.5 s");
+    EXPECT_EQ(textOfValue(row("dismissDelay"), 2.5), "2.5");
 }
 
 } // namespace
