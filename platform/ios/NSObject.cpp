@@ -1,6 +1,7 @@
 /// What every object can do: identity, fields by key, conversions, delayed performs.
 #include "platform/NSObject.h"
 
+#include "facts/WrappedInteger.h"
 #include "platform/NSString.h"
 #include "platform/ios/Classes.h"
 #include "platform/ios/ObjectiveC.h"
@@ -60,18 +61,6 @@ bool isInteger(const NSObject& object)
     constexpr std::string_view floats = "fd";
     const char* const encoding = send(object.get(), selectors::objCType);
     return encoding != nullptr && floats.find(*encoding) == floats.npos;
-}
-
-/// Truncated toward zero, then modulo 2^64, as a two's complement number. The platform leaves what lies beyond 64 bits
-/// open, and processors differ.
-std::int64_t wrappedInteger(double number)
-{
-    constexpr double twoTo64 = 18446744073709551616.0;
-    if (!std::isfinite(number))
-        return 0;
-    const double wrapped = std::fmod(std::trunc(number), twoTo64);
-    const auto magnitude = static_cast<std::uint64_t>(std::fabs(wrapped));
-    return static_cast<std::int64_t>(wrapped < 0 ? std::uint64_t { 0 } - magnitude : magnitude);
 }
 
 } // namespace

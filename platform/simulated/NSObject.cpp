@@ -1,11 +1,10 @@
 /// What every object can do: identity, fields by key, conversions, delayed performs.
 #include "platform/NSObject.h"
 
+#include "facts/WrappedInteger.h"
 #include "platform/simulated/Host.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
-
-#include <cmath>
 
 namespace panotra {
 
@@ -19,17 +18,6 @@ sim::Json valueOf(const NSObject& handle)
     if (const auto* const string = simulated::objectOf<sim::String>(handle))
         return string->text;
     return nullptr;
-}
-
-/// Truncated toward zero, then modulo 2^64, as a two's complement number.
-std::int64_t wrappedInteger(double number)
-{
-    constexpr double twoTo64 = 18446744073709551616.0;
-    if (!std::isfinite(number))
-        return 0;
-    const double wrapped = std::fmod(std::trunc(number), twoTo64);
-    return static_cast<std::int64_t>(
-        wrapped < 0 ? std::uint64_t { 0 } - static_cast<std::uint64_t>(-wrapped) : static_cast<std::uint64_t>(wrapped));
 }
 
 } // namespace

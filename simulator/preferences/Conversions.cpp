@@ -1,9 +1,10 @@
 /// The platform's conversions of a stored value to the type that a program asks for.
 #include "simulator/preferences/Conversions.h"
 
+#include "facts/WrappedInteger.h"
+
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstdlib>
 #include <string_view>
 
@@ -100,12 +101,7 @@ std::uint16_t unsignedShortOf(const Json& value)
         return static_cast<std::uint16_t>(number.get<std::uint64_t>());
     if (number.is_number_integer())
         return static_cast<std::uint16_t>(number.get<std::int64_t>());
-    const double real = number.get<double>();
-    if (!std::isfinite(real))
-        return 0;
-    // Below 65536 the cast is defined for every remainder; the second one makes a negative number wrap around.
-    constexpr double modulus = 65536;
-    return static_cast<std::uint16_t>(static_cast<std::int32_t>(std::fmod(std::trunc(real), modulus)));
+    return static_cast<std::uint16_t>(wrappedInteger(number.get<double>()));
 }
 
 } // namespace panotra::preferences

@@ -16,7 +16,7 @@ controller                  | standard | controller views model platform facts
 hooks                       | standard | hooks controller views model platform facts
 platform/simulated          | standard | platform/simulated platform simulator/device facts
 platform/ios                | any      | platform/ios platform facts
-simulator/preferences       | any      | simulator/preferences
+simulator/preferences       | any      | simulator/preferences facts
 simulator/device            | any      | simulator/device simulator/preferences facts
 simulator/scenario          | any      | simulator/scenario simulator/device facts
 simulator/render            | any      | simulator/render simulator/device facts
