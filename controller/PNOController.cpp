@@ -15,36 +15,28 @@ namespace {
 
 using Fields = PNOController::InstanceVariables;
 
-constexpr std::array controllerInstanceVariables {
-    instanceVariable<PNOWindow>("_window", offsetof(Fields, _window)),
-    instanceVariable<UIView>("_rootView", offsetof(Fields, _rootView)),
-    instanceVariable<CGFloat>("_boundsWidth", offsetof(Fields, _boundsWidth)),
-    instanceVariable<CGFloat>("_boundsHeight", offsetof(Fields, _boundsHeight)),
-    instanceVariable<CGFloat>("_iphone4Width", offsetof(Fields, _iphone4Width)),
-    instanceVariable<CGFloat>("_iphone4Height", offsetof(Fields, _iphone4Height)),
-    instanceVariable<UIView>("_containerView", offsetof(Fields, _containerView)),
-    instanceVariable<UIBackdropView>("_rootBackdropView", offsetof(Fields, _rootBackdropView)),
-    instanceVariable<UIBackdropView>("_blurBackdropView", offsetof(Fields, _blurBackdropView)),
-    instanceVariable<UIView>("_groupView0", offsetof(Fields, _groupView0)),
-    instanceVariable<UIView>("_groupView1", offsetof(Fields, _groupView1)),
-    instanceVariable<UIView>("_groupView2", offsetof(Fields, _groupView2)),
-    instanceVariable<UILabel>("_groupLabel0", offsetof(Fields, _groupLabel0)),
-    instanceVariable<UILabel>("_groupLabel1", offsetof(Fields, _groupLabel1)),
-    instanceVariable<UILabel>("_groupLabel2", offsetof(Fields, _groupLabel2)),
-    instanceVariable<PNOVolumeView>("_volumeView0", offsetof(Fields, _volumeView0)),
-    instanceVariable<PNOVolumeView>("_volumeView1", offsetof(Fields, _volumeView1)),
-    instanceVariable<PNOVolumeView>("_volumeView2", offsetof(Fields, _volumeView2)),
-    instanceVariable<PNOVolumeView>("_volumeView3", offsetof(Fields, _volumeView3)),
-    instanceVariable<PNOVolumeView>("_volumeView4", offsetof(Fields, _volumeView4)),
-    instanceVariable<PNOVolumeView>("_volumeView5", offsetof(Fields, _volumeView5)),
-    instanceVariable<PNOVolumeView>("_volumeView6", offsetof(Fields, _volumeView6)),
-    instanceVariable<PNOVolumeView>("_volumeView7", offsetof(Fields, _volumeView7)),
-    instanceVariable<PNOVolumeView>("_volumeView8", offsetof(Fields, _volumeView8)),
-    instanceVariable<PNOVolumeView>("_volumeView9", offsetof(Fields, _volumeView9)),
-    instanceVariable<PNOVolumeView>("_volumeView10", offsetof(Fields, _volumeView10)),
-    instanceVariable<PNOVolumeView>("_volumeView11", offsetof(Fields, _volumeView11)),
-    instanceVariable<float>("_volume", offsetof(Fields, _volume)),
-};
+constexpr NumberedNames<groupCount> groupViewNames("_groupView");
+constexpr NumberedNames<groupCount> groupLabelNames("_groupLabel");
+constexpr NumberedNames<volumeSlotCount> volumeViewNames("_volumeView");
+
+constexpr auto controllerInstanceVariables = joined(
+    std::array {
+        instanceVariable<PNOWindow>("_window", offsetof(Fields, _window)),
+        instanceVariable<UIView>("_rootView", offsetof(Fields, _rootView)),
+        instanceVariable<CGFloat>("_boundsWidth", offsetof(Fields, _boundsWidth)),
+        instanceVariable<CGFloat>("_boundsHeight", offsetof(Fields, _boundsHeight)),
+        instanceVariable<CGFloat>("_iphone4Width", offsetof(Fields, _iphone4Width)),
+        instanceVariable<CGFloat>("_iphone4Height", offsetof(Fields, _iphone4Height)),
+        instanceVariable<UIView>("_containerView", offsetof(Fields, _containerView)),
+        instanceVariable<UIBackdropView>("_rootBackdropView", offsetof(Fields, _rootBackdropView)),
+        instanceVariable<UIBackdropView>("_blurBackdropView", offsetof(Fields, _blurBackdropView)),
+    },
+    numberedInstanceVariables<UIView>(groupViewNames, offsetof(Fields, _groupView)),
+    numberedInstanceVariables<UILabel>(groupLabelNames, offsetof(Fields, _groupLabel)),
+    numberedInstanceVariables<PNOVolumeView>(volumeViewNames, offsetof(Fields, _volumeView)),
+    std::array {
+        instanceVariable<float>("_volume", offsetof(Fields, _volume)),
+    });
 
 } // namespace
 
@@ -134,7 +126,7 @@ UIView PNOController::rootView() const
 PNOVolumeView PNOController::volumeView(SlotNumber slot) const
 {
     Fields* const self = fields();
-    return self != nullptr && slot < volumeSlotCount ? self->volumeView(slot) : nullptr;
+    return self != nullptr && slot < volumeSlotCount ? self->_volumeView[slot] : nullptr;
 }
 
 // What the views ask of the controller.

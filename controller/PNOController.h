@@ -100,55 +100,12 @@ public:
         UIView _containerView; ///< fades in and out: its alpha is the mixer's visibility
         UIBackdropView _rootBackdropView;
         UIBackdropView _blurBackdropView; ///< outlives the tear-down
-        UIView _groupView0;
-        UIView _groupView1;
-        UIView _groupView2;
-        UILabel _groupLabel0;
-        UILabel _groupLabel1;
-        UILabel _groupLabel2;
-        PNOVolumeView _volumeView0;
-        PNOVolumeView _volumeView1;
-        PNOVolumeView _volumeView2;
-        PNOVolumeView _volumeView3;
-        PNOVolumeView _volumeView4;
-        PNOVolumeView _volumeView5;
-        PNOVolumeView _volumeView6;
-        PNOVolumeView _volumeView7;
-        PNOVolumeView _volumeView8;
-        PNOVolumeView _volumeView9;
-        PNOVolumeView _volumeView10;
-        PNOVolumeView _volumeView11;
+        // Read as `_groupView0`, `_groupView1` and so on.
+        std::array<UIView, groupCount> _groupView;
+        std::array<UILabel, groupCount> _groupLabel;
+        std::array<PNOVolumeView, volumeSlotCount> _volumeView;
         float _volume = 0; ///< what `getVolume` read last
 
-        // The numbered fields, reached by number.
-        static constexpr std::array<PNOVolumeView InstanceVariables::*, volumeSlotCount> volumeViews {
-            &InstanceVariables::_volumeView0,
-            &InstanceVariables::_volumeView1,
-            &InstanceVariables::_volumeView2,
-            &InstanceVariables::_volumeView3,
-            &InstanceVariables::_volumeView4,
-            &InstanceVariables::_volumeView5,
-            &InstanceVariables::_volumeView6,
-            &InstanceVariables::_volumeView7,
-            &InstanceVariables::_volumeView8,
-            &InstanceVariables::_volumeView9,
-            &InstanceVariables::_volumeView10,
-            &InstanceVariables::_volumeView11,
-        };
-        static constexpr std::array<UIView InstanceVariables::*, groupCount> groupViews {
-            &InstanceVariables::_groupView0,
-            &InstanceVariables::_groupView1,
-            &InstanceVariables::_groupView2,
-        };
-        static constexpr std::array<UILabel InstanceVariables::*, groupCount> groupLabels {
-            &InstanceVariables::_groupLabel0,
-            &InstanceVariables::_groupLabel1,
-            &InstanceVariables::_groupLabel2,
-        };
-
-        PNOVolumeView& volumeView(SlotNumber slot) { return this->*volumeViews[slot]; }
-        UIView& groupView(std::size_t group) { return this->*groupViews[group]; }
-        UILabel& groupLabel(std::size_t group) { return this->*groupLabels[group]; }
         CGSize referenceSize() const { return { _iphone4Width, _iphone4Height }; }
     };
 

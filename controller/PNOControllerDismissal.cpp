@@ -49,21 +49,21 @@ void PNOController::releaseObjects() const
 
     // Every view leaves its superview before the first is released. `_blurBackdropView` is left alone on purpose.
     for (std::size_t slot = volumeSlotCount; slot-- > 0;)
-        (self->*InstanceVariables::volumeViews[slot]).removeFromSuperview();
+        self->_volumeView[slot].removeFromSuperview();
     for (std::size_t group = groupCount; group-- > 0;)
-        self->groupLabel(group).removeFromSuperview();
+        self->_groupLabel[group].removeFromSuperview();
     for (std::size_t group = groupCount; group-- > 0;)
-        self->groupView(group).removeFromSuperview();
+        self->_groupView[group].removeFromSuperview();
     self->_rootBackdropView.removeFromSuperview();
     self->_containerView.removeFromSuperview();
     self->_rootView.removeFromSuperview();
 
     for (std::size_t slot = volumeSlotCount; slot-- > 0;)
-        self->*InstanceVariables::volumeViews[slot] = nullptr;
+        self->_volumeView[slot] = nullptr;
     for (std::size_t group = groupCount; group-- > 0;)
-        self->groupLabel(group) = nullptr;
+        self->_groupLabel[group] = nullptr;
     for (std::size_t group = groupCount; group-- > 0;)
-        self->groupView(group) = nullptr;
+        self->_groupView[group] = nullptr;
     self->_rootBackdropView = nullptr;
     self->_containerView = nullptr;
     self->_rootView = nullptr;

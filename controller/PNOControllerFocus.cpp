@@ -70,7 +70,7 @@ void PNOController::resetTransforms() const
     UIView::animateWithDuration(resetSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
         [self] {
             for (const VolumeSlot& slot : volumeSlots) // slot 11 first
-                self->volumeView(slot.number).setTransform(restingTransform);
+                self->_volumeView[slot.number].setTransform(restingTransform);
         },
         {});
 }

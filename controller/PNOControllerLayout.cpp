@@ -58,13 +58,13 @@ void PNOController::layOutPanel(Aspect aspect) const
         panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), aspect));
     const MixerLayout layout = panelLayout(self->_rootBackdropView.contentView().frame().size, aspect);
     for (std::size_t group = 0; group < groupCount; ++group)
-        self->groupView(group).setFrame(layout.groups[group]);
+        self->_groupView[group].setFrame(layout.groups[group]);
     for (const VolumeSlot& slot : volumeSlots) {
-        const PNOVolumeView& slider = self->volumeView(slot.number);
+        const PNOVolumeView& slider = self->_volumeView[slot.number];
         slider.setFrame(layout.cells[slot.cell], slider.volume());
     }
     for (std::size_t group = 0; group < groupCount; ++group)
-        self->groupLabel(group).setFrame(layout.title);
+        self->_groupLabel[group].setFrame(layout.title);
     self->_containerView.setTransform(CGAffineTransformMakeScale(processValues.scale, processValues.scale));
 }
 

@@ -15,7 +15,7 @@ void PNOController::mixerSkinOptions() const
     self->_containerView.layer().setBorderColor(makeColor(skin->border));
     applyMaterial(*skin, self->_rootBackdropView);
     for (std::size_t group = 0; group < groupCount; ++group)
-        self->groupLabel(group).setTextColor(makeColor(skin->text));
+        self->_groupLabel[group].setTextColor(makeColor(skin->text));
 }
 
 } // namespace panotra

@@ -72,12 +72,12 @@ void PNOController::saveVolumeLevelsToDisk() const
     if (self == nullptr)
         return;
     for (SlotNumber slot = firstGuardedSlot; slot <= lastGuardedSlot; ++slot) {
-        if (self->volumeView(slot).volume() == 0) // a missing slider answers zero too
+        if (self->_volumeView[slot].volume() == 0) // a missing slider answers zero too
             return;
     }
     const NSUserDefaults defaults = openDomain();
     for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot) {
-        const auto level = static_cast<float>(self->volumeView(slot).volume());
+        const auto level = static_cast<float>(self->_volumeView[slot].volume());
         defaults.setObject(
             NSNumber::numberWithFloat(level), NSString::stringWithUTF8String(volumeSlot(slot).preferenceKey));
     }
@@ -94,12 +94,12 @@ void PNOController::importVolumeLevelsToRam() const
         for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot) {
             const VolumeSlot& row = volumeSlot(slot);
             const NSObject stored = defaults.objectForKey(NSString::stringWithUTF8String(row.preferenceKey));
-            self->volumeView(slot).setVolume(stored ? stored.floatValue() : seeds.level(row.seedCategory));
+            self->_volumeView[slot].setVolume(stored ? stored.floatValue() : seeds.level(row.seedCategory));
         }
     }
     // Drawing a level also asks for a save, so the seeds are written back at once.
     for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot)
-        self->volumeView(slot).setVolumeLevel(self->volumeView(slot).volume());
+        self->_volumeView[slot].setVolumeLevel(self->_volumeView[slot].volume());
 }
 
 } // namespace panotra

@@ -160,15 +160,15 @@ void PNOController::buildGroups(MixerStyle style) const
 {
     InstanceVariables* const self = fields();
     for (std::size_t group = 0; group < groupCount; ++group) {
-        self->groupView(group) = UIView::init();
-        self->_rootBackdropView.contentView().addSubview(self->groupView(group));
+        self->_groupView[group] = UIView::init();
+        self->_rootBackdropView.contentView().addSubview(self->_groupView[group]);
     }
     for (std::size_t group = 0; group < groupCount; ++group) {
         const UILabel title = makeLabel(titleFontSize);
         title.setText(NSString::stringWithUTF8String(
             style == MixerStyle::Panel ? groupTitles[group].panel : groupTitles[group].banner));
-        self->groupView(group).addSubview(title);
-        self->groupLabel(group) = title;
+        self->_groupView[group].addSubview(title);
+        self->_groupLabel[group] = title;
     }
 }
 
@@ -181,8 +181,8 @@ void PNOController::buildSliders(MixerStyle style) const
             slider.initWithName(NSString::stringWithUTF8String(slot.name), slot.number, slot.canGoToZero);
         else
             slider.initWithImage(NSString::stringWithUTF8String(slot.image), slot.number, slot.canGoToZero);
-        self->volumeView(slot.number) = slider;
-        self->groupView(static_cast<std::size_t>(slot.group)).addSubview(slider);
+        self->_volumeView[slot.number] = slider;
+        self->_groupView[static_cast<std::size_t>(slot.group)].addSubview(slider);
     }
 }
 
@@ -191,12 +191,12 @@ void PNOController::layOutBanner() const
     InstanceVariables* const self = fields();
     const MixerLayout layout = bannerLayout(self->_containerView.frame().size);
     for (std::size_t group = 0; group < groupCount; ++group) {
-        self->groupView(group).setFrame(layout.groups[group]);
-        self->groupLabel(group).setFrame(layout.title);
+        self->_groupView[group].setFrame(layout.groups[group]);
+        self->_groupLabel[group].setFrame(layout.title);
     }
     for (const VolumeSlot& slot : volumeSlots) {
-        const CGFloat level = self->volumeView(slot.bannerLevelSlot).volume();
-        self->volumeView(slot.number).setFrame2(layout.cells[slot.cell], level);
+        const CGFloat level = self->_volumeView[slot.bannerLevelSlot].volume();
+        self->_volumeView[slot.number].setFrame2(layout.cells[slot.cell], level);
     }
 }
 

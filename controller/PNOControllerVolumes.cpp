@@ -16,7 +16,7 @@ void PNOController::setVolumeLevel(float level, const NSString& category, const 
     const SlotNumber slot = slotToWrite(category.view(), route.view());
     if (self == nullptr || slot == noSlot)
         return;
-    if (const PNOVolumeView slider = self->volumeView(slot))
+    if (const PNOVolumeView slider = self->_volumeView[slot])
         slider.setVolumeLevel(level);
     else
         saveVolume(level, NSString::stringWithUTF8String(volumeSlot(slot).preferenceKey));
@@ -30,7 +30,7 @@ float PNOController::getVolumeLevel(const NSString& category, const NSString& ro
     const SlotNumber slot = slotToRead(category.view(), route.view());
     if (slot == noSlot)
         return unknownPairLevel;
-    if (const PNOVolumeView slider = self->volumeView(slot))
+    if (const PNOVolumeView slider = self->_volumeView[slot])
         return static_cast<float>(slider.volume());
     return getVolume(NSString::stringWithUTF8String(volumeSlot(slot).preferenceKey));
 }

@@ -9,9 +9,11 @@
 #include "platform/CoreGraphics.h"
 #include "platform/NSObject.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <type_traits>
 
 namespace panotra {
@@ -99,6 +101,54 @@ template <typename T> struct TypeEncoding<T, std::enable_if_t<std::is_base_of_v<
 template <typename Member> constexpr InstanceVariable instanceVariable(const char* name, std::size_t offset)
 {
     return { name, TypeEncoding<Member>::value, offset, sizeof(Member), alignof(Member) };
+}
+
+/// The names of members that stand in an array: "_view0", "_view1" and so on. For static tables.
+template <std::size_t count> class NumberedNames {
+public:
+    consteval explicit NumberedNames(std::string_view stem)
+    {
+        for (std::size_t number = 0; number < count; ++number) {
+            std::array<char, longest + 1>& name = m_names[number];
+            std::size_t length = 0;
+            for (const char character : stem)
+                name[length++] = character;
+            if (number >= 10)
+                name[length++] = static_cast<char>('0' + number / 10);
+            name[length] = static_cast<char>('0' + number % 10);
+        }
+    }
+    constexpr const char* operator[](std::size_t number) const { return m_names[number].data(); }
+
+private:
+    static_assert(count <= 100, "two digits");
+    static constexpr std::size_t longest = 23;
+
+    std::array<std::array<char, longest + 1>, count> m_names {};
+};
+
+/// The rows of an array of members, `offset` being the place of the first.
+template <typename Member, std::size_t count>
+constexpr std::array<InstanceVariable, count> numberedInstanceVariables(
+    const NumberedNames<count>& names, std::size_t offset)
+{
+    std::array<InstanceVariable, count> rows {};
+    for (std::size_t number = 0; number < count; ++number)
+        rows[number] = instanceVariable<Member>(names[number], offset + number * sizeof(Member));
+    return rows;
+}
+
+/// One table of several.
+template <std::size_t... counts> constexpr auto joined(const std::array<InstanceVariable, counts>&... tables)
+{
+    std::array<InstanceVariable, (counts + ...)> rows {};
+    std::size_t next = 0;
+    const auto append = [&](const auto& table) {
+        for (const InstanceVariable& row : table)
+            rows[next++] = row;
+    };
+    (append(tables), ...);
+    return rows;
 }
 
 } // namespace panotra
