@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -76,6 +77,13 @@ std::string kindOf(const Json& event)
     return rawField(event, "event");
 }
 
+std::string timeOf(const Json& event)
+{
+    std::array<char, 64> text {};
+    std::snprintf(text.data(), text.size(), "%.3f", event.at("t").get<double>());
+    return text.data();
+}
+
 std::string describeOne(const Json& event)
 {
     const auto kind = kindOf(event);
@@ -87,23 +95,29 @@ std::string describeOne(const Json& event)
     return wording == wordings.end() ? allFields(event) : fillTemplate(wording->words, event);
 }
 
+/// What a line says behind the kind of its event.
+struct Words {
+    std::string text;
+    std::vector<std::string> items {};
+};
+
 /// "11 methods of SpringBoard, AVSystemController, …": each class once.
-std::string describeHooks(const std::vector<Json>& run)
+Words describeHooks(const std::vector<Json>& run)
 {
     std::vector<std::string> classes;
     for (const auto& event : run) {
         if (auto name = shortValue(event.at("class")); std::ranges::find(classes, name) == classes.end())
             classes.push_back(std::move(name));
     }
-    return wrapped(std::to_string(run.size()) + " methods of ", classes, textColumn);
+    return { std::to_string(run.size()) + " methods of ", std::move(classes) };
 }
 
-std::string describeNames(const std::vector<Json>& run)
+Words describeNames(const std::vector<Json>& run)
 {
     std::vector<std::string> names;
     for (const auto& event : run)
         names.push_back(shortValue(event.at("name")));
-    return wrapped("", names, textColumn);
+    return { "", std::move(names) };
 }
 
 /// Whether the keys are those of one row, "volume0", "volume1" and so on.
@@ -120,19 +134,19 @@ bool areNumberedInARow(std::span<const Json> writes)
 }
 
 /// "net.qorvath.panotra  volume0 to volume11: 50% 25% …", or each level with its key.
-std::string describeWrites(std::span<const Json> writes)
+Words describeWrites(std::span<const Json> writes)
 {
     const auto domain = shortValue(writes.front().at("domain")) + "  ";
     if (writes.size() == 1 || !areNumberedInARow(writes)) {
         std::vector<std::string> items;
         for (const auto& write : writes)
             items.push_back(fillTemplate("{key} {value%}", write));
-        return wrapped(domain, items, textColumn);
+        return { domain, std::move(items) };
     }
     auto text = domain + shortValue(writes.front().at("key")) + " to " + shortValue(writes.back().at("key")) + ':';
     for (const auto& write : writes)
         text += ' ' + percent(write.at("value"));
-    return text;
+    return { std::move(text) };
 }
 
 } // namespace
@@ -150,10 +164,10 @@ bool continuesRun(const std::vector<Json>& run, const Json& next)
     return kind == before && std::ranges::find(toldTogether, kind) != toldTogether.end();
 }
 
-std::string describeRun(const std::vector<Json>& run)
+TraceLine describeRun(const std::vector<Json>& run)
 {
-    const auto kind = kindOf(run.back());
-    std::string words;
+    auto kind = kindOf(run.back());
+    Words words;
     if (kind == "write" && run.size() > 1)
         words = describeWrites(std::span(run).subspan(kindOf(run.front()) == "synchronize" ? 1 : 0));
     else if (kind == "hook" && run.size() > 1)
@@ -161,13 +175,8 @@ std::string describeRun(const std::vector<Json>& run)
     else if (run.size() > 1)
         words = describeNames(run);
     else
-        words = describeOne(run.back());
-    // A block begins with a new line.
-    if (words.empty() || words.front() == '\n')
-        return kind + words;
-    auto line = kind;
-    line.resize(std::max(line.size(), whatColumnWidth), ' ');
-    return line + ' ' + words;
+        words.text = describeOne(run.back());
+    return { timeOf(run.front()), std::move(kind), std::move(words.text), std::move(words.items) };
 }
 
 } // namespace panotra::sim

@@ -1,9 +1,8 @@
 /// What events say to a person.
 #pragma once
 
-#include "simulator/device/Device.h"
+#include "simulator/scenario/TraceLines.h"
 
-#include <string>
 #include <vector>
 
 namespace panotra::sim {
@@ -12,8 +11,7 @@ namespace panotra::sim {
 /// each other and are of a kind that comes in rows.
 bool continuesRun(const std::vector<Json>& run, const Json& next);
 
-/// The events of a run on one line, its first word aside: what happened, in columns, then with what. `state` and
-/// `tree` go on in an indented block.
-std::string describeRun(const std::vector<Json>& run);
+/// The events of a run as one line.
+TraceLine describeRun(const std::vector<Json>& run);
 
 } // namespace panotra::sim

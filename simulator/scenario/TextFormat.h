@@ -19,9 +19,7 @@ std::string shortValue(const Json& value);
 /// later lines begin there.
 std::string wrapped(const std::string& start, const std::vector<std::string>& items, std::size_t indent);
 
-/// The columns of a line: time, what happened, and with what.
+/// The first column of a line, in which the time stands; two blanks follow.
 inline constexpr std::size_t timeColumnWidth = 10;
-inline constexpr std::size_t whatColumnWidth = 14;
-inline constexpr std::size_t textColumn = timeColumnWidth + 2 + whatColumnWidth + 1;
 
 } // namespace panotra::sim

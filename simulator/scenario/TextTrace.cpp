@@ -1,31 +1,44 @@
-/// Lines held back until it is known that they are complete.
+/// Lines laid out in columns.
 #include "simulator/scenario/TextTrace.h"
 
 #include "simulator/scenario/Text.h"
-#include "simulator/scenario/TextEvents.h"
 #include "simulator/scenario/TextFormat.h"
 
-#include <array>
-#include <cstdio>
+#include <algorithm>
+#include <string>
 #include <utility>
 
 namespace panotra::sim {
 
 namespace {
 
-/// "     0.500  ", the moment of an event.
-std::string timeColumn(const Json& event)
+// The columns of a line: time, what happened, and with what.
+constexpr std::size_t whatColumnWidth = 14;
+constexpr std::size_t textColumn = timeColumnWidth + 2 + whatColumnWidth + 1;
+
+/// "     0.500  setVolume      Ringtone 50%\n".
+std::string laidOut(const TraceLine& line)
 {
-    std::array<char, 64> column {};
-    constexpr auto width = static_cast<int>(timeColumnWidth);
-    std::snprintf(column.data(), column.size(), "%*.3f  ", width, event.at("t").get<double>());
-    return column.data();
+    std::string text(timeColumnWidth - std::min(timeColumnWidth, line.time.size()), ' ');
+    text += line.time + "  " + line.what;
+    const std::string words = wrapped(line.text, line.items, textColumn);
+    // A block begins with a new line.
+    if (!words.empty() && words.front() != '\n') {
+        text.resize(std::max(text.size(), textColumn - 1), ' ');
+        text += ' ';
+    }
+    text += words;
+    return text + (line.times > 1 ? "  (" + std::to_string(line.times) + " times)\n" : "\n");
 }
 
 } // namespace
 
 TextTrace::TextTrace(Sink sink)
     : m_sink(std::move(sink))
+    , m_lines([this](const TraceLine& line) {
+        m_sink(laidOut(line));
+        m_wroteEvents = true;
+    })
 {
 }
 
@@ -43,37 +56,12 @@ void TextTrace::command(const Command& command)
 
 void TextTrace::event(const Json& event)
 {
-    if (!m_run.empty() && !continuesRun(m_run, event))
-        endRun();
-    m_run.push_back(event);
+    m_lines.event(event);
 }
 
 void TextTrace::finish()
 {
-    endRun();
-    endRepeats();
-}
-
-void TextTrace::endRun()
-{
-    if (m_run.empty())
-        return;
-    auto line = timeColumn(m_run.front()) + describeRun(m_run);
-    m_run.clear();
-    if (line != m_line)
-        endRepeats();
-    m_line = std::move(line);
-    ++m_lineCount;
-}
-
-void TextTrace::endRepeats()
-{
-    if (m_lineCount == 0)
-        return;
-    m_sink(m_line + (m_lineCount > 1 ? "  (" + std::to_string(m_lineCount) + " times)\n" : "\n"));
-    m_lineCount = 0;
-    m_line.clear();
-    m_wroteEvents = true;
+    m_lines.finish();
 }
 
 } // namespace panotra::sim

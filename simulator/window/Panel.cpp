@@ -5,7 +5,6 @@
 #include "facts/VolumeSlots.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/Services.h"
-#include "simulator/scenario/TextFormat.h"
 #include "simulator/window/Board.h"
 #include "simulator/window/Palette.h"
 #include "simulator/window/SettingValues.h"
@@ -123,28 +122,30 @@ void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
     }
 }
 
+/// What a line says behind the kind of its event; as much of it is shown as there is room for.
+std::string wordsOf(const TraceLine& line)
+{
+    std::string words = line.text;
+    for (const std::string& item : line.items)
+        words += (&item == &line.items.front() ? "" : ", ") + item;
+    return line.times > 1 ? words + "  (" + std::to_string(line.times) + " times)" : words;
+}
+
 /// A line of the trace in its columns: when, what, with what. A command begins at the first.
-void addTraceLine(Sheet& sheet, Area row, const std::string& line)
+void addTraceLine(Sheet& sheet, Area row, const TraceLine& line)
 {
     constexpr double size = 11;
     constexpr double timeWidth = 44;
     constexpr double whatWidth = 92;
-    if (!line.starts_with(' ')) {
-        addText(sheet, row, line, palette::accent, size);
+    if (line.time.empty()) {
+        addText(sheet, row, line.what, palette::accent, size);
         return;
     }
-    const auto column = [&line](std::size_t begin, std::size_t length) {
-        std::string text = begin < line.size() ? line.substr(begin, length) : std::string();
-        text.erase(0, text.find_first_not_of(' '));
-        text.erase(text.find_last_not_of(' ') + 1);
-        return text;
-    };
-    constexpr std::size_t whatColumn = timeColumnWidth + 2;
     Area time = row.takeLeft(timeWidth);
     time.width -= 8;
-    addText(sheet, time, column(0, timeColumnWidth), palette::dim, size, TextAlignment::Right);
-    addText(sheet, row.takeLeft(whatWidth), column(whatColumn, whatColumnWidth), palette::text, size);
-    addText(sheet, row, column(textColumn, line.npos), palette::dim, size);
+    addText(sheet, time, line.time, palette::dim, size, TextAlignment::Right);
+    addText(sheet, row.takeLeft(whatWidth), line.what, palette::text, size);
+    addText(sheet, row, wordsOf(line), palette::dim, size);
 }
 
 void addTrace(Sheet& sheet, const Session& session, Area inside)

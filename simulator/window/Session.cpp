@@ -7,6 +7,7 @@
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
+#include "simulator/scenario/Text.h"
 #include "simulator/window/Numerals.h"
 #include "simulator/window/SettingLines.h"
 
@@ -43,16 +44,7 @@ struct Session::ParsedLine {
 Session::Session(SessionSetup setup, const Library& library)
     : m_setup(std::move(setup))
     , m_device(m_setup.preferencesFolder)
-    , m_text(makeTraceWriter(TraceFormat::Text,
-          [this](std::string_view text) {
-              for (std::size_t end; !text.empty(); text.remove_prefix(std::min(text.size(), end + 1))) {
-                  end = std::min(text.find('\n'), text.size());
-                  if (end > 0)
-                      m_traceLines.emplace_back(text.substr(0, end));
-              }
-              while (m_traceLines.size() > traceLinesKept)
-                  m_traceLines.pop_front();
-          }))
+    , m_lines([this](const TraceLine& line) { keep(line); })
     , m_player(m_device, library,
           Audience { .commandBegins = [this](const Command& command) { tell(command); },
               .expectationFailed = {},
@@ -193,22 +185,30 @@ void Session::record(const std::string& line)
 void Session::run(const std::string& line)
 {
     m_player.play(ParsedLine(line, m_isLoaded).scenario);
-    m_text->finish();
+    m_lines.finish();
     m_isLoaded = m_isLoaded || line == "load";
 }
 
 void Session::tell(const Command& command)
 {
+    m_lines.finish();
     // Time passes all the time.
     if (!command.source.starts_with("wait"))
-        m_text->command(command);
+        keep({ "", printable(command.source) });
+}
+
+void Session::keep(TraceLine line)
+{
+    m_traceLines.push_back(std::move(line));
+    while (m_traceLines.size() > traceLinesKept)
+        m_traceLines.pop_front();
 }
 
 void Session::observe(const Json& event)
 {
     if (m_json != nullptr)
         m_json->event(event);
-    m_text->event(event);
+    m_lines.event(event);
     if (event.at("event") == "write")
         m_settings[event.at("domain").get<std::string>()][event.at("key").get<std::string>()] = event.at("value");
 }

@@ -6,6 +6,7 @@
 
 #include "simulator/picture/ShownMixer.h"
 #include "simulator/scenario/Player.h"
+#include "simulator/scenario/TraceLines.h"
 #include "simulator/scenario/TraceWriter.h"
 
 #include <chrono>
@@ -56,8 +57,8 @@ public:
     /// Whether what the screen shows changes by itself.
     bool isMoving() const;
 
-    /// The last lines of the trace for people, the newest last.
-    const std::deque<std::string>& traceLines() const { return m_traceLines; }
+    /// The last lines of the trace for people, the newest last. A command, as it was played, has no time.
+    const std::deque<TraceLine>& traceLines() const { return m_traceLines; }
 
     /// Puts the time since the last line into the recording. To be called once, at the end.
     void finish();
@@ -71,19 +72,20 @@ private:
     void record(const std::string& line);
     void run(const std::string& line);
     void tell(const Command& command);
+    void keep(TraceLine line);
     void moveClockTo(double time);
     void observe(const Json& event);
 
     SessionSetup m_setup;
     Device m_device;
     std::unique_ptr<TraceWriter> m_json;
-    std::unique_ptr<TraceWriter> m_text;
+    TraceLines m_lines;
     Player m_player;
     bool m_isLoaded = false;
     double m_lineTime = 0; ///< on the phone's clock, when the last line was played
     std::chrono::microseconds m_sinceLine { 0 };
     Json m_settings = Json::object(); ///< by domain and key, as this process knows them
-    std::deque<std::string> m_traceLines;
+    std::deque<TraceLine> m_traceLines;
 };
 
 } // namespace panotra::sim
