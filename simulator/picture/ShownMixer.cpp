@@ -17,9 +17,6 @@ namespace panotra::sim {
 
 namespace {
 
-constexpr double fadeInSeconds = 0.3;
-constexpr double focusSeconds = 0.25; ///< before it grows and while it does
-
 /// One a slot; a slot beyond them stands in the middle.
 constexpr std::array pleasantLevels { 0.8125, 0.5, 0.6875, 0.625, 0.75, 0.4375, 0.5625, 0.875, 0.6875, 0.375, 0.5,
     0.3125 };
@@ -41,6 +38,13 @@ void storeSettings(Device& device, const MixerShowing& showing)
         set(volumeSlot(each.slot).preferenceKey, each.level);
 }
 
+/// Lets what moves come to rest, and what follows on from it.
+void settle(Device& device)
+{
+    while (device.runLoop->runningAnimations() > 0)
+        device.runLoop->wait(device.runLoop->nextDue().value() - device.runLoop->now()); // the end of one of them
+}
+
 } // namespace
 
 void beginToShow(Device& device, const Library& library, const MixerShowing& showing)
@@ -58,11 +62,11 @@ void beginToShow(Device& device, const Library& library, const MixerShowing& sho
 
 void finishShowing(Device& device, const MixerShowing& showing)
 {
-    device.runLoop->wait(fadeInSeconds);
+    settle(device);
     if (!showing.focusedSlot)
         return;
     holdSlider(device, *showing.focusedSlot);
-    device.runLoop->wait(focusSeconds);
+    settle(device);
 }
 
 void holdSlider(Device& device, int slot)
