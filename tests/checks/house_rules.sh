@@ -6,6 +6,8 @@
 # - A source begins by saying what it is for, in lines of `///`.
 # - A header is guarded by `#pragma once`.
 # - A source is at most 400 lines long; the file long_files.txt beside this one names the exceptions and why.
+# - No two headers of the logic and of the simulator have one name, and no two of their classes in one namespace: a
+#   program that linked both classes would be undefined, and no linker says so.
 # - No note of work left undone, and no test that is switched off.
 source "$(dirname "${BASH_SOURCE[0]}")/rooms.sh"
 root=$1
@@ -35,6 +37,28 @@ while read -r file; do
         complain "$file" "needs no place in long_files.txt"
     fi
 done < <(allowed_long)
+
+headers() {
+    # shellcheck disable=SC2046 # the names of rooms hold no blanks
+    find $(existing_rooms . "${logic_rooms[@]}" simulator) -name '*.h' | sort
+}
+
+# FILE NAME of each header, and FILE NAMESPACE::CLASS of each class that a header defines at its left margin.
+names_of_headers() {
+    headers | awk -F/ '{ print $0, $NF }'
+    headers | xargs awk '
+        FNR == 1 { space = "" }
+        /^namespace [a-z:]+ \{/ && space == "" { space = $2 }
+        /^(struct|class|enum class|union) [A-Za-z]/ && !/;$/ {
+            name = $1 == "enum" ? $3 : $2
+            sub(/:$/, "", name)
+            print FILENAME, space "::" name
+        }'
+}
+
+while read -r file name; do
+    complain "$file" "another header has a $name too"
+done < <(names_of_headers | awk '$2 in first { print; next } { first[$2] = $1 }')
 
 # Written so that this file does not hold the words itself.
 left_undone='\b(TO''DO|FIX''ME|XX''X|HA''CK)\b'

@@ -14,9 +14,11 @@ failures=0
 # A small tree in order: one header with one source, which includes another header first.
 fresh_tree() {
     rm -rf "$tree"
-    mkdir -p "$tree"/{model,cmake,scripts,resources}
+    mkdir -p "$tree"/{model,simulator,cmake,scripts,resources}
     cp "$root/.clang-format" "$tree"
     printf '/// A number.\n#pragma once\n\ninline constexpr int number = 1;\n' >"$tree/model/Number.h"
+    printf '/// A shape.\n#pragma once\n\nnamespace panotra {\n\nstruct Shape {\n    int corners;\n};\n\n} // namespace panotra\n' \
+        >"$tree/model/Shape.h"
     printf '/// Its name.\n#pragma once\n\nextern const char* const name;\n' >"$tree/model/Name.h"
     printf '/// Its name.\n#include "model/Name.h"\n\nconst char* const name = "one";\n' >"$tree/model/Name.cpp"
 }
@@ -46,6 +48,9 @@ house_rules=("$here/house_rules.sh" "$tree")
 expect_found model/Planted.cpp '#include "model/Name.h"\n' 'what it is for' "${house_rules[@]}"
 expect_found model/Planted.h '/// Nothing.\nint number();\n' 'no #pragma once' "${house_rules[@]}"
 expect_found model/Planted.cpp "/// Long.\n$(printf '\\n%.0s' {1..400})" '401 lines' "${house_rules[@]}"
+expect_found simulator/Number.h '/// One more number.\n#pragma once\n' 'another header has a Number.h too' "${house_rules[@]}"
+planted_class='/// A class.\n#pragma once\n\nnamespace panotra {\n\nstruct Shape : Number {\n    int sides;\n};\n\n} // namespace panotra\n'
+expect_found simulator/Planted.h "$planted_class" 'another header has a panotra::Shape too' "${house_rules[@]}"
 expect_found model/Planted.cpp '/// Later.\n// TO''DO: all of it\n' 'all of it' "${house_rules[@]}"
 expect_found cmake/Planted.cmake '# FIX''ME\n' 'FIX''ME' "${house_rules[@]}"
 expect_found model/Planted.cpp '/// Off.\nTEST(Planted, DISABLED''_Test) { }\n' 'DISABLED''_Test' "${house_rules[@]}"
