@@ -190,8 +190,8 @@ TEST_F(ObjectsTest, APerformGoesThroughTheMethodTableAndKeepsItsTargetAlive)
     static int count = 0;
     count = 0;
     HostClass& isa = device.classes->add("Told", "NSObject");
-    isa.methods[sim::selector("tell:")]
-        = sim::implementation(+[](HostObject*, const HostSelector*, HostObject* object) { count += object != nullptr; });
+    isa.methods[sim::selector("tell:")] = sim::implementation(
+        +[](HostObject*, const HostSelector*, HostObject* object) { count += object != nullptr; });
     {
         const auto target = adopt<NSObject>(device.classes->instantiate(isa));
         target.performSelector("tell:", UIView::init(), 1);
