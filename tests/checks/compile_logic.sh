@@ -3,17 +3,25 @@
 #
 #   compile_logic.sh ROOT COMPILER LEVEL OBJECTS
 #
-# Leaves ROOM/NAME.o in the folder OBJECTS, for the checks of what the compiler made of it.
+# Leaves ROOM.o in the folder OBJECTS, the sources of a room compiled together, and hooks/Constructor.cpp by itself as
+# Constructor.o, for the checks of what the compiler made of it. That each source compiles by itself is proved by the
+# device's build.
 source "$(dirname "${BASH_SOURCE[0]}")/rooms.sh"
 root=$1 compiler=$2 level=$3 objects=$4
 
 flags=(-std=c++20 "$level" -fPIC -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fno-exceptions -fno-rtti -I "$root")
-
-# Somebody who tests often has the cache; nobody needs it.
-command=("$compiler")
-[[ -z $(type -P ccache) ]] || command=(ccache "$compiler")
+# gcc takes sources that are compiled together for headers.
+[[ $compiler != g++* ]] || flags+=(-Wno-subobject-linkage)
 
 rm -rf "$objects"
-mkdir -p "${logic_rooms[@]/#/$objects/}"
-logic_sources "$root" | xargs -P "$(nproc)" -I{} "${command[@]}" "${flags[@]}" -c "$root/{}" -o "$objects/{}.o"
+mkdir -p "$objects"
+constructor=hooks/Constructor.cpp
+compile() { "$compiler" "${flags[@]}" -x c++ -c - -o "$objects/$1.o"; }
+include_all() { sed 's/.*/#include "&"/'; }
+
+echo "$constructor" | include_all | compile Constructor
+others() { logic_sources "$root" | grep -vx "$constructor"; }
+for room in $(others | cut -d/ -f1 | sort -u); do
+    others | grep "^$room/" | include_all | compile "$room"
+done
 echo "$(logic_sources "$root" | wc -l) files compiled"

@@ -17,9 +17,9 @@ expect_found() {
     rm -rf "$scratch/objects"
     cp -r "$objects" "$scratch/objects"
     if [[ -n $plant ]]; then
-        "$compiler" -std=c++20 -O0 -fPIC -x c++ -c - -o "$scratch/objects/model/Planted.cpp.o" <<<"$plant"
+        "$compiler" -std=c++20 -O0 -fPIC -x c++ -c - -o "$scratch/objects/Planted.o" <<<"$plant"
     else
-        rm "$scratch/objects/hooks/Constructor.cpp.o"
+        rm "$scratch/objects/Constructor.o"
     fi
     if "$@" >"$scratch/said" 2>&1 || ! grep -qF "$expected" "$scratch/said"; then
         echo "not found: ${plant:-the constructor is missing}" >&2
@@ -30,12 +30,12 @@ expect_found() {
 
 initialisers=("$here/static_initialisers.sh" "$scratch/objects")
 expect_found '#include <cstdlib>
-              int value = std::atoi("1");' 'model/Planted.cpp.o: initialises a variable' "${initialisers[@]}"
-expect_found 'struct Owner { ~Owner(); }; Owner owner;' 'model/Planted.cpp.o: registers a destructor' "${initialisers[@]}"
+              int value = std::atoi("1");' 'Planted.o: initialises a variable' "${initialisers[@]}"
+expect_found 'struct Owner { ~Owner(); }; Owner owner;' 'Planted.o: registers a destructor' "${initialisers[@]}"
 expect_found 'struct Owner { ~Owner(); }; void use() { static Owner owner; }' 'registers a destructor' "${initialisers[@]}"
-expect_found '[[gnu::constructor]] void start() { }' 'model/Planted.cpp.o: runs code when' "${initialisers[@]}"
-expect_found '[[gnu::destructor]] void stop() { }' 'model/Planted.cpp.o: runs code when' "${initialisers[@]}"
-expect_found '' 'hooks/Constructor.cpp.o: missing' "${initialisers[@]}"
+expect_found '[[gnu::constructor]] void start() { }' 'Planted.o: runs code when' "${initialisers[@]}"
+expect_found '[[gnu::destructor]] void stop() { }' 'Planted.o: runs code when' "${initialisers[@]}"
+expect_found '' 'Constructor.o: missing' "${initialisers[@]}"
 
 symbols=("$here/logic_symbols.sh" "$scratch/objects" "$compiler" "$seam")
 expect_found 'namespace panotra::sim { void wind(); }

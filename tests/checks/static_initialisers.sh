@@ -5,7 +5,7 @@
 #   static_initialisers.sh OBJECTS
 source "$(dirname "${BASH_SOURCE[0]}")/rooms.sh"
 objects=$1
-constructor=hooks/Constructor.cpp.o
+constructor=Constructor.o
 pointer_bytes=8
 
 # The sizes in bytes of the tables of initialisers and finalisers in an object, one a line.
