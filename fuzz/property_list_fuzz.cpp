@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Settings settings = parsed.tree->settings();
     parsed.tree->apply(change);
     require(!parsed.tree->apply(change));
-    const auto written = parsed.tree->serialize();
+    const auto written = parsed.tree->serialize().bytes;
     if (!written)
         return 0;
     const PropertyListTree::Parsed back = PropertyListTree::parse(*written);

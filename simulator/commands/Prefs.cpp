@@ -3,6 +3,7 @@
 
 #include "simulator/preferences/DefaultFolder.h"
 #include "simulator/preferences/DomainNames.h"
+#include "simulator/preferences/Printable.h"
 #include "simulator/preferences/PropertyListFile.h"
 #include "simulator/preferences/SettingText.h"
 #include "simulator/preferences/Utf8.h"

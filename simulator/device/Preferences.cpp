@@ -2,6 +2,7 @@
 #include "simulator/device/Preferences.h"
 
 #include "simulator/preferences/DomainNames.h"
+#include "simulator/preferences/Printable.h"
 #include "simulator/preferences/PropertyListFile.h"
 
 #include <filesystem>
@@ -185,10 +186,15 @@ Json PreferenceDomains::all() const
         Domain& domain = m_implementation->domain(name);
         // Looking at the domains is no reason to rename the files of domains that nobody asked for.
         domain.read(Damaged::Leave);
+        // No key stands twice; looking for each among those before it would take its time.
+        Json values = Json::object();
+        auto& members = values.get_ref<Json::object_t&>();
         for (const auto& [key, value] : domain.settings()) {
             if (!value.is_null())
-                all[name][key] = value;
+                members.emplace_back(key, value);
         }
+        if (!values.empty())
+            all[name] = std::move(values);
     }
     return all;
 }

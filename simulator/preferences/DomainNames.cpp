@@ -2,7 +2,6 @@
 #include "simulator/preferences/DomainNames.h"
 
 #include "simulator/preferences/FileReplacement.h"
-#include "simulator/preferences/Settings.h"
 #include "simulator/preferences/Utf8.h"
 
 #include <algorithm>
@@ -59,12 +58,6 @@ std::filesystem::path lockOfFile(const std::filesystem::path& file)
     if (name.ends_with(extension))
         name.resize(name.size() - extension.size());
     return file.parent_path() / ("." + name + ".lock");
-}
-
-std::string inQuotes(std::string_view text)
-{
-    constexpr int onOneLine = -1;
-    return Json(text).dump(onOneLine, ' ', false, Json::error_handler_t::replace);
 }
 
 } // namespace panotra::preferences

@@ -21,7 +21,4 @@ std::optional<std::string> domainOfFile(const std::filesystem::path& file);
 /// The lock that guards a property list: `.DOMAIN.lock` in the same folder.
 std::filesystem::path lockOfFile(const std::filesystem::path& file);
 
-/// In double quotes, with what cannot be printed on one line escaped.
-std::string inQuotes(std::string_view text);
-
 } // namespace panotra::preferences

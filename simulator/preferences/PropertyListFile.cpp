@@ -2,7 +2,7 @@
 #include "simulator/preferences/PropertyListFile.h"
 
 #include "simulator/preferences/DomainNames.h"
-#include "simulator/preferences/PropertyListGuard.h"
+#include "simulator/preferences/Printable.h"
 
 #include <algorithm>
 #include <cassert>
@@ -11,20 +11,16 @@ namespace panotra::preferences {
 
 namespace {
 
-/// Answers whether anything is different now.
-bool applyAll(PropertyListTree& tree, const std::vector<Change>& changes)
+bool changesAnything(const PropertyListTree& tree, const std::vector<Change>& changes)
 {
-    bool isDifferent = false;
-    for (const Change& change : changes)
-        isDifferent |= tree.apply(change);
-    return isDifferent;
+    return std::ranges::any_of(changes, [&](const Change& change) { return tree.isChangedBy(change); });
 }
 
 } // namespace
 
 struct PropertyListFile::Loaded {
-    std::optional<PropertyListTree> tree;
-    /// Without a tree, why: the end of a sentence that begins with the file's name.
+    /// Null: there is none, for this reason, the end of a sentence that begins with the file's name.
+    Tree tree;
     std::string trouble {};
     /// There are bytes, but no property list that we could take in.
     bool isDamaged = false;
@@ -47,10 +43,10 @@ bool PropertyListFile::read(Damaged damaged)
         loaded.trouble = objection + " and " + loaded.trouble;
     }
     if (loaded.tree)
-        accept(*loaded.tree);
+        accept(loaded.tree);
     else
         report(m_isReadingTroubled, loaded.trouble);
-    return loaded.tree.has_value();
+    return loaded.tree != nullptr;
 }
 
 Saved PropertyListFile::save()
@@ -60,39 +56,45 @@ Saved PropertyListFile::save()
 
     // Most saves bring nothing new. They need neither the lock nor a folder that can be written.
     Loaded loaded = load();
-    if (loaded.tree && !applyAll(*loaded.tree, m_changes))
-        return finish(*loaded.tree, Saved::Nothing);
+    if (loaded.tree && !changesAnything(*loaded.tree, m_changes))
+        return finish(loaded.tree, Saved::Nothing);
 
     FileLock lock;
     loaded = loadLocked(lock);
     if (loaded.tree) {
-        if (!applyAll(*loaded.tree, m_changes))
-            return finish(*loaded.tree, Saved::Nothing);
-        const Failure failure = replaceWith(*loaded.tree);
+        if (!changesAnything(*loaded.tree, m_changes))
+            return finish(loaded.tree, Saved::Nothing);
+        const auto changed = std::make_shared<PropertyListTree>(*loaded.tree);
+        for (const Change& change : m_changes)
+            changed->apply(change);
+        const Failure failure = replaceWith(changed);
         if (!failure)
-            return finish(*loaded.tree, Saved::Replaced);
+            return finish(changed, Saved::Replaced);
         loaded.trouble = "cannot be changed: " + *failure;
     }
     report(m_isSavingTroubled, loaded.trouble + "; nothing is saved");
     return Saved::Failed;
 }
 
-Failure PropertyListFile::replaceWith(const PropertyListTree& tree) const
+Failure PropertyListFile::replaceWith(const Tree& tree)
 {
-    const auto bytes = tree.serialize();
-    if (!bytes)
-        return "no property list can hold its values";
+    PropertyListTree::Serialized serialized = tree->serialize();
+    if (!serialized.bytes)
+        return "with the change it " + serialized.objection;
     std::filesystem::path target = m_file;
     if (auto failure = followLinks(target))
         return failure;
-    return replaceFile(target, *bytes);
+    if (auto failure = replaceFile(target, *serialized.bytes))
+        return failure;
+    m_known = { std::move(*serialized.bytes), tree };
+    return std::nullopt;
 }
 
 void PropertyListFile::change(Change change)
 {
     assert(!change.value || isStorable(*change.value));
-    assert(change.key.find('\0') == std::string::npos);
     m_settings.apply(change);
+    m_settingsOf = nullptr;
     const auto earlier = std::ranges::find(m_changes, change.key, &Change::key);
     if (earlier == m_changes.end())
         m_changes.push_back(std::move(change));
@@ -100,16 +102,21 @@ void PropertyListFile::change(Change change)
         *earlier = std::move(change);
 }
 
-PropertyListFile::Loaded PropertyListFile::load() const
+PropertyListFile::Loaded PropertyListFile::load()
 {
     FileContents contents = readFile(m_file, largestFileBytes);
     if (contents.failure)
-        return { std::nullopt, "cannot be read: " + *contents.failure };
+        return { nullptr, "cannot be read: " + *contents.failure };
     if (!contents.bytes)
-        return { PropertyListTree() };
+        return { std::make_shared<PropertyListTree>() };
+    // Whoever reads again and again finds the same bytes most of the time.
+    if (m_known.tree != nullptr && *contents.bytes == m_known.bytes)
+        return { m_known.tree };
     PropertyListTree::Parsed parsed = PropertyListTree::parse(*contents.bytes);
-    const bool isDamaged = !parsed.tree;
-    return { std::move(parsed.tree), std::move(parsed.objection), isDamaged };
+    if (!parsed.tree)
+        return { nullptr, std::move(parsed.objection), true };
+    m_known = { std::move(*contents.bytes), std::make_shared<PropertyListTree>(std::move(*parsed.tree)) };
+    return { m_known.tree };
 }
 
 /// Reads the file under its lock, so that nobody changes it until the lock goes, and sets a damaged one aside.
@@ -124,39 +131,49 @@ PropertyListFile::Loaded PropertyListFile::loadLocked(FileLock& lock)
     if (!failure)
         failure = lock.acquire(lockOfFile(target), patience);
     if (failure)
-        return { std::nullopt, "cannot be changed: " + *failure };
+        return { nullptr, "cannot be changed: " + *failure };
 
     Loaded loaded = load();
     if (!loaded.isDamaged)
         return loaded;
     std::filesystem::path newName;
     if (const Failure reason = setAside(target, newName))
-        return { std::nullopt, "cannot be changed: " + *reason };
-    m_warn(m_file.string() + ": " + loaded.trouble + "; set aside as " + newName.string());
-    return { PropertyListTree() };
+        return { nullptr, "cannot be changed: " + *reason };
+    tell(loaded.trouble + "; set aside as " + newName.string());
+    return { std::make_shared<PropertyListTree>() };
 }
 
-Saved PropertyListFile::finish(const PropertyListTree& tree, Saved saved)
+Saved PropertyListFile::finish(const Tree& tree, Saved saved)
 {
     m_changes.clear();
+    m_settingsOf = nullptr;
     m_isSavingTroubled = false;
     accept(tree);
     return saved;
 }
 
-void PropertyListFile::accept(const PropertyListTree& tree)
+void PropertyListFile::accept(const Tree& tree)
 {
     m_isReadingTroubled = false;
-    m_settings = tree.settings();
+    if (m_settingsOf == tree)
+        return;
+    m_settings = tree->settings();
     for (const Change& change : m_changes)
         m_settings.apply(change);
+    m_settingsOf = tree;
 }
 
 void PropertyListFile::report(bool& isTroubled, const std::string& trouble)
 {
     if (!m_isReadingTroubled && !m_isSavingTroubled)
-        m_warn(m_file.string() + ": " + trouble);
+        tell(trouble);
     isTroubled = true;
+}
+
+/// Names of files, and what stands in them, may hold anything; a line that a person reads may not.
+void PropertyListFile::tell(const std::string& what) const
+{
+    m_warn(printable(m_file.string() + ": " + what));
 }
 
 } // namespace panotra::preferences

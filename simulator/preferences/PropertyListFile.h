@@ -12,6 +12,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,8 @@ enum class Saved {
 
 class PropertyListFile {
 public:
-    /// Gets one line, without line end, for what a person should know. Trouble with a file is told once, and again
+    /// Gets one line, without line end or control characters, for what a person should know. Trouble with a file is
+    /// told once, and again
     /// only after it was over in between.
     using Warn = std::function<void(const std::string& line)>;
 
@@ -44,7 +46,7 @@ public:
     /// What was last read, with the changes that are not saved yet.
     const Settings& settings() const { return m_settings; }
 
-    /// Neither reaches the file before `save`. Values must be storable; keys and strings hold no NUL.
+    /// Neither reaches the file before `save`. Values must be storable, keys and strings UTF-8.
     void set(const std::string& key, Json value) { change({ key, std::move(value) }); }
     void unset(const std::string& key) { change({ key, std::nullopt }); }
 
@@ -52,20 +54,29 @@ public:
     Saved save();
 
 private:
+    using Tree = std::shared_ptr<const PropertyListTree>;
     struct Loaded;
+    /// The bytes of a file, and what is in it.
+    struct Known {
+        std::string bytes;
+        Tree tree;
+    };
 
     void change(Change);
-    Loaded load() const;
+    Loaded load();
     Loaded loadLocked(FileLock& lock);
-    Failure replaceWith(const PropertyListTree& tree) const;
-    Saved finish(const PropertyListTree& tree, Saved);
-    void accept(const PropertyListTree& tree);
+    Failure replaceWith(const Tree& tree);
+    Saved finish(const Tree& tree, Saved);
+    void accept(const Tree& tree);
     void report(bool& isTroubled, const std::string& trouble);
+    void tell(const std::string& what) const;
 
     std::filesystem::path m_file;
     Warn m_warn;
     std::chrono::milliseconds m_patience;
+    Known m_known; ///< as last read or written
     Settings m_settings;
+    Tree m_settingsOf; ///< what m_settings are of, with the changes; null: they must be worked out anew
     std::vector<Change> m_changes;
     bool m_isReadingTroubled = false;
     bool m_isSavingTroubled = false;

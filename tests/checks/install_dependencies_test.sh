@@ -56,8 +56,8 @@ expect_none calls
 what="something is missing"
 machine
 run 0 build
-expect output '^  libplist-dev +reads and writes property lists$'
-expect calls '^apt-get .*install --yes --no-install-recommends .*libplist-dev'
+expect output '^  libexpat1-dev +Expat, reads property lists$'
+expect calls '^apt-get .*install --yes --no-install-recommends .*libexpat1-dev'
 grep -q 'g++' "$scratch/calls" && fail "g++ is there already"
 grep -q update "$scratch/calls" && fail "the lists at hand would have done"
 
@@ -71,7 +71,7 @@ what="apt-get fails"
 machine
 pretend apt-get 'exit 100'
 run 1 build
-expect errors 'could not install: .*libplist-dev'
+expect errors 'could not install: .*libexpat1-dev'
 
 what="an ordinary user with sudo"
 machine
@@ -91,7 +91,7 @@ what="no Debian"
 machine
 rm "$scratch/bin/apt-get" "$scratch/bin/dpkg-query"
 run 1 build
-expect errors 'no Debian: install the like of .*libplist-dev'
+expect errors 'no Debian: install the like of .*libexpat1-dev'
 
 what="an unknown group"
 machine
@@ -102,7 +102,7 @@ expect_none calls
 what="a list"
 machine
 run 0 --list fetched-arm64 build
-expect output '^libplist3$'
+expect output '^libexpat1$'
 expect output '^g\+\+$'
 expect_none errors
 expect_none calls

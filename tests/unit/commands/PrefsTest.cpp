@@ -129,7 +129,7 @@ TEST_F(PrefsCommandTest, ReportsAFileThatCannotBeReadAndLeavesIt)
     for (const PrefsAction action : { PrefsAction::List, PrefsAction::Get, PrefsAction::Unset }) {
         const std::vector<std::string> words(action == PrefsAction::List ? 0 : 1, "key");
         EXPECT_EQ(run(action, words), PrefsStatus::FileTrouble);
-        EXPECT_EQ(errors, "panotra: " + path.string() + ": is no property list\n");
+        EXPECT_EQ(errors, "panotra: " + path.string() + ": is no property list (line 1: syntax error)\n");
     }
     EXPECT_EQ(testing::readBytes(path), "garbage");
 }

@@ -43,12 +43,6 @@ TEST(DomainNames, OtherFilesOfTheFolderAreNoDomains)
         EXPECT_FALSE(domainOfFile(name)) << name;
 }
 
-TEST(DomainNames, QuotesPutEveryNameOnOneLine)
-{
-    EXPECT_EQ(inQuotes("a\"b\n"), R"("a\"b\n")");
-    EXPECT_EQ(inQuotes("\xFF"), "\"\xEF\xBF\xBD\"");
-}
-
 class DefaultFolder : public ::testing::Test {
 protected:
     DefaultFolder() { ::setenv("HOME", "/home/someone", 1); }

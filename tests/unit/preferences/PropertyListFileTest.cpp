@@ -262,6 +262,31 @@ TEST_F(PropertyListFileTest, NothingButTheFileAndItsLockIsLeftInTheFolder)
     EXPECT_EQ(folder.names(), expected);
 }
 
+TEST_F(PropertyListFileTest, ANulInATextDoesNotKeepItsFileFromBeingSaved)
+{
+    using namespace std::string_literals;
+    writeBytes(path, binaryFileWith("\x53"s + "a\0b"s));
+    EXPECT_EQ(save("volume0", 0.5), Saved::Replaced);
+    EXPECT_EQ(read("k"), "a\0b"s);
+    EXPECT_EQ(read("volume0"), 0.5);
+    EXPECT_TRUE(warnings.empty());
+}
+
+TEST_F(PropertyListFileTest, AnotherFileOfTheSameSizeIsSeen)
+{
+    save("volume0", 0.5);
+    PropertyListFile file = open();
+    EXPECT_TRUE(file.read(Damaged::Leave));
+    std::string bytes = readBytes(path);
+    bytes.replace(bytes.find("0.5"), 3, "0.7");
+    writeBytes(path, bytes);
+    EXPECT_TRUE(file.read(Damaged::Leave));
+    EXPECT_EQ(*file.settings().find("volume0"), 0.7);
+    file.set("volume0", 0.5);
+    EXPECT_EQ(file.save(), Saved::Replaced);
+    EXPECT_EQ(read("volume0"), 0.5);
+}
+
 TEST_F(PropertyListFileTest, TheToolsOfThePlatformReadWhatWasWritten)
 {
     save("volume0", double { 0.3f });

@@ -4,8 +4,6 @@
 #include "tests/unit/preferences/BinaryFile.h"
 #include "tests/unit/preferences/TemporaryFolder.h"
 
-#include <plist/plist.h>
-
 #include <limits>
 
 namespace panotra::preferences {
@@ -41,7 +39,7 @@ std::string rewritten(const std::string& bytes)
 {
     PropertyListTree tree = parsed(bytes);
     EXPECT_TRUE(tree.apply({ "another", 0.5 }));
-    return tree.serialize().value_or("");
+    return tree.serialize().bytes.value_or("");
 }
 
 TEST(PropertyListTree, ReadsNumbersBooleansAndStrings)
@@ -65,7 +63,6 @@ TEST(PropertyListTree, ShowsAValueOfAnyOtherKindAsNull)
     for (const char* element :
         { "<date>2020-01-02T03:04:05Z</date>", "<data>AAEC</data>", "<array><true/></array>", "<dict/>" })
         EXPECT_EQ(valueIn(element), nullptr) << element;
-    EXPECT_EQ(valueIn("<string>&#xD800;</string>"), nullptr);
 }
 
 TEST(PropertyListTree, ReadsAnXmlFileThatBeginsWithAByteOrderMark)
@@ -78,20 +75,23 @@ TEST(PropertyListTree, RefusesWhatIsNoDictionary)
 {
     EXPECT_EQ(objectionTo("<plist version=\"1.0\"><array/></plist>"), "is a property list but no dictionary");
     EXPECT_EQ(objectionTo("<plist version=\"1.0\"><string>x</string></plist>"), "is a property list but no dictionary");
-    EXPECT_EQ(objectionTo("volume0 = 0.5\n"), "is no property list");
-    EXPECT_EQ(objectionTo("<plist version=\"1.0\"><dict><key>k</key><true/>"), "is no property list");
+    EXPECT_EQ(objectionTo("volume0 = 0.5\n"), "is no property list (line 1: syntax error)");
+    EXPECT_EQ(objectionTo("<plist version=\"1.0\"><dict><key>k</key><true/>"),
+        "is no property list (line 1: no element found)");
     EXPECT_EQ(objectionTo(""), "is empty");
+    EXPECT_EQ(objectionTo(std::string(largestFileBytes + 1, ' ')), "is larger than 4 MiB");
 }
 
 TEST(PropertyListTree, WritesXmlAndReadsItBackExactly)
 {
-    const Json values[] = { 0.1, 1.0, 1e300, 4.9406564584124654e-324, double { 0.3f }, 5, -5,
-        std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max(),
-        std::numeric_limits<std::uint64_t>::max(), true, false, "", " <a & b> ", "caf\xC3\xA9 \xF0\x9F\x98\x80" };
+    const Json values[]
+        = { 0.1, 1.0, 1e300, 4.9406564584124654e-324, double { 0.3f }, 5, -5, std::numeric_limits<std::int64_t>::min(),
+              std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::uint64_t>::max(), true, false, -0.0,
+              "carriage\rreturn", "", " <a & b> ", "caf\xC3\xA9 \xF0\x9F\x98\x80" };
     for (const Json& value : values) {
         PropertyListTree tree;
         EXPECT_TRUE(tree.apply({ "k", value }));
-        const auto bytes = tree.serialize();
+        const auto bytes = tree.serialize().bytes;
         ASSERT_TRUE(bytes) << value;
         EXPECT_TRUE(bytes->starts_with("<?xml")) << value;
         EXPECT_TRUE(isIdentical(*parsed(*bytes).settings().find("k"), value)) << value;
@@ -100,10 +100,10 @@ TEST(PropertyListTree, WritesXmlAndReadsItBackExactly)
 
 TEST(PropertyListTree, WritesABinaryFileWhereXmlWouldNotGiveTheSameBack)
 {
-    for (const Json& value : { Json(-0.0), Json("carriage\rreturn"), Json("bell\a") }) {
+    for (const Json& value : { Json("bell\a"), Json("\xEF\xBF\xBE"), Json(std::string("a\0b", 3)) }) {
         PropertyListTree tree;
         EXPECT_TRUE(tree.apply({ "k", value }));
-        const auto bytes = tree.serialize();
+        const auto bytes = tree.serialize().bytes;
         ASSERT_TRUE(bytes) << value;
         EXPECT_TRUE(bytes->starts_with("bplist00")) << value;
         EXPECT_TRUE(isIdentical(*parsed(*bytes).settings().find("k"), value)) << value;
@@ -144,13 +144,64 @@ TEST(PropertyListTree, KeepsEveryKindOfValueInARewrittenBinaryFile)
     }
 }
 
+TEST(PropertyListTree, WritesANumberThatIsNone)
+{
+    const Json infinite = std::numeric_limits<double>::infinity();
+    for (const Json& value :
+        { infinite, Json(-infinite.get<double>()), Json(std::numeric_limits<double>::quiet_NaN()) }) {
+        PropertyListTree tree;
+        tree.apply({ "k", value });
+        EXPECT_TRUE(isIdentical(*parsed(*tree.serialize().bytes).settings().find("k"), value)) << value;
+    }
+}
+
+TEST(PropertyListTree, KeepsANulOfABinaryFile)
+{
+    using namespace std::string_literals;
+    const std::string bytes = rewritten(binaryFileWith("\x53"s + "a\0b"s));
+    EXPECT_EQ(*parsed(bytes).settings().find("k"), "a\0b"s);
+    PropertyListTree tree = parsed(bytes);
+    EXPECT_TRUE(tree.apply({ "a\0key"s, 1 }));
+    EXPECT_TRUE(tree.apply({ "a", 2 }));
+    EXPECT_EQ(*parsed(*tree.serialize().bytes).settings().find("a\0key"s), 1);
+}
+
+TEST(PropertyListTree, WritesSharedTextsOfABinaryFileOnce)
+{
+    std::string references;
+    for (int i = 0; i < 6; ++i)
+        references += testing::reference(3);
+    const std::string text = "\x5F\x12" + bigEndian(1u << 20, 4) + std::string(1u << 20, 'x');
+    const std::string bytes = rewritten(binaryFileWith("\xA6" + references, { text }));
+    EXPECT_LT(bytes.size(), (1u << 20) + 1000);
+    EXPECT_FALSE(bytes.empty());
+}
+
+TEST(PropertyListTree, SaysWhyItCannotBeWritten)
+{
+    PropertyListTree tree;
+    tree.apply({ "k", std::string(largestFileBytes, 'x') });
+    EXPECT_EQ(tree.serialize().objection, "is larger than 4 MiB");
+    tree.apply({ "k", std::string(mostTextBytes, 'x') });
+    EXPECT_EQ(tree.serialize().objection, "holds more than 8 MiB of text");
+    tree.apply({ "k", "\xFF" });
+    EXPECT_EQ(tree.serialize().objection, "holds a text that is not UTF-8");
+}
+
+TEST(PropertyListTree, WritesWhatIsTooLargeAsXmlAsABinaryFile)
+{
+    PropertyListTree tree;
+    tree.apply({ "k", std::string(1u << 20, '&') });
+    EXPECT_TRUE(tree.serialize().bytes->starts_with("bplist00"));
+}
+
 TEST(PropertyListTree, KeepsTheOrderOfKeys)
 {
     PropertyListTree tree = parsed(xmlWith("<key>z</key><true/><key>a</key><true/>"));
     tree.apply({ "z", false });
     tree.apply({ "m", true });
     std::string order;
-    for (const auto& [key, value] : parsed(*tree.serialize()).settings())
+    for (const auto& [key, value] : parsed(*tree.serialize().bytes).settings())
         order += key;
     EXPECT_EQ(order, "zam");
 }

@@ -66,7 +66,8 @@ TEST_F(TroubleTest, AFileThatIsNoPropertyListIsSetAsideWhenItIsRead)
     EXPECT_EQ(readBytes(folder / "domain.plist.unreadable-1"), "volume0 = 0.5\n");
     ASSERT_EQ(warnings.size(), 1u);
     EXPECT_EQ(warnings[0],
-        path.string() + ": is no property list; set aside as " + (folder / "domain.plist.unreadable-1").string());
+        path.string() + ": is no property list (line 1: syntax error); set aside as "
+            + (folder / "domain.plist.unreadable-1").string());
 }
 
 TEST_F(TroubleTest, AFileThatIsNoPropertyListIsSetAsideWhenItIsSaved)
@@ -115,7 +116,7 @@ TEST_F(TroubleTest, LookingAtAFileThatIsNoPropertyListLeavesIt)
     EXPECT_EQ(readBytes(path), "garbage");
     EXPECT_EQ(folder.names().size(), 1u);
     ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_EQ(warnings[0], path.string() + ": is no property list");
+    EXPECT_EQ(warnings[0], path.string() + ": is no property list (line 1: syntax error)");
 }
 
 TEST_F(TroubleTest, AFileWithAHundredThousandNestedArraysIsSetAside)
@@ -144,7 +145,8 @@ TEST_F(TroubleTest, ADamagedFileThatCannotBeSetAsideIsNotOverwritten)
     EXPECT_EQ(file.save(), Saved::Failed);
     EXPECT_EQ(readBytes(path), "garbage");
     ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_EQ(warnings[0], path.string() + ": is no property list and cannot be changed: Permission denied");
+    EXPECT_EQ(warnings[0],
+        path.string() + ": is no property list (line 1: syntax error) and cannot be changed: Permission denied");
 }
 
 TEST_F(TroubleTest, AFolderInPlaceOfTheFileIsToldOnce)
@@ -182,6 +184,35 @@ TEST_F(TroubleTest, AFolderThatMayNotBeWrittenIsToldOnce)
         ASSERT_EQ(::seteuid(::getuid()), 0);
         ::chmod(folder.path().c_str(), 0777);
     });
+}
+
+TEST_F(TroubleTest, WhatIsToldOfAFileStaysOnOneLineAndDrivesNoTerminal)
+{
+    path = folder / "a\x1B[31m\nb.plist";
+    writeBytes(path,
+        xmlWith("<key>k</key><integer>\xC2\x9B"
+                "1\n</integer>"));
+    PropertyListFile file = open();
+    EXPECT_TRUE(file.read(Damaged::SetAside));
+    ASSERT_EQ(warnings.size(), 1u);
+    const std::string shownName = (folder / "a\\x1b[31m\\x0ab.plist").string();
+    EXPECT_EQ(warnings[0],
+        shownName + ": holds the integer \"\\u009b1\\n\" (line 4), which cannot be kept as it is; set aside as "
+            + shownName + ".unreadable-1");
+}
+
+TEST_F(TroubleTest, WhatMakesAFileTooLargeIsNotSaved)
+{
+    PropertyListFile file = open();
+    file.set("volume0", 0.5);
+    EXPECT_EQ(file.save(), Saved::Replaced);
+    file.set("text", std::string(largestFileBytes, 'x'));
+    EXPECT_EQ(file.save(), Saved::Failed);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_EQ(
+        warnings[0], path.string() + ": cannot be changed: with the change it is larger than 4 MiB; nothing is saved");
+    file.unset("text");
+    EXPECT_EQ(file.save(), Saved::Nothing);
 }
 
 TEST_F(TroubleTest, AFileThatMayNotBeReadIsNotOverwritten)
