@@ -17,7 +17,10 @@ std::optional<std::string> FileLock::acquire(const std::filesystem::path& file, 
 
     // Reading is enough to lock, so that users who may not write each other's files can still wait for each other.
     constexpr int flags = O_RDONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
-    FileDescriptor opened(::open(file.c_str(), flags, 0644));
+    FileDescriptor opened;
+    do
+        opened = FileDescriptor(::open(file.c_str(), flags, 0644));
+    while (!opened.isOpen() && errno == EINTR);
     if (!opened.isOpen())
         return std::strerror(errno);
     const auto deadline = Clock::now() + patience;

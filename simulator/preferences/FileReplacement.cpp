@@ -71,8 +71,8 @@ Failure writeAll(int file, std::string_view bytes)
     const SizeLimitAsError noSignal;
     while (!bytes.empty()) {
         const ssize_t written = uninterrupted([&] { return ::write(file, bytes.data(), bytes.size()); });
-        if (written < 0)
-            return lastError();
+        if (written <= 0)
+            return written < 0 ? lastError() : std::strerror(EIO);
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return std::nullopt;
@@ -85,27 +85,42 @@ Failure synchronizeToDisk(int file)
     return done ? Failure() : lastError();
 }
 
+/// The name of a file is on the disk when its folder is.
+Failure synchronizeFolder(const fs::path& folder)
+{
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    const FileDescriptor opened(uninterrupted([&] { return ::open(folder.c_str(), flags); }));
+    return opened.isOpen() ? synchronizeToDisk(opened.get()) : lastError();
+}
+
 /// Gives the new file what the old one had.
 Failure inherit(int file, const struct stat& old)
 {
-    // Only the superuser may give files away; others become the owner of what they write.
-    const bool keepsOwner = ::fchown(file, old.st_uid, old.st_gid) == 0;
+    // Only the superuser may give files away; others become the owner of what they write. An owner whom this user's
+    // namespace does not know is nobody to give it to.
+    const bool keepsOwner = uninterrupted([&] { return ::fchown(file, old.st_uid, old.st_gid); }) == 0;
+    if (!keepsOwner && errno != EPERM && errno != EINVAL)
+        return lastError();
     const mode_t permissions = old.st_mode & (keepsOwner ? 07777 : 0777);
-    return ::fchmod(file, permissions) == 0 ? Failure() : lastError();
+    return uninterrupted([&] { return ::fchmod(file, permissions); }) == 0 ? Failure() : lastError();
 }
 
 Failure writeBeside(const fs::path& file, const fs::path& temporary, std::string_view bytes)
 {
     struct stat old;
-    const bool exists = ::stat(file.c_str(), &old) == 0;
+    const bool exists = uninterrupted([&] { return ::stat(file.c_str(), &old); }) == 0;
     if (!exists && errno != ENOENT)
         return lastError();
     if (exists && !S_ISREG(old.st_mode))
         return S_ISDIR(old.st_mode) ? std::strerror(EISDIR) : "not a regular file";
-    if (exists && ::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0)
+    const auto mayNotWrite = [&] {
+        return ::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS);
+    };
+    if (exists && uninterrupted(mayNotWrite) != 0)
         return lastError();
 
-    ::unlink(temporary.c_str());
+    if (uninterrupted([&] { return ::unlink(temporary.c_str()); }) != 0 && errno != ENOENT)
+        return lastError();
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
     const FileDescriptor opened(uninterrupted([&] { return ::open(temporary.c_str(), flags, exists ? 0600 : 0644); }));
     if (!opened.isOpen())
@@ -129,7 +144,7 @@ FileContents readFile(const fs::path& file, std::size_t limit)
     if (!opened.isOpen())
         return { std::nullopt, errno == ENOENT ? Failure() : lastError() };
     struct stat status;
-    if (::fstat(opened.get(), &status) != 0)
+    if (uninterrupted([&] { return ::fstat(opened.get(), &status); }) != 0)
         return { std::nullopt, lastError() };
     if (!S_ISREG(status.st_mode))
         return { std::nullopt, S_ISDIR(status.st_mode) ? std::strerror(EISDIR) : "not a regular file" };
@@ -153,9 +168,10 @@ Failure followLinks(fs::path& file)
     constexpr int mostLinks = 40; // as many as the kernel follows
     for (int links = 0; links <= mostLinks; ++links) {
         std::error_code error;
-        if (!fs::is_symlink(fs::symlink_status(file, error)))
+        const auto status = fs::symlink_status(file, error);
+        if (fs::status_known(status) && !fs::is_symlink(status))
             return std::nullopt;
-        const fs::path target = fs::read_symlink(file, error);
+        const fs::path target = error ? fs::path() : fs::read_symlink(file, error);
         if (error)
             return error.message();
         file = folderOf(file) / target;
@@ -170,24 +186,23 @@ Failure makeFolders(const fs::path& folder)
         return std::nullopt;
     if (auto failure = makeFolders(folder.parent_path()))
         return failure;
-    const bool isThere = ::mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST;
-    return isThere ? Failure() : lastError();
+    const bool isMade = uninterrupted([&] { return ::mkdir(folder.c_str(), 0700); }) == 0;
+    return isMade || errno == EEXIST ? Failure() : lastError();
 }
 
-Failure replaceFile(const fs::path& file, std::string_view bytes)
+Replacement replaceFile(const fs::path& file, std::string_view bytes)
 {
     // One name is enough, since there is one writer at a time: killed writers leave at most this one file behind.
     const fs::path folder = folderOf(file);
     const fs::path temporary = folder / ("." + file.filename().string() + ".new");
     Failure failure = writeBeside(file, temporary, bytes);
-    if (!failure && ::rename(temporary.c_str(), file.c_str()) != 0)
+    if (!failure && uninterrupted([&] { return ::rename(temporary.c_str(), file.c_str()); }) != 0)
         failure = lastError();
     if (failure) {
-        ::unlink(temporary.c_str());
-        return failure;
+        uninterrupted([&] { return ::unlink(temporary.c_str()); });
+        return { failure };
     }
-    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return opened.isOpen() ? synchronizeToDisk(opened.get()) : Failure(lastError());
+    return { std::nullopt, synchronizeFolder(folder) };
 }
 
 Failure setAside(const fs::path& file, fs::path& newName)
@@ -196,7 +211,10 @@ Failure setAside(const fs::path& file, fs::path& newName)
     for (int number = 1; number <= mostNames; ++number) {
         newName = file;
         newName += ".unreadable-" + std::to_string(number);
-        if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, newName.c_str(), RENAME_NOREPLACE) == 0)
+        const auto rename = [&] {
+            return ::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, newName.c_str(), RENAME_NOREPLACE);
+        };
+        if (uninterrupted(rename) == 0)
             return std::nullopt;
         if (errno != EEXIST)
             return lastError();

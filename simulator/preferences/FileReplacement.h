@@ -27,10 +27,17 @@ Failure followLinks(std::filesystem::path& file);
 /// Makes the folder and those above it, for the user alone, as the base directory rules ask.
 Failure makeFolders(const std::filesystem::path& folder);
 
+struct Replacement {
+    /// Why the file is still the old one; none: it is the new one.
+    Failure failure {};
+    /// Why the new file, though it is there for everybody, might be gone after a power failure.
+    Failure doubt {};
+};
+
 /// Replaces the file with another of these bytes, or makes it. Its permissions stay, and its owner where that is
 /// allowed; a new one gets what the user's mask leaves. The bytes are on the disk before the name is given to them.
 /// The caller is the only one to replace this file meanwhile: what an interrupted replacement left is removed.
-Failure replaceFile(const std::filesystem::path& file, std::string_view bytes);
+Replacement replaceFile(const std::filesystem::path& file, std::string_view bytes);
 
 /// Renames the file to its name with ".unreadable-1" behind it, or the first number that is free.
 Failure setAside(const std::filesystem::path& file, std::filesystem::path& newName);

@@ -84,8 +84,12 @@ Failure PropertyListFile::replaceWith(const Tree& tree)
     std::filesystem::path target = m_file;
     if (auto failure = followLinks(target))
         return failure;
-    if (auto failure = replaceFile(target, *serialized.bytes))
-        return failure;
+    const Replacement replacement = replaceFile(target, *serialized.bytes);
+    if (replacement.failure)
+        return replacement.failure;
+    if (replacement.doubt && !m_isLastingTroubled)
+        tell("is saved, but a power failure may undo that: its folder: " + *replacement.doubt);
+    m_isLastingTroubled = replacement.doubt.has_value();
     m_known = { std::move(*serialized.bytes), tree };
     return std::nullopt;
 }

@@ -80,6 +80,7 @@ private:
     std::vector<Change> m_changes;
     bool m_isReadingTroubled = false;
     bool m_isSavingTroubled = false;
+    bool m_isLastingTroubled = false; ///< what was saved may not outlast a power failure
 };
 
 } // namespace panotra::preferences

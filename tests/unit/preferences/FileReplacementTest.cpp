@@ -38,7 +38,7 @@ TEST(FileReplacement, ReadersOfTheOldFileGoOnReadingIt)
     const testing::TemporaryFolder folder;
     writeBytes(folder / "file", "old");
     std::ifstream reader(folder / "file");
-    EXPECT_FALSE(replaceFile(folder / "file", "new"));
+    EXPECT_FALSE(replaceFile(folder / "file", "new").failure);
     std::string seen;
     reader >> seen;
     EXPECT_EQ(seen, "old");
@@ -51,7 +51,7 @@ TEST(FileReplacement, TheOwnerOfAFileStaysWhereTheUserMayGiveItAway)
     writeBytes(folder / "file", "old");
     const uid_t owner = ::geteuid() == 0 ? 65534 : ::geteuid();
     ASSERT_EQ(::chown((folder / "file").c_str(), owner, static_cast<gid_t>(-1)), 0);
-    EXPECT_FALSE(replaceFile(folder / "file", "new"));
+    EXPECT_FALSE(replaceFile(folder / "file", "new").failure);
     struct stat status { };
     ASSERT_EQ(::stat((folder / "file").c_str(), &status), 0);
     EXPECT_EQ(status.st_uid, owner);
@@ -61,8 +61,22 @@ TEST(FileReplacement, AFolderIsNotReplacedByAFile)
 {
     const testing::TemporaryFolder folder;
     std::filesystem::create_directory(folder / "file");
-    EXPECT_EQ(replaceFile(folder / "file", "new"), "Is a directory");
+    EXPECT_EQ(replaceFile(folder / "file", "new").failure, "Is a directory");
     EXPECT_EQ(folder.names().size(), 1u);
+}
+
+TEST(FileReplacement, AFolderThatCannotBeReadLeavesADoubtAndTheNewFile)
+{
+    const testing::TemporaryFolder folder;
+    ::chmod(folder.path().c_str(), 0333);
+    {
+        const testing::AsOrdinaryUser user;
+        const Replacement replacement = replaceFile(folder / "file", "new");
+        EXPECT_EQ(replacement.failure, std::nullopt);
+        EXPECT_EQ(replacement.doubt, "Permission denied");
+    }
+    ::chmod(folder.path().c_str(), 0755);
+    EXPECT_EQ(readBytes(folder / "file"), "new");
 }
 
 TEST(FileReplacement, AFileWithoutFolderIsInTheCurrentOne)
@@ -70,7 +84,7 @@ TEST(FileReplacement, AFileWithoutFolderIsInTheCurrentOne)
     const testing::TemporaryFolder folder;
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(folder.path());
-    EXPECT_FALSE(replaceFile("file", "bytes"));
+    EXPECT_FALSE(replaceFile("file", "bytes").failure);
     std::filesystem::current_path(before);
     EXPECT_EQ(readBytes(folder / "file"), "bytes");
 }
@@ -94,7 +108,7 @@ TEST(FileReplacement, AWriteBeyondTheLimitLeavesNoSignalBehind)
     ::getrlimit(RLIMIT_FSIZE, &previous);
     const rlimit small { 4, previous.rlim_max };
     ::setrlimit(RLIMIT_FSIZE, &small);
-    const Failure failure = replaceFile(folder / "file", "more than four bytes");
+    const Failure failure = replaceFile(folder / "file", "more than four bytes").failure;
     ::setrlimit(RLIMIT_FSIZE, &previous);
     EXPECT_EQ(failure, "File too large");
     EXPECT_TRUE(folder.names().empty());
@@ -141,7 +155,7 @@ TEST(FileReplacement, SignalsDoNotDisturbIt)
     const RainOfSignals rain;
     for (int i = 0; i < 20 || RainOfSignals::count() == 0; ++i) {
         const std::string bytes(1u << 20, static_cast<char>('a' + i % 26));
-        ASSERT_FALSE(replaceFile(folder / "file", bytes));
+        ASSERT_FALSE(replaceFile(folder / "file", bytes).failure);
         ASSERT_EQ(readFile(folder / "file", bytes.size()).bytes, bytes);
     }
 }

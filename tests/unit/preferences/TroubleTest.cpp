@@ -186,6 +186,24 @@ TEST_F(TroubleTest, AFolderThatMayNotBeWrittenIsToldOnce)
     });
 }
 
+TEST_F(TroubleTest, WhatIsSavedInAFolderThatCannotBeReadIsNotSaidToBeLost)
+{
+    ::chmod(folder.path().c_str(), 0333);
+    {
+        const testing::AsOrdinaryUser user;
+        PropertyListFile file = open();
+        for (int time = 0; time < 2; ++time) {
+            file.set("volume0", time);
+            EXPECT_EQ(file.save(), Saved::Replaced);
+        }
+    }
+    ::chmod(folder.path().c_str(), 0755);
+    EXPECT_NE(readBytes(path).find("<integer>1</integer>"), std::string::npos);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_EQ(
+        warnings[0], path.string() + ": is saved, but a power failure may undo that: its folder: Permission denied");
+}
+
 TEST_F(TroubleTest, WhatIsToldOfAFileStaysOnOneLineAndDrivesNoTerminal)
 {
     path = folder / "a\x1B[31m\nb.plist";
@@ -213,6 +231,19 @@ TEST_F(TroubleTest, WhatMakesAFileTooLargeIsNotSaved)
         warnings[0], path.string() + ": cannot be changed: with the change it is larger than 4 MiB; nothing is saved");
     file.unset("text");
     EXPECT_EQ(file.save(), Saved::Nothing);
+}
+
+TEST_F(TroubleTest, ALinkThatCannotBeLookedAtIsNotReplaced)
+{
+    std::filesystem::create_directory(folder / "closed");
+    path = folder / "closed/domain.plist";
+    ::chmod((folder / "closed").c_str(), 0666);
+    const testing::AsOrdinaryUser user;
+    PropertyListFile file = open();
+    file.set("volume0", 0.5);
+    EXPECT_EQ(file.save(), Saved::Failed);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_EQ(warnings[0], path.string() + ": cannot be changed: Permission denied; nothing is saved");
 }
 
 TEST_F(TroubleTest, AFileThatMayNotBeReadIsNotOverwritten)
