@@ -47,8 +47,11 @@ CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
     command->add_option("--shots", options.picturesFolder, "Where shot puts its pictures")
         ->type_name("DIR")
         ->capture_default_str();
-    command->footer("Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is "
-                    "wrong and\nnothing was run, 3 a file could not be read or written.");
+    command->footer(
+        "Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is "
+        "wrong and\nnothing was run, 3 a file could not be read or written. A file of preferences that is no property "
+        "list "
+        "is\nput aside under another name; the scenario is played as if it were not there, and the status is 3.");
     command->callback([arguments, &status, library = std::move(library)] { status = run(*arguments, library); });
     return command;
 }

@@ -8,7 +8,6 @@
 #include "simulator/preferences/SettingText.h"
 #include "simulator/preferences/Utf8.h"
 
-#include <algorithm>
 #include <ostream>
 
 namespace panotra::preferences {
@@ -18,10 +17,8 @@ namespace {
 /// The text as it is, or in quotes where a reader could not tell where it ends.
 std::string oneWord(const std::string& text)
 {
-    const auto needsQuotes = [](unsigned char byte) {
-        return byte <= ' ' || byte == '"' || byte == 0x7F;
-    };
-    return text.empty() || std::ranges::any_of(text, needsQuotes) ? inQuotes(text) : text;
+    const bool needsQuotes = text.empty() || text.find_first_of(" \"") != text.npos || text != printable(text);
+    return needsQuotes ? inQuotes(text) : text;
 }
 
 class Command {
@@ -42,8 +39,14 @@ public:
         const auto folder = m_request.folder ? std::filesystem::path(*m_request.folder) : defaultFolder();
         if (!folder)
             return fail(PrefsStatus::FileTrouble, "no home folder to keep preferences in: give one with --prefs");
-        PropertyListFile file(fileOfDomain(*folder, m_request.domain), [this](const std::string& line) { say(line); });
-        return run(file);
+        bool isTroubled = false;
+        PropertyListFile file(fileOfDomain(*folder, m_request.domain), [&](const std::string& line) {
+            say(line);
+            isTroubled = true;
+        });
+        const PrefsStatus status = run(file);
+        // Done, but not as whoever asked expects: what the file held before is out of use, or may be again.
+        return status == PrefsStatus::Done && isTroubled ? PrefsStatus::FileTrouble : status;
     }
 
 private:
@@ -97,7 +100,9 @@ private:
             return failForAbsentKey();
         if (value->is_null())
             return fail(PrefsStatus::KeyAbsent, inQuotes(*m_request.key) + " is no number, boolean or string");
-        m_output << textOf(*value) << '\n';
+        // A program gets every byte; a terminal would take some for orders.
+        const std::string text = textOf(*value);
+        m_output << (m_request.isForTerminal && text != printable(text) ? inQuotes(text) : text) << '\n';
         return PrefsStatus::Done;
     }
 
@@ -138,7 +143,7 @@ private:
         return status;
     }
 
-    void say(const std::string& line) { m_errors << "panotra: " << line << '\n'; }
+    void say(const std::string& line) { m_errors << "panotra: " << printable(line) << '\n'; }
 
     const PrefsRequest& m_request;
     std::ostream& m_output;

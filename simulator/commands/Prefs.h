@@ -17,6 +17,7 @@ struct PrefsRequest {
     std::optional<std::string> key;
     std::optional<std::string> type;
     std::optional<std::string> value;
+    bool isForTerminal = false; ///< what is printed is read by a person, from a terminal
 };
 
 /// The exit statuses of the command.
@@ -24,12 +25,12 @@ enum class PrefsStatus {
     Done = 0,
     KeyAbsent = 1,
     WrongUsage = 2,
-    FileTrouble = 3, ///< the file could not be read or written
+    FileTrouble = 3, ///< the file could not be read or written, or was set aside before what was asked was done
 };
 
 /// `list` prints a line `KEY TYPE VALUE` for each key, strings, and keys with blanks, in double quotes; `get` prints
-/// the value alone. A value that is no number, boolean or string is listed as `other` and cannot be got. What went
-/// wrong is one line on `errors`.
+/// the value alone, in quotes only if a terminal is to get control characters. A value that is no number, boolean or
+/// string is listed as `other` and cannot be got. What went wrong is one line on `errors`.
 PrefsStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors);
 
 } // namespace panotra::preferences

@@ -8,6 +8,8 @@
 #include <memory>
 #include <string>
 
+#include <unistd.h>
+
 namespace panotra::sim {
 
 namespace {
@@ -17,8 +19,9 @@ using preferences::PrefsRequest;
 using preferences::PrefsStatus;
 
 /// What was asked for must have reached whoever reads it.
-ExitStatus run(const PrefsRequest& request)
+ExitStatus run(PrefsRequest request)
 {
+    request.isForTerminal = ::isatty(STDOUT_FILENO) == 1;
     const PrefsStatus status = preferences::runPrefsCommand(request, std::cout, std::cerr);
     if (status == PrefsStatus::Done && !std::cout.flush()) {
         complain("standard output could not be written");
@@ -50,7 +53,8 @@ void addPrefsCommand(CLI::App& app, ExitStatus& status)
         ->type_name("");
     command->add_option("KEY", request->key, "The key; not for list")->type_name("");
     command->add_option("TYPE", request->type, "For set: int, float, bool or string")->type_name("");
-    command->add_option("VALUE", request->value, "For set; a bool is yes or no")->type_name("");
+    command->add_option("VALUE", request->value, "For set; a bool is yes or no, a float may be inf, -inf or nan")
+        ->type_name("");
     command
         ->add_option("--prefs", request->folder,
             "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
@@ -58,7 +62,8 @@ void addPrefsCommand(CLI::App& app, ExitStatus& status)
         ->type_name("DIR");
     command->footer("Write -- before a key or value that begins with a minus sign and a letter.\nExit status: 0 done, "
                     "1 there is no such key, 2 the command line is wrong, 3 a file could not be "
-                    "read or written.");
+                    "read or written.\nset puts a file that is no property list aside under another name, sets "
+                    "the key in a new one, and ends\nwith 3; the other actions leave such a file where it is.");
     command->callback([request, &status] { status = run(*request); });
 }
 

@@ -1,38 +1,29 @@
 /// Settings as people write them: a type and a value in words.
 #include "simulator/preferences/SettingText.h"
 
+#include "simulator/preferences/ElementText.h"
 #include "simulator/preferences/Utf8.h"
 
-#include <charconv>
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <type_traits>
 
 namespace panotra::preferences {
 
 namespace {
 
-/// Without infinities, nan and hexadecimal: only signs, digits, a point and an exponent.
-template <typename Number> std::optional<Json> readNumber(std::string_view text)
+std::optional<Json> readSettingInteger(std::string_view text)
 {
-    const bool hasPlus = text.starts_with('+');
-    if (hasPlus)
-        text.remove_prefix(1);
-    if (text.find_first_not_of("+-.0123456789eE") != text.npos || (hasPlus && text.starts_with('-')))
+    const bool isDecimal = text.find_first_not_of("+-0123456789") == text.npos;
+    const auto integer = isDecimal ? integerOf(text) : std::nullopt;
+    if (!integer)
         return std::nullopt;
-    Number number = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (stop != end || error == std::errc::invalid_argument)
-        return std::nullopt;
-    if (error == std::errc())
-        return number;
-    // Out of range: of reals, only what is too large; what is too small is as good as zero.
-    const double nearest = std::strtod(std::string(text).c_str(), nullptr);
-    if (std::is_floating_point_v<Number> && std::isfinite(nearest))
-        return nearest;
-    return std::nullopt;
+    return std::visit([](auto number) { return Json(number); }, *integer);
+}
+
+std::optional<Json> readSettingReal(std::string_view text)
+{
+    const bool hasBlanks = text.find_first_of(" \t\r\n") != text.npos;
+    const auto real = hasBlanks ? std::nullopt : realOf(text);
+    return real ? std::optional<Json>(*real) : std::nullopt;
 }
 
 std::optional<Json> readBoolean(std::string_view text)
@@ -56,8 +47,8 @@ struct Type {
 };
 
 constexpr Type types[] = {
-    { "int", readNumber<std::int64_t>, "an integer of 64 bits" },
-    { "float", readNumber<double>, "a number" },
+    { "int", readSettingInteger, "a decimal integer of 64 bits" },
+    { "float", readSettingReal, "a number, inf, -inf or nan" },
     { "bool", readBoolean, "yes or no" },
     { "string", readString, "text in UTF-8" },
 };
@@ -91,7 +82,7 @@ std::string textOf(const Json& value)
     if (value.is_string())
         return value.get<std::string>();
     if (value.is_number_float() && !std::isfinite(value.get<double>()))
-        return std::to_string(value.get<double>());
+        return std::isnan(value.get<double>()) ? "nan" : std::to_string(value.get<double>());
     return value.is_null() ? std::string() : value.dump();
 }
 

@@ -15,7 +15,8 @@ struct ReadSetting {
     std::string expected;
 };
 
-/// `type` is "int" (signed 64-bit), "float" (a finite double), "bool" (yes or no) or "string" (UTF-8).
+/// `type` is "int" (64 bits, signed or unsigned), "float" (a double, also inf, -inf and nan), "bool" (yes or no) or
+/// "string" (UTF-8).
 ReadSetting readSetting(std::string_view type, std::string_view text);
 
 /// The type of which the value is; "other" for null.

@@ -55,6 +55,31 @@ TEST_F(PrefsCommandTest, GetsWhatItSet)
     }
 }
 
+TEST_F(PrefsCommandTest, SetsWhateverItGets)
+{
+    const std::vector<std::string> cases[] = { { "k", "float", "inf" }, { "k", "float", "-inf" },
+        { "k", "float", "nan" }, { "k", "int", "18446744073709551615" }, { "k", "string", "\x1B[31m\n" } };
+    for (const auto& words : cases) {
+        EXPECT_EQ(run(PrefsAction::Set, words), PrefsStatus::Done);
+        EXPECT_EQ(run(PrefsAction::Get, { "k" }), PrefsStatus::Done);
+        EXPECT_EQ(output, words[2] + "\n");
+    }
+}
+
+TEST_F(PrefsCommandTest, GivesATerminalNoControlCharacters)
+{
+    run(PrefsAction::Set, { "k", "string", "\x1B[31m\n" });
+    PrefsRequest request { PrefsAction::Get, folder.path(), domain, "k", std::nullopt, std::nullopt, true };
+    EXPECT_EQ(run(request), PrefsStatus::Done);
+    EXPECT_EQ(output, "\"\\u001b[31m\\n\"\n");
+    run(PrefsAction::Set, { "k", "string", "two words" });
+    EXPECT_EQ(run(request), PrefsStatus::Done);
+    EXPECT_EQ(output, "two words\n");
+    run(PrefsAction::Set, { "\xC2\x9B", "string", "\x7F" });
+    EXPECT_EQ(run(PrefsAction::List), PrefsStatus::Done);
+    EXPECT_EQ(output, "k string \"two words\"\n\"\\u009b\" string \"\\u007f\"\n");
+}
+
 TEST_F(PrefsCommandTest, ListsEveryKeyWithItsType)
 {
     writeBytes(path,
@@ -98,7 +123,7 @@ TEST_F(PrefsCommandTest, CannotGetAValueThatIsNoSetting)
 TEST_F(PrefsCommandTest, SaysWhatItExpectedOfAValue)
 {
     EXPECT_EQ(run(PrefsAction::Set, { "scale", "float", "big" }), PrefsStatus::WrongUsage);
-    EXPECT_EQ(errors, "panotra: \"float\" \"big\": expected a number\n");
+    EXPECT_EQ(errors, "panotra: \"float\" \"big\": expected a number, inf, -inf or nan\n");
     EXPECT_EQ(run(PrefsAction::Set, { "scale", "double", "1" }), PrefsStatus::WrongUsage);
     EXPECT_EQ(errors, "panotra: \"double\" \"1\": expected one of the types int, float, bool and string\n");
     EXPECT_TRUE(folder.names().empty());
@@ -137,7 +162,12 @@ TEST_F(PrefsCommandTest, ReportsAFileThatCannotBeReadAndLeavesIt)
 TEST_F(PrefsCommandTest, SetsADamagedFileAsideBeforeItSets)
 {
     writeBytes(path, "garbage");
-    EXPECT_EQ(run(PrefsAction::Set, { "key", "int", "1" }), PrefsStatus::Done);
+    EXPECT_EQ(run(PrefsAction::Set, { "key", "int", "1" }), PrefsStatus::FileTrouble)
+        << "the settings that were in the file are out of use";
+    EXPECT_EQ(run(PrefsAction::Get, { "key" }), PrefsStatus::Done);
+    EXPECT_EQ(output, "1\n");
+    writeBytes(path, "garbage");
+    EXPECT_EQ(run(PrefsAction::Set, { "key", "int", "1" }), PrefsStatus::FileTrouble);
     EXPECT_NE(errors.find("set aside as"), std::string::npos);
     EXPECT_EQ(testing::readBytes(path.string() + ".unreadable-1"), "garbage");
 }
