@@ -2,6 +2,7 @@
 #include "simulator/device/ClassTable.h"
 
 #include "simulator/device/PlatformClasses.h"
+#include "simulator/device/Saturated.h"
 
 #include <algorithm>
 #include <cassert>
@@ -235,6 +236,10 @@ Json ClassTable::scalarForKey(HostObject* object, std::string_view key) const
     switch (field->encoding) {
     case 'B':
         return field->read != nullptr ? field->read() != 0 : read<bool>(*object, *field);
+    case 'i':
+        return saturated<std::int32_t>(field->read());
+    case 'Q':
+        return static_cast<std::uint64_t>(field->read());
     case 'q':
         return field->read != nullptr ? field->read() : read<std::int64_t>(*object, *field);
     case 'S':

@@ -58,6 +58,9 @@ public:
     /// The bundle identifier of the process; the home screen's until set.
     std::string bundleIdentifier = homeScreenBundle;
 
+    /// The system whose shape the process has taken, 9 to 16; none: what 10 to 12 have, all of it (SystemShape.h).
+    std::optional<int> system;
+
     /// Where the bundle's pictures are, `NAME@2x.png` or `NAME.png`; empty: every picture is a single pixel.
     std::string resourceFolder;
 

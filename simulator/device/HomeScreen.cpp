@@ -6,7 +6,9 @@
 #include "simulator/device/ClassTable.h"
 #include "simulator/device/DarwinNotifications.h"
 #include "simulator/device/RunLoop.h"
+#include "simulator/device/Saturated.h"
 #include "simulator/device/Screen.h"
+#include "simulator/device/SystemShape.h"
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
 
@@ -28,6 +30,12 @@ constexpr std::pair<std::string_view, const char*> listenerQuestions[] = {
     { "title", "activator:requiresLocalizedTitleForListenerName:" },
     { "description", "activator:requiresLocalizedDescriptionForListenerName:" },
 };
+
+/// Null knows nothing.
+bool knows(const HostObject* object, const char* method)
+{
+    return object != nullptr && object->isa->find(selector(method)) != nullptr;
+}
 
 /// `_realDisplayBounds` of the screen: pixels, upright.
 Rect realDisplayBoundsOfScreen(HostObject*, const HostSelector*)
@@ -86,6 +94,8 @@ HostObject* HomeScreen::shared(const std::string& className)
     if (className == "UIApplication") {
         if (HostClass* const application = m_implementation->classes().find("SpringBoard"))
             isa = application;
+        else if (m_implementation->device.system)
+            isa = &m_implementation->classes().platformClass("SpringBoard"); // what is lacking is its name
     }
     HostObject*& object = m_implementation->shared[isa->name];
     if (object == nullptr)
@@ -104,8 +114,19 @@ HostObject* HomeScreen::statusBar()
     if (view != nullptr) {
         const auto [x, y] = m_implementation->device.screen->currentStatusBarCenter();
         view->center = { x, y };
+        view->hidden = m_implementation->device.screen->statusBarHidden;
     }
     return view;
+}
+
+HostObject* HomeScreen::windowScene()
+{
+    return m_implementation->device.system ? shared("SBWindowScene") : nullptr;
+}
+
+void HomeScreen::showIndicator(double level, double stay)
+{
+    indicator = { level, m_implementation->device.runLoop->now(), stay };
 }
 
 HostObject* HomeScreen::mainScreen()
@@ -114,7 +135,7 @@ HostObject* HomeScreen::mainScreen()
     if (screen == nullptr)
         return nullptr;
     const HostSelector* const realDisplayBounds = selector("_realDisplayBounds");
-    if (m_implementation->device.screen->hasRealDisplayBounds)
+    if (m_implementation->device.screen->hasRealDisplayBounds && !m_implementation->device.system)
         screen->isa->methods.emplace(realDisplayBounds, implementation(realDisplayBoundsOfScreen));
     else
         screen->isa->methods.erase(realDisplayBounds);
@@ -139,13 +160,15 @@ void HomeScreen::announce(
     if (service == nullptr)
         return;
     ClassTable& classes = m_implementation->classes();
+    const Device& device = m_implementation->device;
     auto* const announcement = m_implementation->autoreleased<Dictionary>("NSDictionary");
     if (category.has_value())
-        announcement->adopt(announcementKey::category, classes.make<String>("NSString", *category));
+        announcement->adopt(currentKey(device, announcementKey::category), classes.make<String>("NSString", *category));
     if (reason.has_value())
-        announcement->adopt(announcementKey::reason, classes.make<String>("NSString", *reason));
+        announcement->adopt(currentKey(device, announcementKey::reason), classes.make<String>("NSString", *reason));
     if (level.has_value())
-        announcement->adopt(announcementKey::level, classes.make<Number>("NSNumber", static_cast<double>(*level)));
+        announcement->adopt(
+            currentKey(device, announcementKey::level), classes.make<Number>("NSNumber", static_cast<double>(*level)));
     send<void, HostObject*>(service, selector("postEffectiveVolumeNotification:"), announcement);
 }
 
@@ -187,18 +210,34 @@ void HomeScreen::release(Button button)
 
 void HomeScreen::presentHUD(double autoDismissDelay)
 {
+    requestedStay = autoDismissDelay;
     HostObject* const view = m_implementation->autoreleased<View>("UIView");
-    send<void>(shared("SBHUDController"), selector("presentHUDView:autoDismissWithDelay:"), view, autoDismissDelay);
+    HostObject* const controller = shared("SBHUDController");
+    if (knows(controller, "presentHUDView:autoDismissWithDelay:"))
+        send<void>(controller, selector("presentHUDView:autoDismissWithDelay:"), view, autoDismissDelay);
+    else
+        send<void>(controller, selector("_presentHUD:animated:"), view, true);
 }
 
 void HomeScreen::presentVolumeHUD(std::int64_t mode, float level)
 {
-    send<void>(shared("VolumeControl"), selector("_presentVolumeHUDWithMode:volume:"), mode, level);
+    requestedMode = mode;
+    HostObject* const buttons = shared("VolumeControl");
+    if (knows(buttons, "_presentVolumeHUDWithMode:volume:"))
+        send<void>(buttons, selector("_presentVolumeHUDWithMode:volume:"), saturated<std::int32_t>(mode), level);
+    else
+        send<void>(shared("SBVolumeControl"), selector("_presentVolumeHUDWithVolume:"), level);
 }
 
 void HomeScreen::reorientHUD(bool flag)
 {
-    send<void>(shared("SBHUDController"), selector("reorientHUDIfNeeded:"), flag);
+    HostObject* const controller = shared("SBHUDController");
+    if (knows(controller, "reorientHUDIfNeeded:"))
+        send<void>(controller, selector("reorientHUDIfNeeded:"), flag);
+    else if (controller != nullptr && flag)
+        send<void, std::int64_t, double, HostObject*>(shared("SpringBoard"),
+            selector("noteInterfaceOrientationChanged:duration:logMessage:"),
+            m_implementation->device.screen->orientation, rotationDuration, nullptr);
 }
 
 void HomeScreen::setStatusBarFrame(const std::string& statusBarClass, double x, double y, double width, double height)
@@ -208,17 +247,19 @@ void HomeScreen::setStatusBarFrame(const std::string& statusBarClass, double x, 
 
 void HomeScreen::setRingerMuted(bool muted)
 {
-    send<void>(shared("SBMediaController"), selector("setRingerMuted:"), muted);
+    HostObject* const controller = shared("SBMediaController");
+    send<void>(knows(controller, "setRingerMuted:") ? controller : shared("SBRingerControl"),
+        selector("setRingerMuted:"), muted);
 }
 
 void HomeScreen::playSound(std::optional<std::int64_t> type)
 {
     HostObject* sound = nullptr;
     if (type.has_value())
-        sound = m_implementation->autoreleased<Sound>("SBSound", *type);
+        sound = m_implementation->autoreleased<Sound>("SBUISound", *type);
     else
         sound = m_implementation->autoreleased<HostObject>("NSObject");
-    send<bool, HostObject*, std::uint64_t, HostObject*>(
+    send<bool, HostObject*, std::int64_t, HostObject*>(
         shared("SBSoundController"), selector("playSound:environments:completion:"), sound, 0, nullptr);
 }
 

@@ -23,10 +23,15 @@ public:
     bool assistantVisible = false;
     double rotationDuration = 0.3; ///< seconds
 
+    // What an event asked for last, where the method that it reaches has no room for it.
+    std::int64_t requestedMode = 0;
+    double requestedStay = 0; ///< seconds
+
     /// The own indicator since it was last asked for, gone or not.
     std::optional<SystemIndicator> indicator;
+    void showIndicator(double level, double stay = SystemIndicator::usualStay);
 
-    // Events.
+    // Events. What they call is looked for under its old name first.
     void finishLaunching();
     /// Absent values leave their key out of the announcement.
     void announce(const std::optional<std::string>& category, const std::optional<std::string>& reason,
@@ -62,6 +67,8 @@ public:
     HostObject* mainScreen();
     /// The status bar, its centre where the screen says.
     HostObject* statusBar();
+    /// The scene to which windows belong on the device's system; null where they belong to none.
+    HostObject* windowScene();
     /// The mixer's window, which it keeps in its field `_window`, or null.
     HostObject* window();
     /// Makes an object the gesture framework's listener. Traced as `listener`.

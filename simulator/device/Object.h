@@ -20,7 +20,8 @@ struct HostSelector {
     std::string name;
 };
 
-/// A field that is readable by key. `encoding` is "@", "B", "f", "d", "q" or "S".
+/// A field that is readable by key. `encoding` is "@", "B", "f", "d", "q" or "S", of what the host keeps also "i" or
+/// "Q".
 struct HostField {
     std::string name;
     char encoding = '@';

@@ -4,6 +4,7 @@
 #include "simulator/device/Device.h"
 
 #include <span>
+#include <string_view>
 
 namespace panotra::sim {
 
@@ -33,5 +34,8 @@ void addViewMethods(ClassTable& classes);
 void addServiceMethods(ClassTable& classes);
 /// The application, the assistant, other overlays and the gesture framework.
 void addHomeScreenMethods(ClassTable& classes);
+
+/// What only some systems have: null for a method that every process has, and for one that is answered elsewhere.
+HostClass::Implementation laterImplementation(std::string_view className, std::string_view method);
 
 } // namespace panotra::sim

@@ -5,6 +5,8 @@
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/PlatformMethods.h"
 #include "simulator/device/RunLoop.h"
+#include "simulator/device/Saturated.h"
+#include "simulator/device/SystemShape.h"
 #include "simulator/device/Values.h"
 
 namespace panotra::sim {
@@ -31,7 +33,7 @@ void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announce
     process().trace("announced", [announcement] {
         const auto* const values = dynamic_cast<const Dictionary*>(announcement);
         const auto value = [values](const char* key) {
-            return values == nullptr ? nullptr : values->objectForKey(key);
+            return values == nullptr ? nullptr : values->objectForKey(currentKey(process(), key));
         };
         return Json {
             { "category", jsonOfText(value(announcementKey::category)) },
@@ -90,19 +92,21 @@ HostObject* attributeForKey(HostObject*, Selector, HostObject* key)
 
 // VolumeControl and SBHUDController: the host's own indicator
 
-void presentVolumeHUD(HostObject*, Selector self, std::int64_t mode, float level)
+/// The mode is told as it was asked for, also where the argument had no room for it.
+void presentVolumeHUD(HostObject*, Selector self, std::int32_t mode, float level)
 {
     process().trace("indicator", [&] {
-        return Json { { "by", self->name }, { "mode", mode }, { "level", static_cast<double>(level) } };
+        const std::int64_t requested = process().home->requestedMode;
+        const std::int64_t told = mode == saturated<std::int32_t>(requested) ? requested : mode;
+        return Json { { "by", self->name }, { "mode", told }, { "level", static_cast<double>(level) } };
     });
-    process().home->indicator = { level, process().runLoop->now() };
+    process().home->showIndicator(level);
 }
 
 void presentHUDView(HostObject*, Selector self, HostObject*, double delay)
 {
     process().trace("indicator", [&] { return Json { { "by", self->name }, { "delay", delay } }; });
-    const double level = process().audio->level(process().audio->activeCategory);
-    process().home->indicator = { level, process().runLoop->now(), delay };
+    process().home->showIndicator(process().audio->level(process().audio->activeCategory), delay);
 }
 
 void reorientHUDIfNeeded(HostObject*, Selector, bool flag)
@@ -117,7 +121,7 @@ std::int64_t soundType(HostObject* self, Selector)
     return static_cast<Sound*>(self)->type;
 }
 
-bool playSound(HostObject*, Selector, HostObject* sound, std::uint64_t, HostObject*)
+bool playSound(HostObject*, Selector, HostObject* sound, std::int64_t, HostObject*)
 {
     process().trace("sound", [sound] {
         const auto* const typed = dynamic_cast<const Sound*>(sound);
@@ -145,7 +149,7 @@ void addServiceMethods(ClassTable& classes)
         { "VolumeControl", "_presentVolumeHUDWithMode:volume:", implementation(presentVolumeHUD) },
         { "SBHUDController", "presentHUDView:autoDismissWithDelay:", implementation(presentHUDView) },
         { "SBHUDController", "reorientHUDIfNeeded:", implementation(reorientHUDIfNeeded) },
-        { "SBSound", "soundType", implementation(soundType) },
+        { "SBUISound", "soundType", implementation(soundType) },
         { "SBSoundController", "playSound:environments:completion:", implementation(playSound) },
         { "SBMediaController", "setRingerMuted:", implementation(setRingerMuted) },
     };

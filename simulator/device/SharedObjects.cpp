@@ -41,6 +41,13 @@ VolumeHUDManager::~VolumeHUDManager()
     release(targetView);
 }
 
+void StatusBar::setFrame(Rect frame)
+{
+    Device::current()->trace("statusBarFrame", [&] {
+        return Json { { "class", isa->name }, { "frame", { frame.x, frame.y, frame.width, frame.height } } };
+    });
+}
+
 void AssistantWindow::setHidden(bool value)
 {
     View::setHidden(value);

@@ -30,6 +30,11 @@ struct VolumeHUDManager : HostObject {
     ~VolumeHUDManager() override;
 };
 
+/// A status bar: a fixture of the screen that no frame moves. Traced as `statusBarFrame` when it is given one.
+struct StatusBar : View {
+    void setFrame(Rect frame) override;
+};
+
 /// The voice assistant's window. Traced as `assistant` when it is hidden.
 struct AssistantWindow : Window {
     void setHidden(bool value) override;

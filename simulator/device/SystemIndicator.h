@@ -4,9 +4,11 @@
 namespace panotra::sim {
 
 struct SystemIndicator {
+    static constexpr double usualStay = 2;
+
     double level; ///< 0 to 1
     double shownAt; ///< on the device's clock
-    double stay = 2; ///< seconds before it begins to fade
+    double stay = usualStay; ///< seconds before it begins to fade
 
     double fadesAt() const { return shownAt + stay; }
     double goneAt() const { return fadesAt() + 0.4; }

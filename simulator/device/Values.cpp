@@ -17,6 +17,18 @@ Dictionary::~Dictionary()
         release(value);
 }
 
+Set::~Set()
+{
+    for (HostObject* const member : members)
+        release(member);
+}
+
+void Set::add(HostObject* member)
+{
+    retain(member);
+    members.push_back(member);
+}
+
 HostObject* Dictionary::objectForKey(const std::string& key) const
 {
     const auto entry = entries.find(key);

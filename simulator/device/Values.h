@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace panotra::sim {
 
@@ -37,6 +38,13 @@ struct Dictionary : HostObject {
     void adopt(const std::string& key, HostObject* value) { entries[key] = value; }
     /// Null where the key is absent. Borrowed.
     HostObject* objectForKey(const std::string& key) const;
+};
+
+/// Objects, each once.
+struct Set : HostObject {
+    std::vector<HostObject*> members; ///< counted
+    ~Set() override;
+    void add(HostObject* member);
 };
 
 struct Data : HostObject {

@@ -92,7 +92,7 @@ struct View : HostObject {
     Rect frame() const;
     /// Puts the centre at the middle of `frame` and fits the bounds to it through the inverse of the transform; a
     /// transform that flattens the view leaves the bounds as they are.
-    void setFrame(Rect frame);
+    virtual void setFrame(Rect frame);
     void setCenter(Point point);
     void setTransform(Transform value);
     void setAlpha(double value);
@@ -135,7 +135,10 @@ private:
 struct Window : View {
     double level = 0;
     bool shown = false; ///< makeKeyAndVisible was called
-    /// Traced as `windowShown`.
+    HostObject* scene = nullptr; ///< counted
+    ~Window() override;
+    void setScene(HostObject* value);
+    /// Traced as `windowShown`. Where windows belong to scenes, one without a scene is not shown.
     void makeKeyAndVisible();
 };
 

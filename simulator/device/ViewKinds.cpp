@@ -1,6 +1,7 @@
 /// Windows, labels, image views, backdrops and recognisers.
 #include "simulator/device/AnimatedSetting.h"
 #include "simulator/device/ClassTable.h"
+#include "simulator/device/HomeScreen.h"
 #include "simulator/device/View.h"
 
 #include <algorithm>
@@ -44,8 +45,21 @@ const char* nearestWeightName(double weight)
     return std::ranges::min_element(fontWeights, {}, distance)->name;
 }
 
+Window::~Window()
+{
+    release(scene);
+}
+
+void Window::setScene(HostObject* value)
+{
+    retain(value);
+    release(std::exchange(scene, value));
+}
+
 void Window::makeKeyAndVisible()
 {
+    if (scene == nullptr && Device::current()->home->windowScene() != nullptr)
+        return;
     shown = true;
     Device::current()->trace("windowShown");
 }

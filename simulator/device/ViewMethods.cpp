@@ -29,14 +29,6 @@ HostObject* hitTest(HostObject* self, Selector, Point point, HostObject*)
     return static_cast<View*>(self)->hitTest(point);
 }
 
-/// `setFrame:` of both status bars: the bar is a fixture of the screen and does not move.
-void setStatusBarFrame(HostObject* self, Selector, Rect frame)
-{
-    process().trace("statusBarFrame", [&] {
-        return Json { { "class", self->isa->name }, { "frame", { frame.x, frame.y, frame.width, frame.height } } };
-    });
-}
-
 void setContinuousCorners(HostObject* self, Selector, bool continuous)
 {
     if (View* const view = static_cast<LayerObject*>(self)->view)
@@ -75,8 +67,8 @@ void addViewMethods(ClassTable& classes)
         { "UIView", "initWithFrame:", implementation(initWithFrame) },
         { "UIView", "setFrame:", implementation(setFrame) },
         { "UIView", "hitTest:withEvent:", implementation(hitTest) },
-        { "UIStatusBar", "setFrame:", implementation(setStatusBarFrame) },
-        { "_UIStatusBar", "setFrame:", implementation(setStatusBarFrame) },
+        { "UIStatusBar", "setFrame:", implementation(setFrame) },
+        { "_UIStatusBar", "setFrame:", implementation(setFrame) },
         { "CALayer", "setContinuousCorners:", implementation(setContinuousCorners) },
         { "UIScreen", "bounds", implementation(bounds) },
         { "UIScreen", "scale", implementation(scale) },

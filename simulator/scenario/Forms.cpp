@@ -6,6 +6,7 @@
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"
+#include "simulator/device/SystemShape.h"
 #include "simulator/scenario/Player.h"
 
 #include <algorithm>
@@ -45,11 +46,6 @@ constexpr double referenceScale = 2;
 /// The type of a motion event that is a shake.
 constexpr std::int64_t shakeMotion = 1;
 
-void setClassPresent(Device& device, const Arguments& a, bool present)
-{
-    device.classes->setPresent(a.text(0), present);
-}
-
 void setPreference(Device& device, const Arguments& a, const Json& value)
 {
     device.preferences->set(a.text(0), a.text(1), value);
@@ -67,8 +63,11 @@ constexpr std::array forms {
         [](Player& p, const Arguments& a) {
             setScreen(*p.device().screen, a.number(0), a.number(1), referenceScale, false);
         }),
-    Form("lack CLASS", BeforeLoad, [](Player& p, const Arguments& a) { setClassPresent(p.device(), a, false); }),
-    Form("have CLASS", BeforeLoad, [](Player& p, const Arguments& a) { setClassPresent(p.device(), a, true); }),
+    Form("ios SYSTEM", BeforeLoad,
+        [](Player& p, const Arguments& a) { takeShape(p.device(), static_cast<int>(a.integer(0))); }),
+    Form(
+        "lack CLASS", BeforeLoad, [](Player& p, const Arguments& a) { setClassPresent(p.device(), a.text(0), false); }),
+    Form("have CLASS", BeforeLoad, [](Player& p, const Arguments& a) { setClassPresent(p.device(), a.text(0), true); }),
 
     // The host, changed without telling the library.
     Form("route NAME|nil", Always, [](Player& p, const Arguments& a) { p.device().audio->route = a.optionalText(0); }),

@@ -18,7 +18,7 @@ namespace panotra::sim {
 
 class Player;
 
-enum class Kind { Text, Number, NumberAboveZero, NumberNotBelowZero, Level, Integer, Slot, State };
+enum class Kind { Text, Number, NumberAboveZero, NumberNotBelowZero, Level, Integer, Slot, State, System };
 
 /// A name for an argument in the table below, with what it stands for.
 struct Placeholder {
@@ -66,6 +66,7 @@ inline constexpr std::array placeholders {
     Placeholder { "TYPE", Kind::Integer, "a whole number of 64 bits" },
     Placeholder { "SLOT", Kind::Slot, { numberOfASlot.data(), numberOfASlot.size() } },
     Placeholder { "STATE", Kind::State, "a whole number of 64 bits without sign" },
+    Placeholder { "SYSTEM", Kind::System, "a whole number from 9 to 16" },
 };
 
 /// One word of a syntax.

@@ -5,6 +5,7 @@
 #include "simulator/scenario/Forms.h"
 #include "simulator/scenario/Numbers.h"
 #include "simulator/scenario/Text.h"
+#include "simulator/systems/Systems.h"
 
 #include <algorithm>
 #include <limits>
@@ -17,6 +18,27 @@ namespace {
 
 constexpr std::int64_t firstSlot = 0;
 constexpr std::int64_t lastSlot = volumeSlotCount - 1;
+
+/// The lines of commands after which others may not stand, mistaken ones included: otherwise every line after a
+/// mistaken `load` would be called a mistake too.
+struct EarlierLines {
+    std::optional<std::size_t> load;
+    std::optional<std::size_t> system; ///< `ios`
+    std::optional<std::size_t> presence; ///< the first `lack` or `have`
+
+    void note(const Line& line)
+    {
+        if (line.words.empty())
+            return;
+        const auto& name = line.words.front().text;
+        auto* const place = name == "load"     ? &load
+            : name == "ios"                    ? &system
+            : name == "lack" || name == "have" ? &presence
+                                               : nullptr;
+        if (place != nullptr && !*place)
+            *place = line.number;
+    }
+};
 
 /// "a", "a or b", "a, b or c".
 std::string listed(const std::vector<std::string_view>& alternatives)
@@ -90,6 +112,9 @@ std::optional<Arguments::Value> valueOf(const std::string& word, Kind kind)
         return within(parseInteger<std::int64_t>(word), firstSlot, lastSlot);
     case Kind::State:
         return within(parseInteger<std::uint64_t>(word));
+    case Kind::System:
+        return within(
+            parseInteger<std::int64_t>(word), std::int64_t { systems::oldest }, std::int64_t { systems::newest });
     }
     return std::nullopt;
 }
@@ -108,15 +133,17 @@ public:
         }
     }
 
-    /// `loadLine`: the line of an earlier `load`, if any. None after complaints.
-    std::optional<Command> check(std::optional<std::size_t> loadLine)
+    /// None after complaints.
+    std::optional<Command> check(const EarlierLines& earlier)
     {
         const auto mistakesBefore = m_mistakes.size();
         if (m_forms.empty()) {
             complain(inQuotes(name()), "a command" + suggestion(name()));
             return std::nullopt;
         }
-        checkPhase(m_forms.front()->phase, loadLine);
+        checkPhase(m_forms.front()->phase, earlier.load);
+        if (name() == "ios" && !earlier.load)
+            checkSystemPlace(earlier);
         Command command {
             .line = m_line.number,
             .source = m_line.source,
@@ -146,6 +173,15 @@ private:
             complain(name() + " after load" + line, "it before load");
         else if (phase == Phase::Load && loadLine)
             complain("a second load", "only the first" + line);
+    }
+
+    /// What is lacking is lacking of a system's classes, so that the system comes first.
+    void checkSystemPlace(const EarlierLines& earlier)
+    {
+        if (earlier.system)
+            complain("a second ios", "only the first (line " + std::to_string(*earlier.system) + ")");
+        else if (earlier.presence)
+            complain("ios after lack or have (line " + std::to_string(*earlier.presence) + ")", "it before them");
     }
 
     /// The form that the words follow, by its fixed words and their number; null after a complaint.
@@ -247,15 +283,13 @@ private:
 Scenario parseScenario(std::string_view text)
 {
     Scenario scenario;
-    std::optional<std::size_t> loadLine;
+    EarlierLines earlier;
     for (const auto& line : readLines(text)) {
         if (line.mistake)
             scenario.mistakes.push_back({ line.number, *line.mistake });
-        else if (auto command = LineChecker(line, scenario.mistakes).check(loadLine))
+        else if (auto command = LineChecker(line, scenario.mistakes).check(earlier))
             scenario.commands.push_back(std::move(*command));
-        // Even a mistaken `load` is one: otherwise every event after it would be called a mistake too.
-        if (!loadLine && !line.words.empty() && line.words.front().text == "load")
-            loadLine = line.number;
+        earlier.note(line);
     }
     return scenario;
 }

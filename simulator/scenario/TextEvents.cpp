@@ -30,7 +30,7 @@ constexpr std::array wordings {
     Wording { "announced", "{category} {level%}, {reason}" },
     Wording { "activeVolume", "{named?named:unnamed}" },
     Wording { "setVolume", "{category} {level%}" },
-    Wording { "indicator", "{by}[ for {delay} s][ mode {mode}, {level%}]" },
+    Wording { "indicator", "{by}[ for {delay} s][ mode {mode},][ {level%}]" },
     Wording { "reoriented", "{flag}" },
     Wording { "statusBarFrame", "{class} {frame}" },
     Wording { "sound", "[type {type}]{type?:untyped}" },

@@ -17,8 +17,9 @@ hooks                       | standard | hooks controller views model platform f
 platform/simulated          | standard | platform/simulated platform simulator/device facts
 platform/ios                | any      | platform/ios platform facts
 simulator/preferences       | any      | simulator/preferences facts
-simulator/device            | any      | simulator/device simulator/preferences facts
-simulator/scenario          | any      | simulator/scenario simulator/device facts
+simulator/systems           | standard | simulator/systems
+simulator/device            | any      | simulator/device simulator/preferences simulator/systems facts
+simulator/scenario          | any      | simulator/scenario simulator/device simulator/systems facts
 simulator/render            | any      | simulator/render simulator/device facts
 simulator/picture           | any      | simulator/picture simulator/render simulator/scenario simulator/device simulator facts
 simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator facts

@@ -114,11 +114,11 @@ const DeviceCall deviceCalls[] = {
         "getActiveCategoryVolume:andName:fallbackCategory:", sim::implementation(sendGetActiveCategoryVolume) },
     { "AVSystemController", "setVolumeTo:forCategory:", message<bool(float, HostObject*)>() },
     { "SBSoundController",
-        "playSound:environments:completion:", message<bool(HostObject*, std::uint64_t, HostObject*)>() },
+        "playSound:environments:completion:", message<bool(HostObject*, std::int64_t, HostObject*)>() },
     { "SBMediaController", "setRingerMuted:", message<void(bool)>() },
     { "SBHUDController", "presentHUDView:autoDismissWithDelay:", message<void(HostObject*, double)>() },
     { "SBHUDController", "reorientHUDIfNeeded:", message<void(bool)>() },
-    { "VolumeControl", "_presentVolumeHUDWithMode:volume:", message<void(std::int64_t, float)>() },
+    { "VolumeControl", "_presentVolumeHUDWithMode:volume:", message<void(std::int32_t, float)>() },
     { "UIStatusBar", "setFrame:", message<void(sim::Rect)>() },
     { "_UIStatusBar", "setFrame:", message<void(sim::Rect)>() },
 };

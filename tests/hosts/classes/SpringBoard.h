@@ -29,7 +29,7 @@ id sharedObject(const char* className);
     BOOL _volumeDownButtonIsDown;
 }
 + (id)sharedVolumeControl;
-- (void)_presentVolumeHUDWithMode:(long)mode volume:(float)volume;
+- (void)_presentVolumeHUDWithMode:(int)mode volume:(float)volume;
 @end
 
 @interface SBHUDController : DeviceObject
@@ -37,12 +37,12 @@ id sharedObject(const char* className);
 - (void)reorientHUDIfNeeded:(BOOL)flag;
 @end
 
-@interface SBSound : DeviceObject
+@interface SBUISound : DeviceObject
 - (long)soundType;
 @end
 
 @interface SBSoundController : DeviceObject
-- (BOOL)playSound:(id)sound environments:(unsigned long)environments completion:(id)completion;
+- (BOOL)playSound:(id)sound environments:(long)environments completion:(id)completion;
 @end
 
 @interface SBMediaController : DeviceObject

@@ -95,9 +95,9 @@ id sharedObject(const char* className)
     return [sharedObject("VolumeControl") updated];
 }
 
-- (void)_presentVolumeHUDWithMode:(long)mode volume:(float)volume
+- (void)_presentVolumeHUDWithMode:(int)mode volume:(float)volume
 {
-    hosts::callOwn<void>("VolumeControl", hosts::peerOf(self), _cmd, std::int64_t { mode }, volume);
+    hosts::callOwn<void>("VolumeControl", hosts::peerOf(self), _cmd, std::int32_t { mode }, volume);
 }
 
 @end
@@ -116,21 +116,21 @@ id sharedObject(const char* className)
 
 @end
 
-@implementation SBSound
+@implementation SBUISound
 
 - (long)soundType
 {
-    return hosts::callOwn<std::int64_t>("SBSound", hosts::peerOf(self), _cmd);
+    return hosts::callOwn<std::int64_t>("SBUISound", hosts::peerOf(self), _cmd);
 }
 
 @end
 
 @implementation SBSoundController
 
-- (BOOL)playSound:(id)sound environments:(unsigned long)environments completion:(id)completion
+- (BOOL)playSound:(id)sound environments:(long)environments completion:(id)completion
 {
     return hosts::callOwn<bool>("SBSoundController", hosts::peerOf(self), _cmd, hosts::deviceObjectFor(sound),
-        std::uint64_t { environments }, hosts::deviceObjectFor(completion));
+        std::int64_t { environments }, hosts::deviceObjectFor(completion));
 }
 
 @end

@@ -126,7 +126,7 @@ TEST_F(ServicesTest, AHandledGestureIsReportedANeglectedOneIsNot)
 TEST_F(ServicesTest, EventsAndSoundsHaveTypes)
 {
     EXPECT_EQ(adopt<UIEvent>(device.classes->make<sim::Event>("UIEvent", UIEventTypeMotion)).type(), 1);
-    const auto sound = adopt<SBSound>(device.classes->make<sim::Sound>("SBSound", 5));
+    const auto sound = adopt<SBSound>(device.classes->make<sim::Sound>("SBUISound", 5));
     EXPECT_TRUE(sound.respondsToSelector("soundType"));
     EXPECT_EQ(sound.soundType(), 5);
     EXPECT_FALSE(adopt<SBSound>(device.classes->make<HostObject>("NSObject")).respondsToSelector("soundType"));

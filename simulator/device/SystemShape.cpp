@@ -1,0 +1,118 @@
+/// Classes, methods and variables put in and taken out by the rows of the table of systems.
+#include "simulator/device/SystemShape.h"
+
+#include "simulator/device/ClassTable.h"
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/PlatformMethods.h"
+#include "simulator/systems/Systems.h"
+
+#include <algorithm>
+#include <cassert>
+#include <string_view>
+
+namespace panotra::sim {
+
+namespace {
+
+using systems::allRows;
+using systems::Kind;
+using systems::Place;
+using systems::Row;
+
+/// Whether any row of the same thing is on the system: a method whose type changed has more than one.
+bool isOn(const Row& row, int system)
+{
+    return std::ranges::any_of(allRows(), [&](const Row& other) {
+        return other.kind == row.kind && std::string_view(other.owner) == row.owner
+            && (row.kind == Kind::Class || std::string_view(other.name) == row.name) && other.isOn(system);
+    });
+}
+
+void shapeClasses(ClassTable& classes, int system)
+{
+    for (const Row& row : allRows()) {
+        if (row.kind != Kind::Class)
+            continue;
+        if (row.isOn(system))
+            classes.add(row.owner, row.name);
+        else if (!isOn(row, system))
+            classes.setPresent(row.owner, false);
+    }
+}
+
+void shapeMethod(ClassTable& classes, const Row& row, int system)
+{
+    HostClass& owner = classes.platformClass(row.owner);
+    auto& methods = row.kind == Kind::Method ? owner.methods : owner.classMethods;
+    const HostSelector* const name = selector(row.name);
+    if (!isOn(row, system) || row.place == Place::Inherited)
+        methods.erase(name);
+    else if (const auto implementation = laterImplementation(row.owner, row.name))
+        methods[name] = implementation;
+}
+
+/// What the device keeps for an instance variable of the buttons' object.
+std::int64_t (*readerOf(std::string_view variable))()
+{
+    if (variable == "_mode")
+        return [] {
+            return process().home->volumeMode;
+        };
+    if (variable == "_volumeUpButtonIsDown")
+        return [] {
+            return std::int64_t { process().home->volumeUpIsDown };
+        };
+    assert(variable == "_volumeDownButtonIsDown");
+    return [] {
+        return std::int64_t { process().home->volumeDownIsDown };
+    };
+}
+
+void shapeVariable(ClassTable& classes, const Row& row, int system)
+{
+    auto& fields = classes.platformClass(row.owner).fields;
+    std::erase_if(fields, [&row](const HostField& field) { return field.name == row.name; });
+    if (row.isOn(system))
+        fields.push_back({ row.name, row.type[0], 0, readerOf(row.name), nullptr });
+}
+
+} // namespace
+
+void takeShape(Device& device, int system)
+{
+    assert(!device.system);
+    device.system = system;
+    ClassTable& classes = *device.classes;
+    shapeClasses(classes, system);
+    for (const Row& row : allRows()) {
+        if (row.kind == Kind::Method || row.kind == Kind::ClassMethod)
+            shapeMethod(classes, row, system);
+        else if (row.kind == Kind::Variable)
+            shapeVariable(classes, row, system);
+    }
+}
+
+void setClassPresent(Device& device, const std::string& name, bool present)
+{
+    device.classes->setPresent(name, present);
+    if (!device.system)
+        return;
+    for (const Row& row : allRows()) {
+        if (row.kind == Kind::Class && row.isOn(*device.system) && row.insteadOf != nullptr && name == row.insteadOf)
+            device.classes->setPresent(row.owner, present);
+    }
+}
+
+const char* currentKey(const Device& device, const char* key)
+{
+    if (!device.system)
+        return key;
+    const auto row = std::ranges::find_if(allRows(), [&](const Row& each) {
+        return each.kind == Kind::Key && each.isOn(*device.system)
+            && std::string_view(key) == (each.insteadOf != nullptr ? each.insteadOf : each.name);
+    });
+    assert(row != allRows().end());
+    return row->name;
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,20 @@
+/// The shape of one system: the device's process has what the table of systems says, no more of it and no less.
+#pragma once
+
+#include "simulator/device/Device.h"
+
+#include <string>
+
+namespace panotra::sim {
+
+/// Gives the process the shape of that system, 9 to 16. Before the library comes into it, and once.
+void takeShape(Device& device, int system);
+
+/// Makes a class lacking or present, and with it the one that took its place on the device's system: what a scenario
+/// says of the buttons' class it says of the buttons.
+void setClassPresent(Device& device, const std::string& name, bool present);
+
+/// What the device's system calls the key of an announcement that was called `key` first.
+const char* currentKey(const Device& device, const char* key);
+
+} // namespace panotra::sim
