@@ -18,8 +18,8 @@ constexpr double resetSeconds = 0.15;
 
 bool isVolumeButtonHeld()
 {
-    return VolumeControl::sharedVolumeControl().valueForKey("_volumeDownButtonIsDown").boolValue()
-        || VolumeControl::sharedVolumeControl().valueForKey("_volumeUpButtonIsDown").boolValue();
+    return VolumeControl::current().valueForKey(volumeDownButtonIsDown).boolValue()
+        || VolumeControl::current().valueForKey(volumeUpButtonIsDown).boolValue();
 }
 
 } // namespace

@@ -5,6 +5,29 @@
 #include "platform/SpringBoard.h"
 
 namespace panotra {
+namespace {
+
+/// Where the home screen has no such duration it comes with every change of the orientation, and the last one holds.
+double rotationDuration()
+{
+    const SpringBoard home = SpringBoard::sharedApplication();
+    if (home && !home.respondsToSelector("windowRotationDuration"))
+        return processValues.rotationDuration;
+    return home.windowRotationDuration();
+}
+
+/// The bar beside which a banner in landscape stands; null while it is hidden.
+UIView shownStatusBar()
+{
+    const SpringBoard home = SpringBoard::sharedApplication();
+    if (home && !home.respondsToSelector("isSpringBoardStatusBarHidden")) {
+        const UIView bar = home.statusBarForEmbeddedDisplay();
+        return bar.isHidden() ? nullptr : bar;
+    }
+    return home.isSpringBoardStatusBarHidden() ? nullptr : UIApplication::sharedApplication().statusBar();
+}
+
+} // namespace
 
 CGAffineTransform PNOController::rootViewTransform() const
 {
@@ -36,7 +59,7 @@ void PNOController::turnRootView(std::int64_t orientation) const
 {
     if (processValues.justCreated)
         return;
-    double duration = SpringBoard::sharedApplication().windowRotationDuration();
+    double duration = rotationDuration();
     if (isHalfTurn(processValues.previousOrientation, orientation))
         duration *= 2;
     UIView::animateWithDuration(duration, 0, UIViewAnimationOptionAllowUserInteraction,
@@ -77,9 +100,8 @@ void PNOController::centerBanner(Aspect aspect) const
     CGFloat x = root.x;
     if (aspect == Aspect::Landscape) {
         // The root view is turned a quarter: its y runs across the screen.
-        x = SpringBoard::sharedApplication().isSpringBoardStatusBarHidden()
-            ? root.y
-            : UIApplication::sharedApplication().statusBar().center().x;
+        const UIView bar = shownStatusBar();
+        x = bar ? bar.center().x : root.y;
     }
     self->_containerView.setCenter({ x, self->_containerView.center().y });
 }

@@ -1,6 +1,7 @@
 /// createUI: what the overlay is built of, in which order, and how it fades in.
 #include "controller/PNOController.h"
 #include "model/ProcessValues.h"
+#include "platform/SpringBoard.h"
 #include "views/MixerMaterials.h"
 
 namespace panotra {
@@ -50,6 +51,15 @@ void shapeContainer(const UIView& container, CGFloat cornerRadius)
     layer.setBorderWidth(panelBorderWidth);
 }
 
+/// Where windows belong to scenes, one that belongs to none is never seen.
+void joinScene(const UIWindow& window)
+{
+    if (objc_getClass("UIWindowScene") == nullptr)
+        return;
+    if (const UIWindowScene scene = UIApplication::sharedApplication().connectedWindowScene())
+        window.setWindowScene(scene);
+}
+
 } // namespace
 
 void PNOController::createUI() const
@@ -80,6 +90,7 @@ void PNOController::buildWindow() const
 {
     InstanceVariables* const self = fields();
     self->_window = PNOWindow::initWithFrame(CGRectMake(0, 0, self->_boundsWidth, self->_boundsHeight));
+    joinScene(self->_window);
     self->_window.setWindowLevel(UIWindowLevelAlert + levelAboveAlerts);
 
     self->_rootView = UIView::initWithFrame(self->_window.frame());

@@ -39,8 +39,12 @@ NSString PNOController::pickedRoute() const
 {
     if (fields() == nullptr)
         return nullptr;
-    return NSString::checked(
-        AVSystemController::sharedAVSystemController().attributeForKey(AVController_ActiveAudioRouteAttribute));
+    const AVSystemController audio = AVSystemController::sharedAVSystemController();
+    NSString route = NSString::checked(audio.attributeForKey(AVController_ActiveAudioRouteAttribute));
+    // Later systems answer only attributes that they list; whether this is one is not known of all of them.
+    if (!route && audio)
+        route = NSString::checked(SBAVSystemControllerCache::sharedInstance().activeAudioRoute());
+    return route;
 }
 
 } // namespace panotra

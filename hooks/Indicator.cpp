@@ -41,10 +41,35 @@ void hooks::presentHUDView(id self, SEL selector, id view, double autoDismissDel
         previous.presentHUDView(self, selector, view, autoDismissDelay);
 }
 
-void hooks::presentVolumeHUD(id self, SEL selector, std::int64_t mode, float volume) noexcept
+void hooks::presentHUD(id self, SEL selector, id model, bool animated) noexcept
 {
     if (mayShowIndicator())
-        previous.presentVolumeHUD(self, selector, mode, volume);
+        previous.presentHUD(self, selector, model, animated);
+}
+
+void hooks::presentVolumeHUDWithMode(id self, SEL selector, std::int32_t mode, float volume) noexcept
+{
+    if (mayShowIndicator())
+        previous.presentVolumeHUDWithMode(self, selector, mode, volume);
+}
+
+void hooks::presentVolumeHUD(id self, SEL selector, float volume) noexcept
+{
+    if (mayShowIndicator())
+        previous.presentVolumeHUD(self, selector, volume);
+}
+
+/// The ringer's indicator has ways of its own on systems whose ringer has.
+void hooks::activateRingerHUDFromMuteSwitch(id self, SEL selector, std::int32_t source) noexcept
+{
+    if (mayShowIndicator())
+        previous.activateRingerHUDFromMuteSwitch(self, selector, source);
+}
+
+void hooks::activateRingerHUD(id self, SEL selector, std::int32_t kind, float volume, std::uint64_t source) noexcept
+{
+    if (mayShowIndicator())
+        previous.activateRingerHUD(self, selector, kind, volume, source);
 }
 
 void hooks::reorientHUDIfNeeded(id self, SEL selector, bool flag) noexcept
@@ -52,6 +77,15 @@ void hooks::reorientHUDIfNeeded(id self, SEL selector, bool flag) noexcept
     previous.reorientHUDIfNeeded(self, selector, flag);
     if (flag)
         PNOController::sharedInstance().layoutSubviews();
+}
+
+/// On systems whose indicator is not re-oriented any more: every change of the orientation, with its duration.
+void hooks::noteInterfaceOrientationChanged(
+    id self, SEL selector, std::int64_t orientation, double duration, id logMessage) noexcept
+{
+    previous.noteInterfaceOrientationChanged(self, selector, orientation, duration, logMessage);
+    processValues.rotationDuration = duration;
+    PNOController::sharedInstance().layoutSubviews();
 }
 
 void hooks::setStatusBarFrame(id self, SEL selector, CGRect frame) noexcept
@@ -66,7 +100,7 @@ void hooks::setModernStatusBarFrame(id self, SEL selector, CGRect frame) noexcep
     PNOController::sharedInstance().layoutSubviews();
 }
 
-bool hooks::playSound(id self, SEL selector, id sound, std::uint64_t environments, id completion) noexcept
+bool hooks::playSound(id self, SEL selector, id sound, std::int64_t environments, id completion) noexcept
 {
     const auto played = retained<SBSound>(sound);
     if (played.respondsToSelector("soundType") && played.soundType() != ringerLevelSoundType)

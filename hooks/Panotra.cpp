@@ -3,12 +3,14 @@
 
 #include "controller/PNOController.h"
 #include "facts/PublicNames.h"
+#include "hooks/HostTables.h"
 #include "hooks/PreviousImplementations.h"
 #include "model/ProcessValues.h"
 #include "platform/MethodReplacement.h"
 #include "platform/Notify.h"
 
-#include <array>
+#include <cstddef>
+#include <span>
 #include <string_view>
 
 namespace panotra {
@@ -17,80 +19,85 @@ constinit PreviousImplementations previous;
 
 namespace {
 
-struct Hook {
-    const char* className;
-    const char* method;
-    IMP replacement;
+/// A function of ours, and where what it replaces is kept.
+struct HookFunction {
+    Hook hook;
+    IMP implementation;
     IMP* previous;
 };
 
-template <typename Function> IMP implementation(Function* function)
+template <typename Result, typename... Arguments>
+HookFunction function(Hook hook, Result (*implementation)(id, SEL, Arguments...) noexcept,
+    PreviousImplementation<Result(Arguments...)>& replaced)
 {
-    return reinterpret_cast<IMP>(function);
+    return { hook, reinterpret_cast<IMP>(implementation), &replaced.implementation };
 }
 
-/// A class is looked up once for all its hooks: rows of one class follow each other.
-template <std::size_t count> void install(const std::array<Hook, count>& hooks)
+HookFunction functionOf(Hook hook)
+{
+    const HookFunction functions[] = {
+        function(Hook::MotionBegan, hooks::motionBegan, previous.motionBegan),
+        function(Hook::ApplicationDidFinishLaunching, hooks::applicationDidFinishLaunching,
+            previous.applicationDidFinishLaunching),
+        function(Hook::GetActiveCategoryVolume, hooks::getActiveCategoryVolume, previous.getActiveCategoryVolume),
+        function(Hook::PostEffectiveVolumeNotification, hooks::postEffectiveVolumeNotification,
+            previous.postEffectiveVolumeNotification),
+        function(Hook::SetVolumeTo, hooks::setVolumeTo, previous.setVolumeTo),
+        function(Hook::PlaySound, hooks::playSound, previous.playSound),
+        function(Hook::SetRingerMuted, hooks::setRingerMuted, previous.setRingerMuted),
+        function(Hook::ActivateRingerHUDFromMuteSwitch, hooks::activateRingerHUDFromMuteSwitch,
+            previous.activateRingerHUDFromMuteSwitch),
+        function(Hook::ActivateRingerHUD, hooks::activateRingerHUD, previous.activateRingerHUD),
+        function(Hook::PresentHUDView, hooks::presentHUDView, previous.presentHUDView),
+        function(Hook::PresentHUD, hooks::presentHUD, previous.presentHUD),
+        function(Hook::ReorientHUDIfNeeded, hooks::reorientHUDIfNeeded, previous.reorientHUDIfNeeded),
+        function(Hook::NoteInterfaceOrientationChanged, hooks::noteInterfaceOrientationChanged,
+            previous.noteInterfaceOrientationChanged),
+        function(Hook::PresentVolumeHUDWithMode, hooks::presentVolumeHUDWithMode, previous.presentVolumeHUDWithMode),
+        function(Hook::PresentVolumeHUD, hooks::presentVolumeHUD, previous.presentVolumeHUD),
+        function(Hook::SetStatusBarFrame, hooks::setStatusBarFrame, previous.setStatusBarFrame),
+        function(Hook::SetModernStatusBarFrame, hooks::setModernStatusBarFrame, previous.setModernStatusBarFrame),
+    };
+    return functions[static_cast<std::size_t>(hook)];
+}
+
+/// A class is looked up once for all its hooks that follow each other.
+void install(std::span<const HookRow> rows)
 {
     const char* className = nullptr;
     Class hostClass = nullptr;
-    for (const Hook& hook : hooks) {
-        if (className == nullptr || std::string_view(hook.className) != className) {
-            className = hook.className;
+    bool isFound = false; // a row since the last `Always` found its method
+    bool isAboveFound = false; // the row above did
+    for (const HookRow& row : rows) {
+        if (row.turn == Always)
+            isFound = isAboveFound = false;
+        if ((row.turn == OrElse && isFound) || (row.turn == AndAlso && !isAboveFound)) {
+            isAboveFound = false;
+            continue;
+        }
+        if (className == nullptr || std::string_view(row.className) != className) {
+            className = row.className;
             hostClass = objc_getClass(className);
         }
-        replaceMethod(hostClass, hook.method, hook.replacement, hook.previous);
+        const HookFunction function = functionOf(row.hook);
+        replaceMethod(hostClass, row.method, function.implementation, function.previous);
+        isAboveFound = *function.previous != nullptr;
+        isFound = isFound || isAboveFound;
     }
 }
 
-/// In every process.
-void installShakeHook()
-{
-    install(std::array {
-        Hook { "UIResponder", "motionBegan:withEvent:", implementation(hooks::motionBegan),
-            &previous.motionBegan.implementation },
-    });
-}
-
-/// In the home screen, in this order.
-void installSpringBoardHooks()
-{
-    constexpr const char* audio = "AVSystemController";
-    install(std::array {
-        Hook { "SpringBoard", "applicationDidFinishLaunching:", implementation(hooks::applicationDidFinishLaunching),
-            &previous.applicationDidFinishLaunching.implementation },
-        Hook { audio, "getActiveCategoryVolume:andName:fallbackCategory:",
-            implementation(hooks::getActiveCategoryVolume), &previous.getActiveCategoryVolume.implementation },
-        Hook { audio, "postEffectiveVolumeNotification:", implementation(hooks::postEffectiveVolumeNotification),
-            &previous.postEffectiveVolumeNotification.implementation },
-        Hook { audio, "setVolumeTo:forCategory:", implementation(hooks::setVolumeTo),
-            &previous.setVolumeTo.implementation },
-        Hook { "SBSoundController", "playSound:environments:completion:", implementation(hooks::playSound),
-            &previous.playSound.implementation },
-        Hook { "SBMediaController", "setRingerMuted:", implementation(hooks::setRingerMuted),
-            &previous.setRingerMuted.implementation },
-        Hook { "SBHUDController", "presentHUDView:autoDismissWithDelay:", implementation(hooks::presentHUDView),
-            &previous.presentHUDView.implementation },
-        Hook { "SBHUDController", "reorientHUDIfNeeded:", implementation(hooks::reorientHUDIfNeeded),
-            &previous.reorientHUDIfNeeded.implementation },
-        Hook { "VolumeControl", "_presentVolumeHUDWithMode:volume:", implementation(hooks::presentVolumeHUD),
-            &previous.presentVolumeHUD.implementation },
-        Hook { "UIStatusBar", "setFrame:", implementation(hooks::setStatusBarFrame),
-            &previous.setStatusBarFrame.implementation },
-        Hook { "_UIStatusBar", "setFrame:", implementation(hooks::setModernStatusBarFrame),
-            &previous.setModernStatusBarFrame.implementation },
-    });
-}
+constexpr std::span<const HookRow> everywhere { hookRows.data(), 1 };
+constexpr std::span<const HookRow> inSpringBoard { hookRows.data() + 1, hookRows.size() - 1 };
 
 } // namespace
 
 void constructor() noexcept
 {
-    installShakeHook();
+    install(everywhere);
     notify_register_check(notification::shakeState, &processValues.shakeToken);
     if (!isSpringBoardProcess())
         return;
-    installSpringBoardHooks();
+    install(inSpringBoard);
     addDarwinObserver(notification::ownSettingsChanged, settingsChanged);
     addDarwinObserver(notification::siblingSettingsChanged, brv2SettingsChanged);
     notify_register_check(notification::screenChanged, &processValues.screenToken);

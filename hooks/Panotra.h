@@ -32,11 +32,16 @@ void applicationDidFinishLaunching(id self, SEL, id application) noexcept;
 bool getActiveCategoryVolume(id self, SEL, float* volume, id* name, id fallbackCategory) noexcept;
 void postEffectiveVolumeNotification(id self, SEL, id notification) noexcept;
 bool setVolumeTo(id self, SEL, float level, id category) noexcept;
-bool playSound(id self, SEL, id sound, std::uint64_t environments, id completion) noexcept;
+bool playSound(id self, SEL, id sound, std::int64_t environments, id completion) noexcept;
 void setRingerMuted(id self, SEL, bool muted) noexcept;
+void activateRingerHUDFromMuteSwitch(id self, SEL, std::int32_t source) noexcept;
+void activateRingerHUD(id self, SEL, std::int32_t kind, float volume, std::uint64_t source) noexcept;
 void presentHUDView(id self, SEL, id view, double autoDismissDelay) noexcept;
+void presentHUD(id self, SEL, id model, bool animated) noexcept;
 void reorientHUDIfNeeded(id self, SEL, bool flag) noexcept;
-void presentVolumeHUD(id self, SEL, std::int64_t mode, float volume) noexcept;
+void noteInterfaceOrientationChanged(id self, SEL, std::int64_t orientation, double duration, id logMessage) noexcept;
+void presentVolumeHUDWithMode(id self, SEL, std::int32_t mode, float volume) noexcept;
+void presentVolumeHUD(id self, SEL, float volume) noexcept;
 void setStatusBarFrame(id self, SEL, CGRect frame) noexcept;
 void setModernStatusBarFrame(id self, SEL, CGRect frame) noexcept;
 

@@ -23,18 +23,23 @@ template <typename Result, typename... Arguments> struct PreviousImplementation<
     }
 };
 
-/// One field a row of the hook table.
+/// One field a function of ours.
 struct PreviousImplementations {
     PreviousImplementation<void(std::int64_t, id)> motionBegan; ///< kept like the others, never called
     PreviousImplementation<void(id)> applicationDidFinishLaunching;
     PreviousImplementation<bool(float*, id*, id)> getActiveCategoryVolume;
     PreviousImplementation<void(id)> postEffectiveVolumeNotification;
     PreviousImplementation<bool(float, id)> setVolumeTo;
-    PreviousImplementation<bool(id, std::uint64_t, id)> playSound;
+    PreviousImplementation<bool(id, std::int64_t, id)> playSound;
     PreviousImplementation<void(bool)> setRingerMuted;
+    PreviousImplementation<void(std::int32_t)> activateRingerHUDFromMuteSwitch;
+    PreviousImplementation<void(std::int32_t, float, std::uint64_t)> activateRingerHUD;
     PreviousImplementation<void(id, double)> presentHUDView;
+    PreviousImplementation<void(id, bool)> presentHUD;
     PreviousImplementation<void(bool)> reorientHUDIfNeeded;
-    PreviousImplementation<void(std::int64_t, float)> presentVolumeHUD;
+    PreviousImplementation<void(std::int64_t, double, id)> noteInterfaceOrientationChanged;
+    PreviousImplementation<void(std::int32_t, float)> presentVolumeHUDWithMode;
+    PreviousImplementation<void(float)> presentVolumeHUD;
     PreviousImplementation<void(CGRect)> setStatusBarFrame;
     PreviousImplementation<void(CGRect)> setModernStatusBarFrame;
 };

@@ -4,6 +4,7 @@
 /// the user is remembered, presents the mixer and brings the pair's slider into focus.
 #include "controller/PNOController.h"
 #include "facts/AudioNames.h"
+#include "hooks/HostTables.h"
 #include "hooks/Panotra.h"
 #include "hooks/PreviousImplementations.h"
 #include "model/ProcessValues.h"
@@ -43,9 +44,9 @@ void restoreRingerAfterSound(const AVSystemController& audio)
 }
 
 /// `_mode` is asked for afresh: the host may change it in between.
-std::int64_t volumeMode()
+std::int64_t currentMode()
 {
-    return VolumeControl::sharedVolumeControl().valueForKey("_mode").integerValue();
+    return VolumeControl::current().valueForKey(volumeMode).integerValue();
 }
 
 /// At full volume the sliders always come to rest. In mode 0 every other level but zero is focused, in any other
@@ -54,9 +55,9 @@ bool deservesFocus(double level)
 {
     if (level == 1.0)
         return false;
-    if (volumeMode() == 0 && level != 0.0)
+    if (currentMode() == 0 && level != 0.0)
         return true;
-    return volumeMode() != 0 && level > oneSixteenth;
+    return currentMode() != 0 && level > oneSixteenth;
 }
 
 void recordAndFocus(float level, const NSString& route)
@@ -72,13 +73,20 @@ void recordAndFocus(float level, const NSString& route)
         PNOController::sharedInstance().resetTransforms();
 }
 
+/// What stands under the first of a key's names that is there.
+NSObject valueUnder(const std::array<const char*, 2>& names, const NSDictionary& announcement)
+{
+    NSObject value = announcement.objectForKey(names[0]);
+    return value ? value : announcement.objectForKey(names[1]);
+}
+
 void handleAnnouncement(const AVSystemController& audio, const NSDictionary& announcement)
 {
     processValues.globalCategory.set(NSString::checked(announcement.objectForKey(announcementKey::category)));
     const NSString category = processValues.globalCategory.get();
-    const NSString reason = NSString::checked(announcement.objectForKey(announcementKey::reason));
+    const NSString reason = NSString::checked(valueUnder(reasonKeys, announcement));
     const NSString route = PNOController::sharedInstance().pickedRoute();
-    const float level = announcement.objectForKey(announcementKey::level).floatValue();
+    const float level = valueUnder(levelKeys, announcement).floatValue();
     const float stored = PNOController::sharedInstance().getVolumeLevel(category, route);
     const bool isNewLevel = level != stored;
 

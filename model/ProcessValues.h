@@ -46,6 +46,8 @@ struct ProcessValues {
     // of a process goes without the rotation animation.
     bool justCreated = true;
     std::int64_t previousOrientation = -1;
+    /// What came with the last change of the orientation, where the home screen cannot be asked for it. Seconds.
+    double rotationDuration = 0.3;
 
     // The two singletons, never freed.
     ProcessReference<NSObject> sharedController;

@@ -21,4 +21,14 @@ public:
     NSObject attributeForKey(const char* key) const noexcept;
 };
 
+/// The home screen's own memory of what the audio service said. Not on every system.
+class SBAVSystemControllerCache : public NSObject {
+public:
+    using NSObject::NSObject;
+
+    static SBAVSystemControllerCache sharedInstance() noexcept;
+    /// The active route's name.
+    NSObject activeAudioRoute() const noexcept;
+};
+
 } // namespace panotra

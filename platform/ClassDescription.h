@@ -8,13 +8,13 @@
 
 #include "platform/CoreGraphics.h"
 #include "platform/NSObject.h"
+#include "platform/TypeEncoding.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
-#include <type_traits>
 
 namespace panotra {
 
@@ -57,45 +57,6 @@ id allocate(const ClassDescription&) noexcept;
 id superInit(id self, const ClassDescription&) noexcept;
 /// The block of instance variables. Null for null and for an object of any other class.
 void* instanceVariables(id object, const ClassDescription&) noexcept;
-
-// The type code of a C++ type, for the tables of fields and methods.
-
-template <typename T, typename = void> struct TypeEncoding;
-template <> struct TypeEncoding<void> {
-    static constexpr const char* value = "v";
-};
-template <> struct TypeEncoding<bool> {
-    static constexpr const char* value = "B";
-};
-template <> struct TypeEncoding<float> {
-    static constexpr const char* value = "f";
-};
-template <> struct TypeEncoding<double> {
-    static constexpr const char* value = "d";
-};
-template <> struct TypeEncoding<std::int64_t> {
-    static constexpr const char* value = "q";
-};
-template <> struct TypeEncoding<std::uint16_t> {
-    static constexpr const char* value = "S";
-};
-template <> struct TypeEncoding<CGPoint> {
-    static constexpr const char* value = sizeof(CGFloat) == 8 ? "{CGPoint=dd}" : "{CGPoint=ff}";
-};
-template <> struct TypeEncoding<CGRect> {
-    static constexpr const char* value
-        = sizeof(CGFloat) == 8 ? "{CGRect={CGPoint=dd}{CGSize=dd}}" : "{CGRect={CGPoint=ff}{CGSize=ff}}";
-};
-template <> struct TypeEncoding<CGAffineTransform> {
-    static constexpr const char* value
-        = sizeof(CGFloat) == 8 ? "{CGAffineTransform=dddddd}" : "{CGAffineTransform=ffffff}";
-};
-template <> struct TypeEncoding<CGFloat*> {
-    static constexpr const char* value = sizeof(CGFloat) == 8 ? "^d" : "^f";
-};
-template <typename T> struct TypeEncoding<T, std::enable_if_t<std::is_base_of_v<NSObject, T>>> {
-    static constexpr const char* value = "@";
-};
 
 /// A row of a field table: `offset` is the member's place in the block of instance variables.
 template <typename Member> constexpr InstanceVariable instanceVariable(const char* name, std::size_t offset)

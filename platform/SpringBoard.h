@@ -8,6 +8,24 @@
 
 namespace panotra {
 
+// Keys of the volume buttons: an integer and two booleans.
+inline constexpr const char* volumeMode = "_mode";
+inline constexpr const char* volumeUpButtonIsDown = "_volumeUpButtonIsDown";
+inline constexpr const char* volumeDownButtonIsDown = "_volumeDownButtonIsDown";
+
+/// The hardware volume buttons, whichever class stands for them.
+class VolumeControl : public NSObject {
+public:
+    using NSObject::NSObject;
+
+    /// Of the class `VolumeControl`; null where the process has none.
+    static VolumeControl sharedVolumeControl() noexcept;
+    /// Of the class `SBVolumeControl`; null where the process has none, and where it has no shared instance.
+    static VolumeControl sharedInstance() noexcept;
+    /// The buttons, by the oldest way that the process has.
+    static VolumeControl current() noexcept;
+};
+
 /// The application as UIKit sees it, in any process.
 class UIApplication : public NSObject {
 public:
@@ -18,6 +36,11 @@ public:
     std::int64_t activeInterfaceOrientation() const noexcept;
     /// Private.
     UIView statusBar() const noexcept;
+    /// The first scene of the main screen; null where there is none, and where windows belong to no scenes.
+    UIWindowScene connectedWindowScene() const noexcept;
+    /// Private, of the home screen's own application. The volume buttons on systems that have no shared instance of
+    /// them; null on all others.
+    VolumeControl volumeControl() const noexcept;
 };
 
 /// The application of the home-screen process.
@@ -26,18 +49,12 @@ public:
     using UIApplication::UIApplication;
 
     static SpringBoard sharedApplication() noexcept;
-    /// Seconds.
+    /// Seconds. Not on every system: to be asked only after `respondsToSelector`.
     double windowRotationDuration() const noexcept;
+    /// Not on every system: to be asked only after `respondsToSelector`.
     bool isSpringBoardStatusBarHidden() const noexcept;
-};
-
-/// The hardware volume buttons. Read through the keys `_mode` (integer), `_volumeUpButtonIsDown` and
-/// `_volumeDownButtonIsDown` (booleans).
-class VolumeControl : public NSObject {
-public:
-    using NSObject::NSObject;
-
-    static VolumeControl sharedVolumeControl() noexcept;
+    /// The home screen's bar on systems that cannot be asked whether it is hidden; null on all others.
+    UIView statusBarForEmbeddedDisplay() const noexcept;
 };
 
 /// The accessibility server of the home screen, which opens and closes the voice assistant.
@@ -59,5 +76,14 @@ public:
     static SBAssistantController sharedInstance() noexcept;
     UIWindow window() const noexcept;
 };
+
+inline VolumeControl VolumeControl::current() noexcept
+{
+    if (VolumeControl buttons = sharedVolumeControl())
+        return buttons;
+    if (VolumeControl buttons = sharedInstance())
+        return buttons;
+    return UIApplication::sharedApplication().volumeControl();
+}
 
 } // namespace panotra

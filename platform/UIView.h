@@ -33,6 +33,7 @@ public:
 
     CGFloat alpha() const noexcept;
     void setAlpha(CGFloat alpha) const noexcept;
+    bool isHidden() const noexcept;
     void setHidden(bool hidden) const noexcept;
     void setBackgroundColor(const UIColor& color) const noexcept;
     void setUserInteractionEnabled(bool enabled) const noexcept;

@@ -64,10 +64,12 @@ void PNOVolumeView::setSystemVolume() const
     }
 }
 
-/// Opens and closes the voice assistant, unseen.
+/// Opens and closes the voice assistant, unseen. A server that cannot open it leaves it alone altogether.
 void PNOVolumeView::flashAssistant() const
 {
     const AXSpringBoardServer server = AXSpringBoardServer::server();
+    if (server && !server.respondsToSelector("openSiri"))
+        return;
     server.openSiri();
     SBAssistantController::sharedInstance().window().setHidden(true);
     server.dismissSiri();

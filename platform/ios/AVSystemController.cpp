@@ -32,4 +32,14 @@ NSObject AVSystemController::attributeForKey(const char* key) const noexcept
     return ask<NSObject>(get(), selectors::attributeForKey, NSString::stringWithUTF8String(key).get());
 }
 
+SBAVSystemControllerCache SBAVSystemControllerCache::sharedInstance() noexcept
+{
+    return ask<SBAVSystemControllerCache>(classes::SBAVSystemControllerCache, selectors::sharedInstance);
+}
+
+NSObject SBAVSystemControllerCache::activeAudioRoute() const noexcept
+{
+    return ask<NSObject>(get(), selectors::activeAudioRoute);
+}
+
 } // namespace panotra

@@ -21,5 +21,7 @@ inline constinit ClassName UILabel { "UILabel" };
 inline constinit ClassName UIPanGestureRecognizer { "UIPanGestureRecognizer" };
 inline constinit ClassName UIScreen { "UIScreen" };
 inline constinit ClassName UIView { "UIView" };
+/// Since iOS 13.
+inline constinit ClassName UIWindowScene { "UIWindowScene" };
 
 } // namespace panotra::ios::classes

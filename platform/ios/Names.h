@@ -8,13 +8,10 @@ namespace panotra::ios {
 /// The runtime's own selector of that name.
 SEL selectorNamed(const char* name) noexcept;
 
-/// A method: its name and, as `Result(Parameters…)`, its type without receiver and selector.
-template <typename Signature> class Selector {
+/// A method's name, whatever its type.
+class AnySelector {
 public:
-    explicit constexpr Selector(const char* name)
-        : m_name(name)
-    {
-    }
+    const char* name() const noexcept { return m_name; }
     SEL get() noexcept
     {
         if (m_selector == nullptr)
@@ -22,9 +19,24 @@ public:
         return m_selector;
     }
 
+protected:
+    explicit constexpr AnySelector(const char* name)
+        : m_name(name)
+    {
+    }
+
 private:
     const char* m_name;
     SEL m_selector = nullptr;
+};
+
+/// A method: its name and, as `Result(Parameters…)`, its type without receiver and selector.
+template <typename Signature> class Selector : public AnySelector {
+public:
+    explicit constexpr Selector(const char* name)
+        : AnySelector(name)
+    {
+    }
 };
 
 /// A class that the process may have. One that is missing is looked for again: frameworks are loaded late.

@@ -5,6 +5,7 @@
 #include "platform/CoreGraphics.h"
 #include "platform/ios/Abi.h"
 #include "platform/ios/Names.h"
+#include "platform/ios/private/SharedInstance.h"
 
 namespace panotra::ios::selectors {
 
@@ -22,9 +23,6 @@ inline constinit Selector<void(id, SEL, id)> cancelPreviousPerformRequests {
     "cancelPreviousPerformRequestsWithTarget:selector:object:"
 };
 
-// The name that most singletons of home-screen programs go by.
-inline constinit Selector<id()> sharedInstance { "sharedInstance" };
-
 // NSNumber and NSString.
 inline constinit Selector<bool()> boolValue { "boolValue" };
 inline constinit Selector<float()> floatValue { "floatValue" };
@@ -39,6 +37,9 @@ inline constinit Selector<NSUInteger(NSUInteger encoding)> lengthOfBytesUsingEnc
 // NSDictionary, NSArray and NSUserDefaults.
 inline constinit Selector<id(id)> objectForKey { "objectForKey:" };
 inline constinit Selector<id()> firstObject { "firstObject" };
+inline constinit Selector<id()> allObjects { "allObjects" };
+inline constinit Selector<NSUInteger()> count { "count" };
+inline constinit Selector<id(NSUInteger index)> objectAtIndex { "objectAtIndex:" };
 inline constinit Selector<id(id)> initWithSuiteName { "initWithSuiteName:" };
 inline constinit Selector<bool()> synchronize { "synchronize" };
 inline constinit Selector<void(id, id)> setObjectForKey { "setObject:forKey:" };
@@ -53,6 +54,9 @@ inline constinit Selector<id()> sharedApplication { "sharedApplication" };
 inline constinit Selector<id()> mainScreen { "mainScreen" };
 inline constinit Selector<CGFloat()> scale { "scale" };
 inline constinit Selector<NSInteger()> type { "type" };
+/// UIApplication, a set, and what each of it may be asked. Since iOS 13.
+inline constinit Selector<id()> connectedScenes { "connectedScenes" };
+inline constinit Selector<id()> sceneScreen { "screen" };
 
 // UIView.
 inline constinit Selector<id(CGRect)> initWithFrame { "initWithFrame:" };
@@ -64,6 +68,7 @@ inline constinit Selector<void(CGPoint)> setCenter { "setCenter:" };
 inline constinit Selector<void(CGAffineTransform)> setTransform { "setTransform:" };
 inline constinit Selector<CGFloat()> alpha { "alpha" };
 inline constinit Selector<void(CGFloat)> setAlpha { "setAlpha:" };
+inline constinit Selector<bool()> isHidden { "isHidden" };
 inline constinit Selector<void(bool)> setHidden { "setHidden:" };
 inline constinit Selector<void(id)> setBackgroundColor { "setBackgroundColor:" };
 inline constinit Selector<void(bool)> setUserInteractionEnabled { "setUserInteractionEnabled:" };
@@ -84,6 +89,8 @@ inline constinit Selector<void(double, double, NSUInteger, void (^)(), void (^)(
 // UIWindow.
 inline constinit Selector<void(CGFloat)> setWindowLevel { "setWindowLevel:" };
 inline constinit Selector<void()> makeKeyAndVisible { "makeKeyAndVisible" };
+/// Since iOS 13.
+inline constinit Selector<void(id)> setWindowScene { "setWindowScene:" };
 inline constinit Selector<id(CGPoint, id)> hitTest { "hitTest:withEvent:" };
 
 // CALayer.

@@ -1,6 +1,7 @@
 /// The home-screen process: its application object and private services.
 #include "platform/SpringBoard.h"
 
+#include "platform/UIScreen.h"
 #include "platform/ios/Classes.h"
 #include "platform/ios/Send.h"
 #include "platform/ios/private/AccessibilityUtilities.h"
@@ -26,6 +27,24 @@ UIView UIApplication::statusBar() const noexcept
     return ask<UIView>(get(), selectors::statusBar);
 }
 
+UIWindowScene UIApplication::connectedWindowScene() const noexcept
+{
+    const auto scenes = ask<NSObject>(ask<NSObject>(get(), selectors::connectedScenes).get(), selectors::allObjects);
+    const UIScreen screen = UIScreen::mainScreen();
+    const NSUInteger count = send(scenes.get(), selectors::count);
+    for (NSUInteger index = 0; index < count; ++index) {
+        const auto scene = ask<UIWindowScene>(scenes.get(), selectors::objectAtIndex, index);
+        if (isKindOf(scene.get(), classes::UIWindowScene) && send(scene.get(), selectors::sceneScreen) == screen.get())
+            return scene;
+    }
+    return nullptr;
+}
+
+VolumeControl UIApplication::volumeControl() const noexcept
+{
+    return ask<VolumeControl>(get(), selectors::volumeControl);
+}
+
 SpringBoard SpringBoard::sharedApplication() noexcept
 {
     return ask<SpringBoard>(classes::SpringBoard, selectors::sharedApplication);
@@ -41,9 +60,19 @@ bool SpringBoard::isSpringBoardStatusBarHidden() const noexcept
     return send(get(), selectors::isSpringBoardStatusBarHidden);
 }
 
+UIView SpringBoard::statusBarForEmbeddedDisplay() const noexcept
+{
+    return ask<UIView>(get(), selectors::statusBarForEmbeddedDisplay);
+}
+
 VolumeControl VolumeControl::sharedVolumeControl() noexcept
 {
     return ask<VolumeControl>(classes::VolumeControl, selectors::sharedVolumeControl);
+}
+
+VolumeControl VolumeControl::sharedInstance() noexcept
+{
+    return ask<VolumeControl>(classes::SBVolumeControl, selectors::sharedInstance);
 }
 
 AXSpringBoardServer AXSpringBoardServer::server() noexcept

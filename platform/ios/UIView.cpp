@@ -79,6 +79,11 @@ void UIView::setAlpha(CGFloat alpha) const noexcept
     send(get(), selectors::setAlpha, alpha);
 }
 
+bool UIView::isHidden() const noexcept
+{
+    return send(get(), selectors::isHidden);
+}
+
 void UIView::setHidden(bool hidden) const noexcept
 {
     send(get(), selectors::setHidden, hidden);

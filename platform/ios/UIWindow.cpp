@@ -17,6 +17,11 @@ void UIWindow::makeKeyAndVisible() const noexcept
     send(get(), selectors::makeKeyAndVisible);
 }
 
+void UIWindow::setWindowScene(const UIWindowScene& scene) const noexcept
+{
+    send(get(), selectors::setWindowScene, scene.get());
+}
+
 id UIWindow::superInitWithFrame(id self, const ClassDescription& description, CGRect frame) noexcept
 {
     return sendSuper(self, description, selectors::initWithFrame, frame);

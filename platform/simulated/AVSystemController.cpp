@@ -28,4 +28,14 @@ NSObject AVSystemController::attributeForKey(const char* key) const noexcept
         *this, "attributeForKey:", static_cast<HostObject*>(sim::autoreleasedString(key)));
 }
 
+SBAVSystemControllerCache SBAVSystemControllerCache::sharedInstance() noexcept
+{
+    return simulated::askClass<SBAVSystemControllerCache>("SBAVSystemControllerCache", "sharedInstance");
+}
+
+NSObject SBAVSystemControllerCache::activeAudioRoute() const noexcept
+{
+    return simulated::sendForObject<NSObject>(*this, "activeAudioRoute");
+}
+
 } // namespace panotra

@@ -44,6 +44,20 @@ template <typename Handle> Handle shared(const char* className)
     return device == nullptr ? Handle() : retained<Handle>(device->home->shared(className));
 }
 
+/// The answer of a class to a message; null where the process lacks the class, or the class the method.
+template <typename Handle> Handle askClass(const char* className, const char* selector)
+{
+    sim::Device* const device = sim::Device::current();
+    const HostClass* const hostClass = device == nullptr ? nullptr : device->classes->find(className);
+    if (hostClass == nullptr)
+        return nullptr;
+    const HostSelector* const name = sim::selector(selector);
+    const auto method = hostClass->classMethods.find(name);
+    if (method == hostClass->classMethods.end())
+        return nullptr;
+    return retained<Handle>(sim::call<HostObject*>(method->second, nullptr, name));
+}
+
 /// Sends a message to a handle's object. Null, and a method that the object does not have, answer Result().
 template <typename Result, typename... Arguments>
 Result send(const NSObject& receiver, const char* selector, Arguments... arguments)

@@ -1,6 +1,7 @@
 /// The application, the volume buttons and the voice assistant.
 #include "platform/SpringBoard.h"
 
+#include "platform/UIScreen.h"
 #include "platform/simulated/Host.h"
 
 namespace panotra {
@@ -20,6 +21,25 @@ UIView UIApplication::statusBar() const noexcept
     return simulated::sendForObject<UIView>(*this, "statusBar");
 }
 
+UIWindowScene UIApplication::connectedWindowScene() const noexcept
+{
+    const auto scenes = simulated::sendForObject<NSObject>(*this, "connectedScenes");
+    const auto* const set = simulated::objectOf<sim::Set>(scenes);
+    if (set == nullptr)
+        return nullptr;
+    for (HostObject* const member : set->members) {
+        const auto scene = retained<UIWindowScene>(member);
+        if (simulated::sendForObject<NSObject>(scene, "screen") == UIScreen::mainScreen())
+            return scene;
+    }
+    return nullptr;
+}
+
+VolumeControl UIApplication::volumeControl() const noexcept
+{
+    return simulated::sendForObject<VolumeControl>(*this, "volumeControl");
+}
+
 SpringBoard SpringBoard::sharedApplication() noexcept
 {
     return simulated::shared<SpringBoard>("SpringBoard");
@@ -35,9 +55,19 @@ bool SpringBoard::isSpringBoardStatusBarHidden() const noexcept
     return simulated::send<bool>(*this, "isSpringBoardStatusBarHidden");
 }
 
+UIView SpringBoard::statusBarForEmbeddedDisplay() const noexcept
+{
+    return simulated::sendForObject<UIView>(*this, "statusBarForEmbeddedDisplay");
+}
+
 VolumeControl VolumeControl::sharedVolumeControl() noexcept
 {
     return simulated::shared<VolumeControl>("VolumeControl");
+}
+
+VolumeControl VolumeControl::sharedInstance() noexcept
+{
+    return simulated::askClass<VolumeControl>("SBVolumeControl", "sharedInstance");
 }
 
 AXSpringBoardServer AXSpringBoardServer::server() noexcept

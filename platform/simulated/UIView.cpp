@@ -79,6 +79,12 @@ void UIView::setAlpha(CGFloat alpha) const noexcept
         view->setAlpha(alpha);
 }
 
+bool UIView::isHidden() const noexcept
+{
+    const sim::View* const view = viewOf(*this);
+    return view != nullptr && view->hidden;
+}
+
 void UIView::setHidden(bool hidden) const noexcept
 {
     if (sim::View* const view = viewOf(*this))

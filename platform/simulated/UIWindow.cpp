@@ -19,6 +19,11 @@ void UIWindow::makeKeyAndVisible() const noexcept
         window->makeKeyAndVisible();
 }
 
+void UIWindow::setWindowScene(const UIWindowScene& scene) const noexcept
+{
+    simulated::send<void>(*this, "setWindowScene:", simulated::objectOf(scene));
+}
+
 id UIWindow::superInitWithFrame(id self, const ClassDescription& description, CGRect frame) noexcept
 {
     return simulated::sendSuper<HostObject*>(self, description, "initWithFrame:", simulated::toDevice(frame));

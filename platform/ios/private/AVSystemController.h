@@ -9,6 +9,8 @@ namespace panotra::ios {
 namespace classes {
 
 inline constinit ClassName AVSystemController { "AVSystemController" };
+/// The home screen's own memory of what the audio service said, since iOS 13.
+inline constinit ClassName SBAVSystemControllerCache { "SBAVSystemControllerCache" };
 
 } // namespace classes
 
@@ -21,6 +23,8 @@ inline constinit Selector<bool(float level, id category)> setVolumeTo { "setVolu
 inline constinit Selector<bool(float* level, id category)> getVolume { "getVolume:forCategory:" };
 /// Answers whatever kind of object the attribute has, null for one that it does not know.
 inline constinit Selector<id(id attribute)> attributeForKey { "attributeForKey:" };
+/// Of the memory: the active route.
+inline constinit Selector<id()> activeAudioRoute { "activeAudioRoute" };
 
 } // namespace selectors
 } // namespace panotra::ios

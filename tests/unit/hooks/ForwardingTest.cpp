@@ -60,8 +60,8 @@ struct Forwarding : testing::MixerTest {
 TEST_F(Forwarding, ASoundKeepsItsEnvironmentsItsCompletionAndItsAnswer)
 {
     for (const bool answer : { true, false })
-        expectForwarded<bool, id, std::uint64_t, id>(
-            previous.playSound, hooks::playSound, answer, nullptr, 0x8000'0000'0000'0001u, completion);
+        expectForwarded<bool, id, std::int64_t, id>(
+            previous.playSound, hooks::playSound, answer, nullptr, 0x0123'4567'89ab'cdef, completion);
 }
 
 TEST_F(Forwarding, TheActiveVolumeKeepsItsPointersAndItsAnswer)

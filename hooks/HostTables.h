@@ -1,0 +1,120 @@
+/// What the library takes hold of in the host: the methods that it hooks, the variables and keys that it reads.
+///
+/// The constructor installs by the first table; the logic reads by the other two. Whoever wants to know whether a
+/// process has what the library counts on goes through the same rows. No system is ever asked for its version: a row
+/// says since when and until when there is such a thing, the process whether it has it.
+#pragma once
+
+#include "facts/AudioNames.h"
+#include "platform/AVSystemController.h"
+#include "platform/SpringBoard.h"
+
+#include <array>
+#include <cstdint>
+
+namespace panotra {
+
+/// The functions of ours, each with its own place for what it replaces.
+enum class Hook : std::uint8_t {
+    MotionBegan,
+    ApplicationDidFinishLaunching,
+    GetActiveCategoryVolume,
+    PostEffectiveVolumeNotification,
+    SetVolumeTo,
+    PlaySound,
+    SetRingerMuted,
+    ActivateRingerHUDFromMuteSwitch,
+    ActivateRingerHUD,
+    PresentHUDView,
+    PresentHUD,
+    ReorientHUDIfNeeded,
+    NoteInterfaceOrientationChanged,
+    PresentVolumeHUDWithMode,
+    PresentVolumeHUD,
+    SetStatusBarFrame,
+    SetModernStatusBarFrame,
+};
+
+/// When a row's turn comes.
+enum class Turn : std::uint8_t {
+    Always, ///< the oldest name that a method is known by
+    OrElse, ///< only if none of the rows above it, back to the nearest `Always`, found its method
+    AndAlso, ///< only if the row above it found its method
+};
+
+struct HookRow {
+    Turn turn;
+    const char* className;
+    const char* method;
+    const char* type; ///< the runtime's type code on 64-bit processors
+    int since; ///< the first system that has it, counted from iOS 9
+    int until; ///< the last one, up to iOS 16
+    Hook hook;
+};
+
+using enum Turn;
+
+/// In the order of installation. The first row belongs into every process, the others into the home screen.
+// clang-format off
+inline constexpr std::array hookRows {
+    HookRow { Always,  "UIResponder",        "motionBegan:withEvent:",                             "v@:q@",     9, 16, Hook::MotionBegan },
+    HookRow { Always,  "SpringBoard",        "applicationDidFinishLaunching:",                     "v@:@",      9, 16, Hook::ApplicationDidFinishLaunching },
+    HookRow { Always,  "AVSystemController", "getActiveCategoryVolume:andName:fallbackCategory:",  "B@:^f^@@",  9, 16, Hook::GetActiveCategoryVolume },
+    HookRow { Always,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:^v",     9, 15, Hook::PostEffectiveVolumeNotification },
+    HookRow { OrElse,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:@",     16, 16, Hook::PostEffectiveVolumeNotification },
+    HookRow { Always,  "AVSystemController", "setVolumeTo:forCategory:",                           "B@:f@",     9, 16, Hook::SetVolumeTo },
+    HookRow { Always,  "SBSoundController",  "playSound:environments:completion:",                 "B@:@q@?",   9, 16, Hook::PlaySound },
+    HookRow { Always,  "SBMediaController",  "setRingerMuted:",                                    "v@:B",      9, 12, Hook::SetRingerMuted },
+    HookRow { OrElse,  "SBRingerControl",    "setRingerMuted:",                                    "v@:B",     13, 16, Hook::SetRingerMuted },
+    HookRow { AndAlso, "SBRingerControl",    "activateRingerHUDFromMuteSwitch:",                   "v@:i",     13, 16, Hook::ActivateRingerHUDFromMuteSwitch },
+    HookRow { AndAlso, "SBRingerControl",    "activateRingerHUD:withInitialVolume:fromSource:",    "v@:ifQ",   16, 16, Hook::ActivateRingerHUD },
+    HookRow { Always,  "SBHUDController",    "presentHUDView:autoDismissWithDelay:",               "v@:@d",     9, 12, Hook::PresentHUDView },
+    HookRow { OrElse,  "SBHUDController",    "_presentHUD:animated:",                              "v@:@B",    13, 16, Hook::PresentHUD },
+    HookRow { Always,  "SBHUDController",    "reorientHUDIfNeeded:",                               "v@:B",      9, 12, Hook::ReorientHUDIfNeeded },
+    HookRow { OrElse,  "SpringBoard",        "noteInterfaceOrientationChanged:duration:logMessage:", "v@:qd@", 13, 16, Hook::NoteInterfaceOrientationChanged },
+    HookRow { Always,  "VolumeControl",      "_presentVolumeHUDWithMode:volume:",                  "v@:if",     9, 12, Hook::PresentVolumeHUDWithMode },
+    HookRow { OrElse,  "SBVolumeControl",    "_presentVolumeHUDWithVolume:",                       "v@:f",     13, 16, Hook::PresentVolumeHUD },
+    HookRow { Always,  "UIStatusBar",        "setFrame:",    "v@:{CGRect={CGPoint=dd}{CGSize=dd}}",  9, 16, Hook::SetStatusBarFrame },
+    HookRow { Always,  "_UIStatusBar",       "setFrame:",    "v@:{CGRect={CGPoint=dd}{CGSize=dd}}", 11, 16, Hook::SetModernStatusBarFrame },
+};
+// clang-format on
+
+/// An instance variable of a host object, read by key.
+struct VariableRow {
+    const char* className;
+    const char* name;
+    const char* type;
+    int since;
+    int until;
+};
+
+inline constexpr std::array variableRows {
+    VariableRow { "VolumeControl", volumeMode, "i", 9, 12 },
+    VariableRow { "VolumeControl", volumeDownButtonIsDown, "B", 9, 12 },
+    VariableRow { "VolumeControl", volumeUpButtonIsDown, "B", 9, 12 },
+    VariableRow { "SBVolumeControl", volumeMode, "Q", 13, 16 },
+    VariableRow { "SBVolumeControl", volumeDownButtonIsDown, "B", 13, 16 },
+    VariableRow { "SBVolumeControl", volumeUpButtonIsDown, "B", 13, 16 },
+};
+
+/// A key of an announcement of the audio service.
+struct KeyRow {
+    const char* name;
+    const char* valueClass;
+    int since;
+    int until;
+};
+
+// Each under its old name and under the one that it has had since.
+inline constexpr std::array reasonKeys { announcementKey::reason, "Reason" };
+inline constexpr std::array levelKeys { announcementKey::level, "Volume" };
+
+inline constexpr std::array keyRows {
+    KeyRow { announcementKey::category, "NSString", 9, 16 },
+    KeyRow { reasonKeys[0], "NSString", 9, 14 },
+    KeyRow { reasonKeys[1], "NSString", 15, 16 },
+    KeyRow { levelKeys[0], "NSNumber", 9, 14 },
+    KeyRow { levelKeys[1], "NSNumber", 15, 16 },
+};
+
+} // namespace panotra
