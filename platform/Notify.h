@@ -1,4 +1,5 @@
-/// Darwin notifications: named signals between processes, each with a 64-bit state.
+/// Darwin notifications: named signals between processes, each with a 64-bit state. A null name, token or callback:
+/// nothing happens.
 #pragma once
 
 #include <cstdint>

@@ -29,6 +29,8 @@ bool AVSystemController::getVolume(float* level, const NSString& category) const
 
 NSObject AVSystemController::attributeForKey(const char* key) const noexcept
 {
+    if (get() == nullptr)
+        return nullptr;
     return ask<NSObject>(get(), selectors::attributeForKey, NSString::stringWithUTF8String(key).get());
 }
 

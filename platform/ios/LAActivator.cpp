@@ -16,7 +16,8 @@ LAActivator LAActivator::sharedInstance() noexcept
 
 void LAActivator::registerListener(const NSObject& listener, const char* name) const noexcept
 {
-    send(get(), selectors::registerListener, listener.get(), NSString::stringWithUTF8String(name).get());
+    if (get() != nullptr)
+        send(get(), selectors::registerListener, listener.get(), NSString::stringWithUTF8String(name).get());
 }
 
 void LAEvent::setHandled(bool handled) const noexcept

@@ -15,6 +15,8 @@ NSBundle NSBundle::mainBundle() noexcept
 
 NSBundle NSBundle::bundleWithPath(const char* path) noexcept
 {
+    if (path == nullptr)
+        return nullptr;
     return ask<NSBundle>(classes::NSBundle, selectors::bundleWithPath, NSString::stringWithUTF8String(path).get());
 }
 

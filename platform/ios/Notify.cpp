@@ -43,7 +43,7 @@ constexpr CFNotificationSuspensionBehavior noSuspensionBehaviour = 0;
 void notify_register_check(const char* name, std::int32_t* token) noexcept
 {
     int registered = 0;
-    if (::notify_register_check(name, &registered) == NOTIFY_STATUS_OK)
+    if (name != nullptr && token != nullptr && ::notify_register_check(name, &registered) == NOTIFY_STATUS_OK)
         *token = registered;
 }
 
@@ -55,12 +55,13 @@ std::uint64_t notify_get_state(std::int32_t token) noexcept
 
 void notify_post(const char* name) noexcept
 {
-    ::notify_post(name);
+    if (name != nullptr)
+        ::notify_post(name);
 }
 
 void addDarwinObserver(const char* name, void (*callback)() noexcept) noexcept
 {
-    if (observerCount == observerLimit)
+    if (name == nullptr || callback == nullptr || observerCount == observerLimit)
         return;
     const NSString observedName = NSString::stringWithUTF8String(name); // one kind with the notification centre's names
     callbacks[observerCount] = callback;

@@ -4,7 +4,7 @@
 #include "platform/NSBundle.h"
 #include "platform/UIBackdropView.h"
 #include "platform/UIScreen.h"
-#include "tests/unit/simulated/NullOperations.h"
+#include "tests/seam/NullOperations.h"
 #include "tests/unit/simulated/SeamTest.h"
 
 namespace panotra {

@@ -9,7 +9,7 @@
 #include "platform/UIEvent.h"
 #include "platform/UIScreen.h"
 #include "platform/VolumeOverlays.h"
-#include "tests/unit/simulated/NullOperations.h"
+#include "tests/seam/NullOperations.h"
 
 namespace panotra {
 

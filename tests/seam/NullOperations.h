@@ -1,4 +1,4 @@
-/// Every operation of the seam on null, as tables.
+/// Every operation of the seam on null, as tables that every backend must keep to.
 #pragma once
 
 #include "platform/ClassDescription.h"

@@ -4,7 +4,7 @@
 #include "platform/UIImage.h"
 #include "platform/UILabel.h"
 #include "platform/UIWindow.h"
-#include "tests/unit/simulated/NullOperations.h"
+#include "tests/seam/NullOperations.h"
 
 namespace panotra {
 
