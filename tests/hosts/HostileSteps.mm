@@ -7,10 +7,12 @@
 #include "simulator/device/Screen.h"
 #include "simulator/device/Touches.h"
 #include "tests/hosts/classes/SpringBoard.h"
+#include "tests/support/KnownFacts.h"
 
 #include <objc/runtime.h>
 
 #include <climits>
+#include <iterator>
 #include <limits>
 #include <optional>
 
@@ -116,7 +118,7 @@ std::size_t doAnything(sim::Device& device, int count, const std::function<unsig
             device.home->reorientHUD(true);
             break;
         case 7: {
-            const auto slot = static_cast<int>(roll(12));
+            const auto slot = static_cast<int>(roll(std::size(knownSliders)));
             const unsigned state = roll(6);
             const unsigned way = roll(400);
             device.home->pan(slot, state, way);

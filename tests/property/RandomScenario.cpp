@@ -1,7 +1,10 @@
 /// A table of things that may happen, each as likely as its weight says.
 #include "tests/property/RandomScenario.h"
 
+#include "tests/support/KnownFacts.h"
+
 #include <array>
+#include <iterator>
 #include <random>
 #include <span>
 
@@ -82,8 +85,8 @@ std::string setting(Dice& dice)
     case 2:
         return std::string("pref ") + ownDomain + " scale float " + std::to_string(dice.number(0.25, 0.125, 7)) + "\n";
     case 3:
-        return std::string("pref ") + ownDomain + " volume" + std::to_string(dice.below(12)) + " float " + level(dice)
-            + "\n";
+        return std::string("pref ") + ownDomain + " volume" + std::to_string(dice.below(std::size(knownSliders)))
+            + " float " + level(dice) + "\n";
     default:
         return boolean(dice, dice.oneOf(booleanSettings));
     }
@@ -118,7 +121,7 @@ constexpr Happening happenings[] = {
         } },
     { 20,
         [](Dice& dice) {
-            return "pan " + std::to_string(dice.below(12)) + " " + dice.oneOf(panStates) + " "
+            return "pan " + std::to_string(dice.below(std::size(knownSliders))) + " " + dice.oneOf(panStates) + " "
                 + std::to_string(dice.number(-20, 2.5, 100)) + "\n";
         } },
     { 10,

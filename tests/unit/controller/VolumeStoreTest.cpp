@@ -1,5 +1,6 @@
 /// The remembered levels in the preference domain: one key, all twelve, loading, and the guard.
 #include "tests/support/HomeScreenTest.h"
+#include "tests/support/KnownFacts.h"
 
 namespace panotra {
 namespace {
@@ -72,10 +73,11 @@ TEST_F(VolumeStore, SeedsAreWrittenBackAtOnceInTheOrderOfTheSlots)
     setSystemLevels();
     controller().createUI();
     const std::vector<sim::Json> writes = eventsOf("write");
-    // Each of the twelve sliders is drawn in turn and asks for a save.
-    ASSERT_EQ(writes.size(), 12u * 12u);
+    // Each of the sliders is drawn in turn and asks for a save.
+    constexpr std::size_t sliders = std::size(testing::knownSliders);
+    ASSERT_EQ(writes.size(), sliders * sliders);
     for (std::size_t i = 0; i < writes.size(); ++i)
-        EXPECT_EQ(writes[i]["key"], "volume" + std::to_string(i % 12));
+        EXPECT_EQ(writes[i]["key"], "volume" + std::to_string(i % sliders));
     EXPECT_EQ(stored("volume9"), 0.375);
 }
 

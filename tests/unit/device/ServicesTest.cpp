@@ -1,4 +1,5 @@
 /// Audio levels, Darwin notifications, the screen.
+#include "tests/support/KnownFacts.h"
 #include "tests/unit/device/DeviceTest.h"
 
 namespace panotra::sim {
@@ -6,13 +7,12 @@ namespace {
 
 using ::testing::ElementsAre;
 
-TEST(AudioService, KnowsSixCategoriesAtHalfVolume)
+TEST(AudioService, KnowsTheCategoriesAtHalfVolume)
 {
     const AudioService audio;
-    for (const char* const category :
-        { "Audio/Video", "PhoneCall", "Ringtone", "Alarm", "Notifications", "VoiceCommand" })
-        EXPECT_EQ(audio.level(category), 0.5f) << category;
-    EXPECT_EQ(audio.levels.size(), 6u);
+    for (const std::string_view category : testing::knownCategories)
+        EXPECT_EQ(audio.level(std::string(category)), 0.5f) << category;
+    EXPECT_EQ(audio.levels.size(), std::size(testing::knownCategories));
     EXPECT_EQ(audio.route, "Speaker");
     EXPECT_EQ(audio.activeCategory, "Audio/Video");
 }
@@ -26,7 +26,7 @@ TEST(AudioService, ACategoryWithoutALevelReadsAsZeroUntilSomethingIsStored)
     audio.store("Alarm", 0.75f);
     EXPECT_TRUE(audio.hasLevel("Ambient"));
     EXPECT_EQ(audio.level("Ambient"), 0.25f);
-    EXPECT_EQ(audio.levels.size(), 7u);
+    EXPECT_EQ(audio.levels.size(), std::size(testing::knownCategories) + 1);
     EXPECT_EQ(audio.levels.back().first, "Ambient");
 }
 
