@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 
 namespace panotra::testing {
@@ -64,7 +65,7 @@ struct KnownColor {
 };
 
 struct KnownSkin {
-    int number;
+    std::uint16_t number;
     const char* name;
     KnownColor border;
     int backdropStyle;
@@ -78,6 +79,9 @@ inline constexpr KnownSkin knownSkins[] = {
     { 2, "Darker", { 1, 1, 1, 0.15 }, 2050, { 1, 1, 1, 0.9 }, false },
     { 3, "Black", { 1, 1, 1, 0.25 }, -2, { 1, 1, 1, 1 }, true },
 };
+
+/// Numbers that no skin has.
+inline constexpr std::uint16_t numbersWithoutSkin[] = { std::size(knownSkins), 65535 };
 
 /// A setting, in the order of reading.
 struct KnownSetting {

@@ -1,37 +1,9 @@
 /// The look of the panel: every skin in both styles, and what no skin touches.
-#include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
+#include "tests/support/SkinLooks.h"
 
 namespace panotra {
 namespace {
-
-constexpr sim::Rgba black { 0, 0, 0, 1 };
-
-struct SkinCase {
-    int skin;
-    sim::Rgba border;
-    std::int64_t style;
-    double effectAlpha;
-    std::optional<sim::Rgba> background;
-    sim::Rgba title;
-};
-
-sim::Rgba colorOf(const testing::KnownColor& known)
-{
-    return { known.red, known.green, known.blue, known.alpha };
-}
-
-std::vector<SkinCase> makeSkinCases()
-{
-    std::vector<SkinCase> cases;
-    for (const testing::KnownSkin& skin : testing::knownSkins) {
-        cases.push_back({ skin.number, colorOf(skin.border), skin.backdropStyle, skin.isBlack ? 0.0 : 1.0,
-            skin.isBlack ? std::optional(black) : std::nullopt, colorOf(skin.text) });
-    }
-    return cases;
-}
-
-const std::vector<SkinCase> skinCases = makeSkinCases();
 
 struct Skin : testing::MixerTest {
     void showWithSkin(int style, int skin)
@@ -45,14 +17,14 @@ struct Skin : testing::MixerTest {
 TEST_F(Skin, EverySkinLooksTheSameInBothStyles)
 {
     for (const int style : { panel, banner }) {
-        for (const SkinCase& each : skinCases) {
+        for (const testing::SkinLook& each : testing::skinLooks()) {
             showWithSkin(style, each.skin);
             EXPECT_EQ(view("_containerView").layer.borderColor, each.border) << each.skin;
             EXPECT_EQ(backdrop().style, each.style);
             EXPECT_EQ(backdrop().effect->alpha, each.effectAlpha);
             EXPECT_EQ(backdrop().background, each.background);
             for (const char* title : { "_groupLabel0", "_groupLabel1", "_groupLabel2" })
-                EXPECT_EQ(view<sim::Label>(title).textColor, each.title);
+                EXPECT_EQ(view<sim::Label>(title).textColor, each.text);
             dismiss();
         }
     }
@@ -60,7 +32,7 @@ TEST_F(Skin, EverySkinLooksTheSameInBothStyles)
 
 TEST_F(Skin, ANumberWithoutASkinLeavesTheLookThatThePanelWasBuiltWith)
 {
-    for (const int skin : { static_cast<int>(std::size(testing::knownSkins)), 65535 }) {
+    for (const std::uint16_t skin : testing::numbersWithoutSkin) {
         showWithSkin(panel, skin);
         EXPECT_EQ(view("_containerView").layer.borderColor, std::nullopt);
         EXPECT_EQ(backdrop().style, -2);
@@ -73,7 +45,7 @@ TEST_F(Skin, ANumberWithoutASkinLeavesTheLookThatThePanelWasBuiltWith)
 
 TEST_F(Skin, ANumberWithoutASkinLeavesTheLookThatTheBannerWasBuiltWith)
 {
-    showWithSkin(banner, static_cast<int>(std::size(testing::knownSkins)));
+    showWithSkin(banner, testing::numbersWithoutSkin[0]);
     EXPECT_EQ(view("_containerView").layer.borderColor, (sim::Rgba { 0.2, 0.2, 0.2, 0.15 }));
     EXPECT_EQ(backdrop().style, 2010);
     EXPECT_EQ(view<sim::Label>("_groupLabel0").textColor, std::nullopt);
@@ -81,7 +53,7 @@ TEST_F(Skin, ANumberWithoutASkinLeavesTheLookThatTheBannerWasBuiltWith)
 
 TEST_F(Skin, NoSkinTouchesCornersBordersWidthsOrTheBlurBehindThePanel)
 {
-    for (const SkinCase& each : skinCases) {
+    for (const testing::SkinLook& each : testing::skinLooks()) {
         showWithSkin(panel, each.skin);
         const auto& blur = view<sim::BackdropView>("_blurBackdropView");
         EXPECT_EQ(blur.style, 2) << each.skin;

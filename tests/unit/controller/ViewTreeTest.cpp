@@ -139,7 +139,7 @@ TEST_F(ViewTree, TheGroupsHaveTheirTitlesInBothStyles)
 
 TEST_F(ViewTree, EveryBackdropFitsItsSuperviewAndTakesTouches)
 {
-    store("mixerSkin", 4); // no skin: the styles are createUI's
+    store("mixerSkin", testing::numbersWithoutSkin[0]); // the styles are createUI's
     show(panel);
     const auto& blur = view<sim::BackdropView>("_blurBackdropView");
     const auto& root = view<sim::BackdropView>("_rootBackdropView");

@@ -1,5 +1,6 @@
 /// The slider on its own: what it is made of, how it is laid out, how it shows its level, how it goes.
 #include "tests/support/MixerTest.h"
+#include "tests/support/SkinLooks.h"
 
 namespace panotra {
 namespace {
@@ -74,7 +75,7 @@ TEST_F(VolumeView, CornersStayOrdinaryWhereTheSystemDoesNotKnowContinuousOnes)
 
 TEST_F(VolumeView, BackgroundAndFillFollowTheSizeOfWhatTheyLieIn)
 {
-    processValues.mixerSkin = 4; // no skin: the styles are those of the creation
+    processValues.mixerSkin = testing::numbersWithoutSkin[0]; // the styles are those of the creation
     for (const PNOVolumeView& slider : { named(), icon() }) {
         EXPECT_EQ(backdrop(slider).style, -2);
         EXPECT_EQ(fill(slider).style, 2060);
@@ -161,27 +162,9 @@ TEST_F(VolumeView, ASuperclassThatAnswersAnotherObjectLeavesTheSliderBare)
 
 // Skins.
 
-struct SkinCase {
-    std::uint16_t skin;
-    std::int64_t style;
-    std::optional<sim::Rgba> text;
-    std::optional<sim::Rgba> border;
-    double effectAlpha;
-    std::optional<sim::Rgba> background;
-};
-
-const SkinCase skinCases[] = {
-    { 0, 2010, sim::Rgba { 0, 0, 0, 1 }, sim::Rgba { 0.2, 0.2, 0.2, 0.15 }, 1, std::nullopt },
-    { 1, 1001, sim::Rgba { 0.9, 0.9, 0.9, 0.9 }, sim::Rgba { 0.8, 0.8, 0.8, 0.15 }, 1, std::nullopt },
-    { 2, 2050, sim::Rgba { 1, 1, 1, 0.9 }, sim::Rgba { 1, 1, 1, 0.15 }, 1, std::nullopt },
-    { 3, -2, sim::Rgba { 1, 1, 1, 1 }, sim::Rgba { 1, 1, 1, 0.25 }, 0, sim::Rgba { 0, 0, 0, 1 } },
-    { 4, -2, std::nullopt, std::nullopt, 1, std::nullopt },
-    { 65535, -2, std::nullopt, std::nullopt, 1, std::nullopt },
-};
-
 TEST_F(VolumeView, EverySkinGivesBackgroundTextAndBorderTheirLook)
 {
-    for (const SkinCase& each : skinCases) {
+    for (const testing::SkinLook& each : testing::skinLooks()) {
         processValues.mixerSkin = each.skin;
         for (const PNOVolumeView& slider : { named(), icon() }) {
             EXPECT_EQ(backdrop(slider).style, each.style) << each.skin;
@@ -193,6 +176,23 @@ TEST_F(VolumeView, EverySkinGivesBackgroundTextAndBorderTheirLook)
         }
         EXPECT_EQ(caption(named()).textColor, each.text);
         EXPECT_EQ(image(icon()).tint, each.text) << "the icon takes the colour of the text";
+    }
+}
+
+TEST_F(VolumeView, ANumberWithoutASkinLeavesTheLookOfTheCreation)
+{
+    for (const std::uint16_t skin : testing::numbersWithoutSkin) {
+        processValues.mixerSkin = skin;
+        for (const PNOVolumeView& slider : { named(), icon() }) {
+            EXPECT_EQ(backdrop(slider).style, -2) << skin;
+            EXPECT_EQ(backdrop(slider).effect->alpha, 1);
+            EXPECT_EQ(backdrop(slider).background, std::nullopt);
+            EXPECT_EQ(viewOf(slider).layer.borderColor, std::nullopt);
+            EXPECT_EQ(percentage(slider).textColor, std::nullopt);
+            EXPECT_EQ(fill(slider).style, 2060);
+        }
+        EXPECT_EQ(caption(named()).textColor, std::nullopt);
+        EXPECT_EQ(image(icon()).tint, std::nullopt);
     }
 }
 
