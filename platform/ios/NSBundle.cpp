@@ -1,4 +1,4 @@
-/// The identity of the process and the mixer's resources.
+/// The identity of the process. The mixer's resources are opened in rootful/ and rootless/, one of which is linked.
 #include "platform/NSBundle.h"
 
 #include "platform/ios/Classes.h"
@@ -11,13 +11,6 @@ using namespace ios;
 NSBundle NSBundle::mainBundle() noexcept
 {
     return ask<NSBundle>(classes::NSBundle, selectors::mainBundle);
-}
-
-NSBundle NSBundle::bundleWithPath(const char* path) noexcept
-{
-    if (path == nullptr)
-        return nullptr;
-    return ask<NSBundle>(classes::NSBundle, selectors::bundleWithPath, NSString::stringWithUTF8String(path).get());
 }
 
 NSString NSBundle::bundleIdentifier() const noexcept

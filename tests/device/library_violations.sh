@@ -6,32 +6,35 @@
 # DEVICE is the folder that scripts/build-device filled.
 source "$(dirname "${BASH_SOURCE[0]}")/../checks/rooms.sh"
 root=$1 device=$2
-sdk_stubs=$root/packaging/sdk/stubs
+stubs=$root/packaging/sdk/stubs
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 planted=$scratch/Panotra.dylib
+variant=rootful
 failures=0
 
-# Expects the check to refuse the planted library, and to say why.
+# expect_refused WHAT COMPLAINT...: the check must refuse the planted library, and say all that.
 expect_refused() {
-    local what=$1 expected=$2
-    if "$root/packaging/checks/check-library" arm64 "$planted" "$device/native/check-signature" >"$scratch/said" 2>&1 ||
-        ! grep -qE -- "$expected" "$scratch/said"; then
-        echo "not found: $what" >&2
-        cat "$scratch/said" >&2
-        failures=$((failures + 1))
-    fi
+    local what=$1 status=0 complaint
+    "$root/packaging/checks/check-library" "$variant" arm64 "$planted" "$device/native/check-signature" \
+        >"$scratch/said" 2>&1 || status=$?
+    for complaint in "${@:2}"; do
+        if [[ $status -ne 1 ]] || ! grep -qE -- "$complaint" "$scratch/said"; then
+            echo "not found: $what (status $status)" >&2
+            cat "$scratch/said" >&2
+            failures=$((failures + 1))
+        fi
+    done
 }
 
 # Makes a library of standard input with these options. What they leave unsaid is as in the product.
 usual_place=(-install_name /Library/MobileSubstrate/DynamicLibraries/Panotra.dylib)
 usual_names=('-Wl,-no_exported_symbols' '-Wl,-x')
-usual_signature=('-Wl,-adhoc_codesign')
 library() {
     clang++-19 --target=arm64-apple-ios9.0 -std=c++20 -x c++ - -dynamiclib -nostdlib -fuse-ld=lld \
-        "--ld-path=$(type -P ld64.lld-19)" -L "$sdk_stubs" -F "$sdk_stubs" -lSystem \
-        "${usual_place[@]}" "${usual_names[@]}" "${usual_signature[@]}" "$@" -o "$planted"
+        "--ld-path=$(type -P ld64.lld-19)" -L "$stubs/mixer" -lSystem \
+        "${usual_place[@]}" "${usual_names[@]}" -Wl,-adhoc_codesign "$@" -o "$planted"
 }
 
 constructor='extern "C" void* malloc(unsigned long); [[gnu::constructor]] static void start() { malloc(1); }'
@@ -43,15 +46,19 @@ kept() { echo "$constructor; [[gnu::used]] static $1 = $2;"; }
 library -Wl,-undefined,dynamic_lookup <<<"extern \"C\" void puts(); $(kept 'void (*pointer)()' puts)"
 expect_refused "an import that no stub allows" 'imports flat-namespace _puts, which no stub allows'
 library <<<"$constructor"
-expect_refused "a stub that allows more than is used" 'does not import libSystem _free'
-expect_refused "a library that is not linked" 'is not linked to /usr/lib/libobjc.A.dylib'
+expect_refused "a stub that allows more than is used, and a library that is not linked" \
+    'does not import libSystem _free' \
+    'is not linked to /usr/lib/libobjc.A.dylib'
+library -Wl,-weak-lobjc <<<"$constructor"
+expect_refused "a library that may be missing" 'is linked in another way to /usr/lib/libobjc.A.dylib: LC_LOAD_WEAK_DYLIB'
 
 mkdir "$scratch/stubs"
 sed -e "s|/usr/lib/libSystem.B.dylib|/usr/lib/libOther.dylib|" -e 's|compatibility-version: 0|compatibility-version: 3|' \
-    -e 's|_malloc|_other|' "$sdk_stubs/libSystem.tbd" >"$scratch/stubs/libOther.tbd"
+    -e 's|_malloc|_other|' "$stubs/mixer/libSystem.tbd" >"$scratch/stubs/libOther.tbd"
 library -L "$scratch/stubs" -lOther <<<"extern \"C\" void other(); $(kept 'void (*pointer)()' other)"
-expect_refused "another library" 'is linked to /usr/lib/libOther.dylib'
-expect_refused "a version that an old system may not have" 'asks for version 3.0.0 of /usr/lib/libOther.dylib'
+expect_refused "another library, of a version that an old system may not have" \
+    'is linked to /usr/lib/libOther.dylib' \
+    'asks for version 3.0.0 of /usr/lib/libOther.dylib'
 
 # Sections.
 
@@ -88,15 +95,30 @@ library --target=x86_64-apple-ios11.0-simulator <<<"$constructor"
 expect_refused "another processor" 'is no library for arm64 but x86_64 DYLIB'
 library -install_name /usr/lib/Panotra.dylib <<<"$constructor"
 expect_refused "another place" 'is installed as /usr/lib/Panotra.dylib'
+library -Wl,-rpath,/var/jb/usr/lib <<<"$constructor"
+expect_refused "a run path" "searches ./var/jb/usr/lib., not .."
 library <<<"$(kept 'char room[200000]' '{ 1 }')"
 expect_refused "a library that is too long" 'bytes long, more than 131072'
 
 # Signature. Everything else about it is signature_violations.sh's business.
 
+library -Wl,-no_adhoc_codesign <<<"$constructor"
+expect_refused "no signature" "is not signed\$"
 library <<<"$constructor"
 expect_refused "the linker's signature" "has a signature of 1 parts, not 4"
-usual_signature=(-Wl,-no_adhoc_codesign)
-library <<<"$constructor"
-expect_refused "no signature" "is not signed\$"
+
+# The other variant: what is right for one is wrong for the other.
+
+cp "$device/arm64/rootless/Panotra.dylib" "$planted"
+expect_refused "the other variant" \
+    "is linked to @rpath/CydiaSubstrate.framework/CydiaSubstrate" \
+    "searches ./var/jb/Library/Frameworks .*, not .."
+variant=rootless
+cp "$device/arm64/Panotra.dylib" "$planted"
+expect_refused "the other variant" \
+    "is linked to /Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate" \
+    "searches .., not ./var/jb/Library/Frameworks " \
+    "is installed as /Library/MobileSubstrate/DynamicLibraries/Panotra.dylib" \
+    "does not import libSystem _dladdr"
 
 conclude "plants that the check of the library overlooks" "$failures"

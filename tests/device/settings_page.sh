@@ -6,7 +6,7 @@
 #   settings_page.sh ROOT PANOTRA
 source "$(dirname "${BASH_SOURCE[0]}")/../checks/rooms.sh"
 root=$1 panotra=$2
-page=$root/resources/settings/Preferences.plist
+page=$root/resources/settings/Panotra.plist
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT

@@ -18,7 +18,10 @@ using namespace panotra;
 @end
 
 /// A folder of the device's: it has no identifier, and its files are the device's business.
-@interface DeviceBundle : NSBundle
+@interface DeviceBundle : NSBundle {
+    NSString* path;
+}
+- (id)initWithFolder:(NSString*)folder;
 @end
 
 @implementation NSUserDefaults (Suites)
@@ -75,6 +78,23 @@ using namespace panotra;
 
 @implementation DeviceBundle
 
+- (id)initWithFolder:(NSString*)folder
+{
+    path = [folder copy]; // the superclass would look the folder up among those of this machine
+    return self;
+}
+
+- (void)dealloc
+{
+    [path release];
+    [super dealloc];
+}
+
+- (NSString*)bundlePath
+{
+    return path;
+}
+
 - (NSString*)bundleIdentifier
 {
     return nil;
@@ -103,12 +123,12 @@ id bundleIdentifier(id self, SEL)
     return [NSString stringWithUTF8String:hosts::device().bundleIdentifier.c_str()];
 }
 
-/// Every folder exists.
+/// Whatever a package of the device's may bring exists; elsewhere, what this machine has.
 id bundleWithPath(Class, SEL, id path)
 {
-    if (path == nil)
+    if (path == nil || !([path hasPrefix:@"/Library/"] || [[NSFileManager defaultManager] fileExistsAtPath:path]))
         return nil;
-    return [NSAllocateObject([DeviceBundle class], 0, nullptr) autorelease];
+    return [[[DeviceBundle alloc] initWithFolder:path] autorelease];
 }
 
 void performAfterDelay(id self, SEL, SEL selector, id object, double delay)

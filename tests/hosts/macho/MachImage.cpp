@@ -4,6 +4,7 @@
 #include "simulator/Files.h"
 #include "tests/hosts/macho/LinkMap.h"
 #include "tests/hosts/macho/MachFile.h"
+#include "tests/hosts/macho/MachImports.h"
 
 #include <sys/mman.h>
 
@@ -103,7 +104,7 @@ void runConstructors(const MachFile& file, std::span<std::byte> memory)
         constructor();
 }
 
-std::span<std::byte> load(Bytes bytes, const ImportResolver& resolver)
+std::span<std::byte> load(Bytes bytes, const std::string& path, const ImportResolver& resolver)
 {
     const MachFile file = readMachFile(bytes);
     if (file.processor != ownProcessor)
@@ -118,6 +119,7 @@ std::span<std::byte> load(Bytes bytes, const ImportResolver& resolver)
         writePointer(&memory[place], readPointer(&memory[place]) + base);
     bind(file, memory, resolver);
     protect(file, memory);
+    addMachLibrary(memory, std::filesystem::absolute(path).string());
     runConstructors(file, memory);
     return memory;
 }
@@ -158,7 +160,7 @@ std::unique_ptr<LibraryImage> openMachImage(const std::string& path, const Impor
     const std::string contents = readFile(path);
     LinkMap map = readLinkMap(readFile(std::filesystem::path(path).replace_extension(".map")));
     try {
-        return std::make_unique<MachImage>(load(std::as_bytes(std::span(contents)), resolver), std::move(map));
+        return std::make_unique<MachImage>(load(std::as_bytes(std::span(contents)), path, resolver), std::move(map));
     } catch (const MachError& error) {
         throw std::runtime_error(path + ": " + error.what());
     }
