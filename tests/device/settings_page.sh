@@ -51,4 +51,9 @@ while IFS='|' read -r cell domain key notification type default other; do
     [[ $(grep -c . <<<"$changed") -eq 1 ]] || fail "$key: a $cell that changes ${changed:-nothing}"
 done < <(controls)
 
+# The drawing of the page in the documents.
+if ! cmp <("$root/scripts/draw-settings-page" "$page") "$root/docs/settings-page.svg"; then
+    fail "docs/settings-page.svg is out of date; scripts/draw-settings-page tells how it is made"
+fi
+
 conclude "mistakes of the settings page, which has $count controls" "$failures"
