@@ -15,6 +15,9 @@ constexpr std::uint32_t typeLibrary = 6;
 
 constexpr std::uint32_t commandSegment64 = 0x19;
 constexpr std::uint32_t commandDyldInfo = 0x22;
+/// Where to look for libraries. Everything that is imported here is the process's own, so that there is nothing to look
+/// for.
+constexpr std::uint32_t commandRunPath = 0x8000001c;
 /// Set in commands that a loader may not overlook.
 constexpr std::uint32_t mustBeUnderstood = 0x80000000;
 
@@ -150,7 +153,7 @@ MachFile readMachFile(Bytes bytes)
             readSegment(file, bytes, command);
         else if ((kind & ~mustBeUnderstood) == commandDyldInfo)
             link = readLinkInformation(bytes, command);
-        else if ((kind & mustBeUnderstood) != 0)
+        else if ((kind & mustBeUnderstood) != 0 && kind != commandRunPath)
             throw MachError(
                 "has a load command " + std::to_string(kind & ~mustBeUnderstood) + ", which is not understood here");
     }

@@ -45,6 +45,13 @@ TEST(MachFile, PassesOverCommandsThatMayBeOverlooked)
     EXPECT_NO_THROW(read(library.bytes()));
 }
 
+TEST(MachFile, NeedsNoRunPathsWhereTheProcessHasAllThatIsImported)
+{
+    SampleLibrary library;
+    library.furtherCommands = { 0x8000001c };
+    EXPECT_NO_THROW(read(library.bytes()));
+}
+
 struct Damage {
     std::string complaint;
     std::function<void(SampleLibrary&)> inflict;
