@@ -1,12 +1,16 @@
 /// The record of crossings.
 #include "tests/hosts/Crossings.h"
 
+#include <utility>
+
 namespace panotra::hosts {
 
 namespace {
 
 std::vector<std::string> recorded;
 bool isRecording = false;
+MessageListener messageListener;
+std::vector<Observation> observed;
 
 } // namespace
 
@@ -34,6 +38,27 @@ void noteCrossing(std::string_view what)
 {
     if (isRecording)
         recorded.emplace_back(what);
+}
+
+const std::vector<Observation>& observations()
+{
+    return observed;
+}
+
+void noteObservation(Observation observation)
+{
+    observed.push_back(std::move(observation));
+}
+
+void listenToMessages(MessageListener listener)
+{
+    messageListener = std::move(listener);
+}
+
+void tellListener(void* receiver, const char* selector)
+{
+    if (messageListener)
+        messageListener(receiver, selector);
 }
 
 } // namespace panotra::hosts

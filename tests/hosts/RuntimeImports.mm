@@ -61,6 +61,7 @@ void* __wrap_malloc(std::size_t size)
 IMP panotraFindMethod(id receiver, SEL selector)
 {
     noteMessage(receiver, selector);
+    hosts::tellListener(receiver, sel_getName(selector));
     return objc_msg_lookup(receiver, selector);
 }
 
@@ -192,6 +193,7 @@ id __wrap_objc_retain(id object)
 void __wrap_objc_release(id object)
 {
     noteCrossing("objc_release");
+    hosts::tellListener(object, "release");
     [object release];
 }
 

@@ -82,13 +82,14 @@ void* __wrap_CFNotificationCenterGetDarwinNotifyCenter()
     return &darwinNotifyCenter;
 }
 
-void __wrap_CFNotificationCenterAddObserver(
-    void* center, void* observer, NotificationCallback callback, const void* name, const void* object, std::intptr_t)
+void __wrap_CFNotificationCenterAddObserver(void* center, void* observer, NotificationCallback callback,
+    const void* name, const void* object, std::intptr_t suspensionBehavior)
 {
     noteCrossing("CFNotificationCenterAddObserver");
     const auto text = hosts::textOf(static_cast<id>(const_cast<void*>(name)));
     if (!text)
         return;
+    hosts::noteObservation({ center, observer, *text, object, suspensionBehavior });
     // For the life of the process, as the observation: whoever asked for it may let go of the name.
     const void* const kept = [static_cast<id>(const_cast<void*>(name)) retain];
     hosts::device().darwin->addObserver(*text, [=] { callback(center, observer, kept, object, nullptr); });

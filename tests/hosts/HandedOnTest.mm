@@ -1,0 +1,157 @@
+/// What the library hands to the process arrives as it came: arguments, objects, events, blocks that run late.
+#include "tests/hosts/MixerHostTest.h"
+
+#include "tests/hosts/Blocks.h"
+#include "tests/hosts/Crossings.h"
+#include "tests/hosts/HostileSteps.h"
+#include "tests/hosts/Imports.h"
+#include "tests/hosts/Peers.h"
+
+#include <functional>
+
+namespace panotra::testing {
+
+namespace {
+
+/// The receiver and the arguments of calls of methods that other hooks stood in for before the library came.
+std::vector<std::vector<const void*>> handedOn;
+
+/// A hook of another library's that was there first, for a method of that number and type: notes objects and pointers.
+template <int Number, typename Type> struct Earlier;
+template <int Number, typename Result, typename... Arguments> struct Earlier<Number, Result(Arguments...)> {
+    static inline IMP previous = nullptr;
+    static Result replacement(id self, SEL selector, Arguments... arguments)
+    {
+        handedOn.push_back({ self, selector, noted(arguments)... });
+        return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(previous)(self, selector, arguments...);
+    }
+    static const void* noted(const void* pointer) { return pointer; }
+    static const void* noted(unsigned long number) { return reinterpret_cast<const void*>(number); }
+    static const void* noted(float level) { return reinterpret_cast<const void*>(static_cast<long>(level * 1000)); }
+    static const void* noted(double delay) { return reinterpret_cast<const void*>(static_cast<long>(delay * 1000)); }
+    static void install(const char* className, const char* selector)
+    {
+        previous = hook(className, selector, reinterpret_cast<IMP>(replacement));
+    }
+};
+
+class HandedOn : public MixerHostTest { };
+
+const void* number(long value)
+{
+    return reinterpret_cast<const void*>(value);
+}
+
+} // namespace
+
+TEST_F(HandedOn, ApplicationViewAnnouncementCategorySoundAndPointersAreTheVeryOnesThatCame)
+{
+    Earlier<0, void(id)>::install("SpringBoard", "applicationDidFinishLaunching:");
+    Earlier<1, void(id)>::install("AVSystemController", "postEffectiveVolumeNotification:");
+    Earlier<2, BOOL(float, id)>::install("AVSystemController", "setVolumeTo:forCategory:");
+    Earlier<3, BOOL(float*, id*, id)>::install(
+        "AVSystemController", "getActiveCategoryVolume:andName:fallbackCategory:");
+    Earlier<4, void(id, double)>::install("SBHUDController", "presentHUDView:autoDismissWithDelay:");
+    Earlier<5, BOOL(id, unsigned long, id)>::install("SBSoundController", "playSound:environments:completion:");
+    load();
+    const auto expectHandedOn = [](const std::vector<const void*>& call) {
+        ASSERT_EQ(handedOn.size(), 1u);
+        EXPECT_EQ(handedOn[0], call);
+        handedOn.clear();
+    };
+    NSObject* const anything = [[NSObject new] autorelease];
+    NSString* const category = @"Alarm";
+
+    const id application = sharedObject("SpringBoard");
+    [application applicationDidFinishLaunching:anything];
+    expectHandedOn({ application, @selector(applicationDidFinishLaunching:), anything });
+
+    NSDictionary* const announcement = announcementOf(category, @"Anything", [NSNumber numberWithFloat:0.25f]);
+    [audio() postEffectiveVolumeNotification:announcement];
+    expectHandedOn({ audio(), @selector(postEffectiveVolumeNotification:), announcement });
+
+    [audio() setVolumeTo:0.25f forCategory:category];
+    expectHandedOn({ audio(), @selector(setVolumeTo:forCategory:), number(250), category });
+
+    float level = 0;
+    id name = nil;
+    [audio() getActiveCategoryVolume:&level andName:&name fallbackCategory:category];
+    expectHandedOn({ audio(), @selector(getActiveCategoryVolume:andName:fallbackCategory:), &level, &name, category });
+
+    device.home->setRingerMuted(false); // the volume that was set would hold the indicator back
+    const id indicator = sharedObject("SBHUDController");
+    [indicator presentHUDView:anything autoDismissWithDelay:2.5];
+    expectHandedOn({ indicator, @selector(presentHUDView:autoDismissWithDelay:), anything, number(2500) });
+
+    const id sounds = sharedObject("SBSoundController");
+    [sounds playSound:anything environments:0x8000000000000001u completion:category];
+    expectHandedOn({
+        sounds, @selector(playSound:environments:completion:), anything,
+            reinterpret_cast<const void*>(0x8000000000000001u), category
+    });
+}
+
+TEST_F(HandedOn, ObserversAreAskedForWithoutObserverOrObjectAtTheDarwinCentreAndInTheOrderOfTheTable)
+{
+    using GetCenter = void* (*)();
+    const auto center
+        = reinterpret_cast<GetCenter>(hosts::importedSymbol("CFNotificationCenterGetDarwinNotifyCenter"))();
+    load();
+    const char* const names[] = { "net.qorvath.panotra.settingschanged", "net.qorvath.brevane2.settingschanged",
+        "com.apple.springboard.screenchanged", "net.qorvath.panotra.uikitshaken" };
+    const auto& all = hosts::observations();
+    ASSERT_EQ(all.size(), std::size(names));
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        EXPECT_EQ(all[i].center, center);
+        EXPECT_EQ(all[i].observer, nullptr);
+        EXPECT_EQ(all[i].name, names[i]);
+        EXPECT_EQ(all[i].object, nullptr);
+        EXPECT_EQ(all[i].suspensionBehavior, 0);
+    }
+}
+
+// The hit test.
+
+namespace {
+
+struct HitTest {
+    void* receiver;
+    DevicePoint point;
+    void* event;
+};
+
+std::vector<HitTest> hitTests;
+id hitAnswered = nil;
+
+id noteHitTest(id self, SEL, DevicePoint point, id event)
+{
+    hitTests.push_back({ self, point, event });
+    return hitAnswered;
+}
+
+} // namespace
+
+TEST_F(HandedOn, TheSuperclassesHitTestGetsThePointAndTheEvent)
+{
+    hook("UIView", "hitTest:withEvent:", reinterpret_cast<IMP>(noteHitTest));
+    launch();
+    show(panel);
+    const id window = hosts::hostObjectFor(held("_window"));
+    const id slider = hosts::hostObjectFor(held("_volumeView3"));
+    NSObject* const event = [[NSObject new] autorelease];
+    using Ask = id (*)(id, SEL, DevicePoint, id);
+    const SEL selector = sel_registerName("hitTest:withEvent:");
+    const auto ask = reinterpret_cast<Ask>(class_getMethodImplementation(object_getClass(window), selector));
+    for (const id answer : { slider, id(nil) }) {
+        hitTests.clear();
+        hitAnswered = answer;
+        EXPECT_EQ(ask(window, selector, DevicePoint { 12, 34 }, event), answer);
+        ASSERT_EQ(hitTests.size(), 1u);
+        EXPECT_EQ(hitTests[0].receiver, window);
+        EXPECT_EQ(hitTests[0].point.x, 12);
+        EXPECT_EQ(hitTests[0].point.y, 34);
+        EXPECT_EQ(hitTests[0].event, event);
+    }
+}
+
+} // namespace panotra::testing
