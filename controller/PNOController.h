@@ -123,6 +123,7 @@ private:
 
     void turnRootView(std::int64_t orientation) const;
     void layOutPanel(Aspect aspect) const;
+    CGRect frameOfSlider(const VolumeSlot& slot, const MixerLayout& layout) const;
     void centerBanner(Aspect aspect) const;
 };
 

@@ -84,11 +84,21 @@ void PNOController::layOutPanel(Aspect aspect) const
         self->_groupView[group].setFrame(layout.groups[group]);
     for (const VolumeSlot& slot : volumeSlots) {
         const PNOVolumeView& slider = self->_volumeView[slot.number];
-        slider.setFrame(layout.cells[slot.cell], slider.volume());
+        slider.setFrame(frameOfSlider(slot, layout), slider.volume());
     }
     for (std::size_t group = 0; group < groupCount; ++group)
         self->_groupLabel[group].setFrame(layout.title);
     self->_containerView.setTransform(CGAffineTransformMakeScale(processValues.scale, processValues.scale));
+}
+
+/// The media sliders stand where the layout says, every other one where the media slider of its cell stands by now: a
+/// frame that the superclass adjusted is adjusted for all.
+CGRect PNOController::frameOfSlider(const VolumeSlot& slot, const MixerLayout& layout) const
+{
+    if (slot.group == Group::Media)
+        return layout.cells[slot.cell];
+    const VolumeSlot& media = volumeSlots[slot.cell]; // the media rows come first, in the order of their cells
+    return fields()->_volumeView[media.number].frame();
 }
 
 /// The banner's frames were set once, when it was built; only its horizontal centre follows the orientation.

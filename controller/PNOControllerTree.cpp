@@ -165,19 +165,22 @@ void PNOController::buildBanner() const
     self->_containerView.setTransform(CGAffineTransformMakeScale(processValues.scale, processValues.scale));
 }
 
-/// The groups in order, then their titles in order. The panel's get their frames from the layout; the banner's are
-/// placed once and for all.
+/// The groups in order, then their titles in order. The banner's are placed once and for all; the panel's get their
+/// frames from the layout.
 void PNOController::buildGroups(MixerStyle style) const
 {
     InstanceVariables* const self = fields();
+    const bool isBanner = style == MixerStyle::Banner;
+    const MixerLayout layout = isBanner ? bannerLayout(self->_containerView.frame().size) : MixerLayout {};
     for (std::size_t group = 0; group < groupCount; ++group) {
-        self->_groupView[group] = UIView::init();
+        self->_groupView[group] = isBanner ? UIView::initWithFrame(layout.groups[group]) : UIView::init();
         self->_rootBackdropView.contentView().addSubview(self->_groupView[group]);
     }
     for (std::size_t group = 0; group < groupCount; ++group) {
         const UILabel title = makeLabel(titleFontSize);
-        title.setText(NSString::stringWithUTF8String(
-            style == MixerStyle::Panel ? groupTitles[group].panel : groupTitles[group].banner));
+        if (isBanner)
+            title.setFrame(layout.title);
+        title.setText(NSString::stringWithUTF8String(isBanner ? groupTitles[group].banner : groupTitles[group].panel));
         self->_groupView[group].addSubview(title);
         self->_groupLabel[group] = title;
     }
@@ -201,13 +204,9 @@ void PNOController::layOutBanner() const
 {
     InstanceVariables* const self = fields();
     const MixerLayout layout = bannerLayout(self->_containerView.frame().size);
-    for (std::size_t group = 0; group < groupCount; ++group) {
-        self->_groupView[group].setFrame(layout.groups[group]);
-        self->_groupLabel[group].setFrame(layout.title);
-    }
     for (const VolumeSlot& slot : volumeSlots) {
         const CGFloat level = self->_volumeView[slot.bannerLevelSlot].volume();
-        self->_volumeView[slot.number].setFrame2(layout.cells[slot.cell], level);
+        self->_volumeView[slot.number].setFrame2(frameOfSlider(slot, layout), level);
     }
 }
 

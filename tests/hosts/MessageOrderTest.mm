@@ -117,6 +117,37 @@ TEST_F(MessageOrder, OfBuildingThePanel)
     EXPECT_EQ(heardTo(namesOfViews()), expected.lines());
 }
 
+TEST_F(MessageOrder, OfBuildingTheBanner)
+{
+    device.preferences->set("net.qorvath.panotra", "dismissOnTouch", true);
+    launch();
+    hearBuilding();
+    show(banner);
+    Expected expected;
+    expected.say("_window", "setWindowLevel:")
+        .say("_rootView", { "initWithFrame:", "setTransform:", "setFrame:" })
+        .say("_containerView", "init")
+        .say("_rootView", "addSubview:")
+        .say("_containerView", { "setFrame:", "setAlpha:" })
+        .say("_rootView", "setBackgroundColor:")
+        .say("_rootBackdropView", "transitionToStyle:")
+        .say("_containerView", "addSubview:")
+        .sayToGroups("_groupView", { "initWithFrame:" });
+    for (int group = 0; group < 3; ++group)
+        expected.say(numbered("_groupLabel", group), { "init", "setFrame:", "setText:" })
+            .say(numbered("_groupView", group), "addSubview:");
+    expected.addSliders()
+        .sayToSliders("setFrame:")
+        .say("_window", { "addSubview:", "bringSubviewToFront:" })
+        .say("_rootBackdropView", "transitionToStyle:")
+        .sayToGroups("_groupLabel", { "setTextColor:" })
+        .sayToSliders("setTransform:")
+        .say("_containerView", { "setCenter:", "setTransform:" })
+        .say("_window", "makeKeyAndVisible")
+        .say("_containerView", "setAlpha:");
+    EXPECT_EQ(heardTo(namesOfViews()), expected.lines());
+}
+
 // Layout.
 
 TEST_F(MessageOrder, OfLayingOutThePanel)
@@ -220,6 +251,53 @@ TEST_F(MessageOrder, OfTheEndOfASlider)
         expected.say("_label1", "release");
         EXPECT_EQ(from(heardTo(names), expected.lines().front(), expected.lines().size()), expected.lines())
             << "style " << style;
+    }
+}
+
+// Frames that the superclass adjusts.
+
+namespace {
+
+IMP setFrameUnadjusted = nullptr;
+std::map<void*, DeviceRect> framesSet;
+
+bool isMediaSlider(id view)
+{
+    const auto* const peer = hosts::peerAs<sim::View>(view);
+    return std::string(class_getName(object_getClass(view))) == "PNOVolumeView" && (peer->tag <= 2 || peer->tag == 11);
+}
+
+/// As a system that keeps sliders off the edge.
+void setFrameAdjusted(id self, SEL selector, DeviceRect frame)
+{
+    if (isMediaSlider(self))
+        frame = { frame.x + 3, frame.y + 2, frame.width - 5, frame.height - 4 };
+    framesSet[self] = frame;
+    reinterpret_cast<void (*)(id, SEL, DeviceRect)>(setFrameUnadjusted)(self, selector, frame);
+}
+
+} // namespace
+
+TEST_F(MessageOrder, EverySliderTakesTheFrameThatTheMediaSliderOfItsCellHas)
+{
+    setFrameUnadjusted = hook("UIView", "setFrame:", reinterpret_cast<IMP>(setFrameAdjusted));
+    launch();
+    const int cells[][3] = { { 11, 3, 7 }, { 0, 4, 8 }, { 1, 5, 9 }, { 2, 6, 10 } };
+    for (const int style : { panel, banner }) {
+        framesSet.clear();
+        show(style);
+        for (const auto& [media, call, extra] : cells) {
+            const auto frameOf = [&](int slot) -> const DeviceRect& {
+                return framesSet.at(hosts::hostObjectFor(held(numbered("_volumeView", slot))));
+            };
+            for (const int slot : { call, extra }) {
+                EXPECT_NEAR(frameOf(slot).x, frameOf(media).x, 1e-9) << "slot " << slot << " in style " << style;
+                EXPECT_NEAR(frameOf(slot).y, frameOf(media).y, 1e-9);
+                EXPECT_NEAR(frameOf(slot).width, frameOf(media).width, 1e-9);
+                EXPECT_NEAR(frameOf(slot).height, frameOf(media).height, 1e-9);
+            }
+        }
+        dismiss();
     }
 }
 
