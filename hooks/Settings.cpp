@@ -43,7 +43,9 @@ void load(const NSString& suite, std::string_view domain)
     defaults.synchronize();
     forEachHeldSetting([&](const MixerSetting& setting, auto held) {
         if (setting.domain == domain) {
-            const NSObject stored = defaults.objectForKey(NSString::stringWithUTF8String(setting.key));
+            // Asked for twice: whether it is there, then what it is.
+            const NSString key = NSString::stringWithUTF8String(setting.key);
+            const NSObject stored = defaults.objectForKey(key) ? defaults.objectForKey(key) : nullptr;
             take(processValues.*held, stored, setting.absentValue);
         }
     });

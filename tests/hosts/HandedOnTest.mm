@@ -154,4 +154,75 @@ TEST_F(HandedOn, TheSuperclassesHitTestGetsThePointAndTheEvent)
     }
 }
 
+// Settings.
+
+namespace {
+
+IMP objectForKeyUnwatched = nullptr;
+IMP synchronizeUnwatched = nullptr;
+/// What is asked of preference handles, each with what the settings are by then.
+std::vector<std::pair<std::string, sim::Json>> defaultsAsked;
+std::function<sim::Json()> globalsNow;
+
+id watchObjectForKey(id self, SEL selector, id key)
+{
+    defaultsAsked.emplace_back([key UTF8String], globalsNow());
+    return reinterpret_cast<id (*)(id, SEL, id)>(objectForKeyUnwatched)(self, selector, key);
+}
+
+BOOL watchSynchronize(id self, SEL selector)
+{
+    defaultsAsked.emplace_back("synchronize", globalsNow());
+    return reinterpret_cast<BOOL (*)(id, SEL)>(synchronizeUnwatched)(self, selector);
+}
+
+} // namespace
+
+TEST_F(HandedOn, SettingsAreReadInTheirOrderAfterASynchronizeTwiceIfTheyAreThereAndHoldAtOnce)
+{
+    objectForKeyUnwatched = hook("SuiteDefaults", "objectForKey:", reinterpret_cast<IMP>(watchObjectForKey));
+    synchronizeUnwatched = hook("SuiteDefaults", "synchronize", reinterpret_cast<IMP>(watchSynchronize));
+    globalsNow = [this] {
+        return library.globals();
+    };
+    launch();
+    const std::vector<std::pair<std::string, sim::Json>> settings
+        = { { "activeStyle", 1 }, { "mixerSkin", 2 }, { "replaceHUD", true }, { "scale", 0.5 },
+              { "dismissOnTouch", true }, { "isAppCallNotification", true }, { "handleShake", true } };
+    const auto asked = [] {
+        std::vector<std::string> names;
+        for (const auto& [what, values] : defaultsAsked)
+            names.push_back(what);
+        return names;
+    };
+    std::vector<std::string> once { "synchronize" };
+    std::vector<std::string> twice { "synchronize" };
+    for (const auto& [key, value] : settings) {
+        once.push_back(key);
+        twice.insert(twice.end(), 2, key);
+    }
+    defaultsAsked.clear();
+    device.home->notify("net.qorvath.panotra.settingschanged");
+    EXPECT_EQ(asked(), once) << "none of them is there";
+
+    for (const auto& [key, value] : settings)
+        device.preferences->set("net.qorvath.panotra", key, value);
+    defaultsAsked.clear();
+    device.home->notify("net.qorvath.panotra.settingschanged");
+    ASSERT_EQ(asked(), twice);
+    for (std::size_t i = 0; i < settings.size(); ++i) {
+        const sim::Json& before = defaultsAsked[1 + 2 * i].second;
+        for (std::size_t other = 0; other < settings.size(); ++other) {
+            const auto& [key, value] = settings[other];
+            EXPECT_EQ(before[key] == value, other < i) << key << " when " << settings[i].first << " is asked for";
+        }
+    }
+
+    device.preferences->set("net.qorvath.brevane2", "dismissDelay", 5);
+    defaultsAsked.clear();
+    device.home->notify("net.qorvath.brevane2.settingschanged");
+    EXPECT_EQ(asked(), (std::vector<std::string> { "synchronize", "dismissDelay", "dismissDelay" }));
+    globalsNow = nullptr;
+}
+
 } // namespace panotra::testing
