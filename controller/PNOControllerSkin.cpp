@@ -14,8 +14,10 @@ void PNOController::mixerSkinOptions() const
         return;
     self->_containerView.layer().setBorderColor(makeColor(skin->border));
     applyMaterial(*skin, self->_rootBackdropView);
+    // On black the titles are the platform's own white.
+    const UIColor title = skin->isBlack ? UIColor::whiteColor() : makeColor(skin->text);
     for (std::size_t group = 0; group < groupCount; ++group)
-        self->_groupLabel[group].setTextColor(makeColor(skin->text));
+        self->_groupLabel[group].setTextColor(title);
 }
 
 } // namespace panotra

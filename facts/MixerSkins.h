@@ -13,6 +13,7 @@ struct Rgba {
     double green;
     double blue;
     double alpha;
+    friend bool operator==(const Rgba&, const Rgba&) = default;
 };
 
 /// The panel's and the sliders' backdrop before any skin: a plain blur.

@@ -2,9 +2,16 @@
 #include "views/MixerMaterials.h"
 
 namespace panotra {
+namespace {
+
+constexpr Rgba opaqueBlack { 0, 0, 0, 1 };
+
+} // namespace
 
 UIColor makeColor(const Rgba& rgba)
 {
+    if (rgba == opaqueBlack)
+        return UIColor::blackColor();
     return UIColor::colorWithRed(static_cast<CGFloat>(rgba.red), static_cast<CGFloat>(rgba.green),
         static_cast<CGFloat>(rgba.blue), static_cast<CGFloat>(rgba.alpha));
 }

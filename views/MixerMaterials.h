@@ -7,6 +7,7 @@
 
 namespace panotra {
 
+/// Opaque black is the platform's own black.
 UIColor makeColor(const Rgba& rgba);
 
 /// A blur view that follows its superview's size.

@@ -18,6 +18,7 @@ inline constinit Selector<bool(id)> isEqual { "isEqual:" };
 inline constinit Selector<bool(SEL)> respondsToSelector { "respondsToSelector:" };
 inline constinit Selector<bool()> accessInstanceVariablesDirectly { "accessInstanceVariablesDirectly" };
 inline constinit Selector<id(id)> valueForKey { "valueForKey:" };
+inline constinit Selector<id(SEL)> perform { "performSelector:" };
 inline constinit Selector<void(SEL, id, double)> performSelector { "performSelector:withObject:afterDelay:" };
 inline constinit Selector<void(id, SEL, id)> cancelPreviousPerformRequests {
     "cancelPreviousPerformRequestsWithTarget:selector:object:"

@@ -19,7 +19,11 @@ UIApplication UIApplication::sharedApplication() noexcept
 
 std::int64_t UIApplication::activeInterfaceOrientation() const noexcept
 {
-    return send(get(), selectors::activeInterfaceOrientation);
+    // Performed, not sent: whoever hooks the perform sees it. The answer is a number in an object's place.
+    const SEL orientation = selectors::activeInterfaceOrientation.get();
+    if (!answers(get(), orientation))
+        return 0;
+    return reinterpret_cast<NSInteger>(send(get(), selectors::perform, orientation));
 }
 
 UIView UIApplication::statusBar() const noexcept

@@ -225,4 +225,76 @@ TEST_F(HandedOn, SettingsAreReadInTheirOrderAfterASynchronizeTwiceIfTheyAreThere
     globalsNow = nullptr;
 }
 
+// Colours and the orientation.
+
+namespace {
+
+id darkColor(id self, SEL)
+{
+    return [self colorWithRed:0.125 green:0 blue:0 alpha:1];
+}
+
+id paleColor(id self, SEL)
+{
+    return [self colorWithRed:0.875 green:1 blue:1 alpha:1];
+}
+
+} // namespace
+
+TEST_F(HandedOn, BlackAndWhiteAreThePlatformsOwn)
+{
+    replaceClassMethod("UIColor", "blackColor", reinterpret_cast<IMP>(darkColor));
+    replaceClassMethod("UIColor", "whiteColor", reinterpret_cast<IMP>(paleColor));
+    const sim::Rgba dark { 0.125, 0, 0, 1 };
+    const sim::Rgba pale { 0.875, 1, 1, 1 };
+    launch();
+    for (const int style : { panel, banner }) {
+        device.preferences->set("net.qorvath.panotra", "mixerSkin", 0);
+        show(style);
+        for (const char* const title : { "_groupLabel0", "_groupLabel1", "_groupLabel2" })
+            EXPECT_EQ(view<sim::Label>(title)->textColor, dark);
+        EXPECT_EQ(part<sim::Label>(3, "_label1")->textColor, dark);
+        EXPECT_EQ(view("_rootBackdropView")->background, std::nullopt);
+        dismiss();
+
+        device.preferences->set("net.qorvath.panotra", "mixerSkin", 3);
+        show(style);
+        for (const char* const title : { "_groupLabel0", "_groupLabel1", "_groupLabel2" })
+            EXPECT_EQ(view<sim::Label>(title)->textColor, pale);
+        EXPECT_EQ(part<sim::Label>(3, "_label1")->textColor, (sim::Rgba { 1, 1, 1, 1 })) << "by its components";
+        EXPECT_EQ(view("_rootBackdropView")->background, dark);
+        EXPECT_EQ(part(3, "_backdropView")->background, dark);
+        dismiss();
+    }
+}
+
+namespace {
+
+IMP performUnwatched = nullptr;
+std::vector<std::string> performed;
+
+id watchPerform(id self, SEL selector, SEL what)
+{
+    performed.emplace_back(sel_getName(what));
+    return reinterpret_cast<id (*)(id, SEL, SEL)>(performUnwatched)(self, selector, what);
+}
+
+} // namespace
+
+TEST_F(HandedOn, TheOrientationIsAskedForByAPerformThatOthersMayHook)
+{
+    performUnwatched = hook("SpringBoard", "performSelector:", reinterpret_cast<IMP>(watchPerform));
+    launch();
+    for (const std::int64_t orientation : { 4, 1, 0 }) {
+        device.screen->orientation = orientation;
+        show(panel);
+        EXPECT_EQ(library.layoutMemory().previousOrientation, orientation);
+        ASSERT_FALSE(performed.empty());
+        for (const std::string& each : performed)
+            EXPECT_EQ(each, "activeInterfaceOrientation");
+        performed.clear();
+        dismiss();
+    }
+}
+
 } // namespace panotra::testing
