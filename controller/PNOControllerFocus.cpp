@@ -42,7 +42,7 @@ void PNOController::autoAnimateView(const PNOVolumeView& view) const
         cancelPreviousPerformRequests(*this, "resetAnimation:", view);
     UIView::animateWithDuration(
         growSeconds, growDelaySeconds, UIViewAnimationOptionAllowUserInteraction,
-        [&view] { view.setTransform(focusedTransform); },
+        [view] { view.setTransform(focusedTransform); },
         [controller = *this, view](bool) {
             if (processValues.autoResetTransform)
                 controller.performSelector("resetAnimation:", view, focusedSeconds);
@@ -55,7 +55,7 @@ void PNOController::resetAnimation(const PNOVolumeView& view) const
     if (fields() == nullptr)
         return;
     UIView::animateWithDuration(shrinkSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
-        [&view] {
+        [view] {
             if (!isVolumeButtonHeld())
                 view.setTransform(restingTransform);
         },

@@ -218,7 +218,7 @@ void PNOController::fadeIn() const
         [self] { self->_blurBackdropView.setBlurRadius(fadedInBlurRadius); }, // the banner has none
         [controller = *this](bool) {
             UIView::animateWithDuration(halfFadeInSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
-                [&controller] { controller.fields()->_containerView.setAlpha(1); }, {});
+                [controller] { controller.fields()->_containerView.setAlpha(1); }, {});
         });
 }
 

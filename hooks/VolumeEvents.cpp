@@ -63,7 +63,7 @@ bool deservesFocus(double level)
 void recordAndFocus(float level, const NSString& route)
 {
     UIView::animateWithDuration(recordSeconds, 0, UIViewAnimationOptionAllowUserInteraction,
-        [level, &route] {
+        [level, route] {
             PNOController::sharedInstance().setVolumeLevel(level, processValues.globalCategory.get(), route);
         },
         {});

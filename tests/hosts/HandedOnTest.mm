@@ -297,4 +297,57 @@ TEST_F(HandedOn, TheOrientationIsAskedForByAPerformThatOthersMayHook)
     }
 }
 
+// Blocks that run late.
+
+namespace {
+
+std::vector<std::function<void()>> blocksToRun;
+
+void keepBlocks(Class, SEL, double, double, unsigned long, void* animations, void*)
+{
+    blocksToRun.push_back(hosts::functionOfBlock(animations));
+}
+
+/// Writes over what calls before have left on the stack.
+void useTheStack()
+{
+    volatile unsigned char bytes[16384];
+    for (std::size_t i = 0; i < sizeof bytes; ++i)
+        bytes[i] = static_cast<unsigned char>(i + 1);
+}
+
+void runBlocks()
+{
+    useTheStack();
+    for (const auto& block : std::exchange(blocksToRun, {}))
+        block();
+}
+
+} // namespace
+
+TEST_F(HandedOn, BlocksThatAHostRunsLateStillKnowTheirRouteAndTheirSlider)
+{
+    launch();
+    show(panel);
+    replaceClassMethod(
+        "UIView", "animateWithDuration:delay:options:animations:completion:", reinterpret_cast<IMP>(keepBlocks));
+    device.audio->route = "Headset";
+    explicitChange(0.75f);
+    ASSERT_EQ(blocksToRun.size(), 2u);
+    device.audio->route = "Receiver";
+    runBlocks();
+    EXPECT_EQ(device.preferences->all()["net.qorvath.panotra"]["volume1"], 0.75);
+    EXPECT_EQ(view("_volumeView1")->transform.a, 1.05);
+
+    const id controller = hosts::hostObjectFor(device.classes->anyInstance("PNOController"));
+    [controller performSelector:sel_registerName("resetAnimation:")
+                     withObject:hosts::hostObjectFor(held("_volumeView1"))];
+    [controller performSelector:sel_registerName("resetTransforms")];
+    [controller performSelector:sel_registerName("destroyHUDWindow")];
+    EXPECT_EQ(blocksToRun.size(), 3u);
+    runBlocks();
+    EXPECT_EQ(view("_volumeView1")->transform.a, 1.0);
+    EXPECT_EQ(view("_containerView")->alpha, 0.0);
+}
+
 } // namespace panotra::testing
