@@ -53,7 +53,8 @@ struct ClassDescription {
 /// A new object of the class, counted once, its superclass not yet initialised. The first use registers the
 /// class; registering it twice is impossible. Null where the superclass is missing.
 id allocate(const ClassDescription&) noexcept;
-/// `[super init]` for an object of the class. May answer another object, or null. Null gives null.
+/// `[super init]` for an object of the class. May answer another object, or null. Null gives null. The answer is
+/// borrowed, and the caller keeps its count of `self` whatever is answered.
 id superInit(id self, const ClassDescription&) noexcept;
 /// The block of instance variables. Null for null and for an object of any other class.
 void* instanceVariables(id object, const ClassDescription&) noexcept;

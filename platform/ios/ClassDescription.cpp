@@ -168,9 +168,18 @@ Class ios::superclassOf(id self, const ClassDescription& description) noexcept
     return registered != nullptr && registered->description == &description ? registered->superclass() : nullptr;
 }
 
+/// By the platform's rule an initialiser takes over a count of its receiver and answers one: of the receiver, of
+/// another object, or of none. Here it is given a count to take, and what it answers is left to the pool.
 id superInit(id self, const ClassDescription& description) noexcept
 {
-    return sendSuper(self, description, selectors::init);
+    if (superclassOf(self, description) == nullptr)
+        return nullptr;
+    retain(self);
+    id const answer = sendSuper(self, description, selectors::init);
+    if (answer != self)
+        return autorelease(answer);
+    release(self);
+    return self;
 }
 
 void* instanceVariables(id object, const ClassDescription& description) noexcept

@@ -17,7 +17,11 @@ bool AVSystemController::setVolumeTo(float level, const NSString& category) cons
 
 bool AVSystemController::getVolume(float* level, const NSString& category) const noexcept
 {
-    return simulated::send<bool>(*this, "getVolume:forCategory:", level, simulated::objectOf(category));
+    float answer = *level;
+    if (!simulated::send<bool>(*this, "getVolume:forCategory:", &answer, simulated::objectOf(category)))
+        return false;
+    *level = answer;
+    return true;
 }
 
 NSObject AVSystemController::attributeForKey(const char* key) const noexcept

@@ -8,12 +8,13 @@ namespace panotra {
 
 namespace {
 
-/// The class in this process's table, registered at its first use. Null where the superclass is missing.
+/// The class in this process's table, registered at its first use. Null where the superclass is missing, or the process
+/// has a class of another's under the name.
 HostClass* registeredClass(sim::ClassTable& classes, const ClassDescription& description)
 {
     HostClass* const known = classes.find(description.name);
-    if (known != nullptr && known->isRegistered)
-        return known;
+    if (known != nullptr)
+        return known->isRegistered ? known : nullptr;
     if (classes.find(description.superclass) == nullptr)
         return nullptr;
     HostClass& added = classes.add(description.name, description.superclass);
@@ -39,9 +40,18 @@ id allocate(const ClassDescription& description) noexcept
     return hostClass == nullptr ? nullptr : device->classes->instantiate(*hostClass);
 }
 
+/// By the platform's rule an initialiser takes over a count of its receiver and answers one: of the receiver, of
+/// another object, or of none. Here it is given a count to take, and what it answers is left to the pool.
 id superInit(id self, const ClassDescription& description) noexcept
 {
-    return simulated::sendSuper<HostObject*>(self, description, "init");
+    if (simulated::superclassOf(self, description) == nullptr)
+        return nullptr;
+    retain(self);
+    id const answer = simulated::sendSuper<HostObject*>(self, description, "init");
+    if (answer != self)
+        return autorelease(answer);
+    release(self);
+    return self;
 }
 
 void* instanceVariables(id object, const ClassDescription& description) noexcept

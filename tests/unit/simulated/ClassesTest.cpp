@@ -140,12 +140,33 @@ TEST_F(ClassesTest, TheBlockOfAnotherClassIsNotHandedOut)
     EXPECT_EQ(instanceVariables(UIView::init().get(), PaneWindow::description()), nullptr);
 }
 
-TEST_F(ClassesTest, ASuperclassMayRefuseToInitialise)
+/// What a superclass's `init` answers instead of its receiver, whose count it takes.
+HostObject* answeredInstead = nullptr;
+
+HostObject* initOfAnother(HostObject* self, const HostSelector*)
 {
-    objc_getClass("NSObject")->methods[sim::selector("init")]
-        = sim::implementation(+[](HostObject*, const HostSelector*) -> HostObject* { return nullptr; });
-    const auto object = adopt<NSObject>(allocate(PaneWindow::description()));
-    EXPECT_EQ(superInit(object.get(), PaneWindow::description()), nullptr);
+    sim::release(self);
+    sim::retain(answeredInstead);
+    return answeredInstead;
+}
+
+TEST_F(ClassesTest, ASuperclassMayRefuseToInitialiseOrAnswerAnotherObjectAndNoCountIsLostOrLeft)
+{
+    objc_getClass("NSObject")->methods[sim::selector("init")] = sim::implementation(initOfAnother);
+    const NSString other = NSString::stringWithUTF8String("other");
+    const std::size_t before = device.classes->liveObjects();
+    for (HostObject* const answer : { static_cast<HostObject*>(nullptr), other.get() }) {
+        answeredInstead = answer;
+        {
+            const auto object = adopt<NSObject>(allocate(PaneWindow::description()));
+            EXPECT_EQ(superInit(object.get(), PaneWindow::description()), answer);
+            EXPECT_EQ(object.get()->references, 1u) << "the caller keeps its count";
+        }
+        device.classes->drainAutoreleasePool();
+        EXPECT_EQ(device.classes->liveObjects(), before);
+        EXPECT_EQ(other.get()->references, 1u);
+    }
+    answeredInstead = nullptr;
 }
 
 IMP previousSetVolume = nullptr;

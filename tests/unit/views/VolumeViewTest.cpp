@@ -144,11 +144,21 @@ TEST_F(VolumeView, TheRecogniserTellsTheSlider)
     }
 }
 
-TEST_F(VolumeView, ASuperclassThatAnswersAnotherObjectLeavesTheSliderBare)
+/// What the superclass's `init` answers instead of the slider, whose count it takes.
+HostObject* answerForSlider = nullptr;
+
+TEST_F(VolumeView, ASuperclassThatAnswersNothingOrAnotherObjectLeavesTheSliderBare)
 {
     device.classes->platformClass("UIView").methods[sim::selector("init")]
-        = sim::implementation(+[](HostObject*, const HostSelector*) -> HostObject* { return nullptr; });
-    for (const bool isNamed : { true, false }) {
+        = sim::implementation(+[](HostObject* self, const HostSelector*) {
+              sim::release(self);
+              sim::retain(answerForSlider);
+              return answerForSlider;
+          });
+    const UIView other = UIView::init();
+    for (const auto& [isNamed, instead] :
+        { std::pair(true, UIView()), std::pair(false, UIView()), std::pair(true, other), std::pair(false, other) }) {
+        answerForSlider = instead.get();
         const PNOVolumeView slider = PNOVolumeView::alloc();
         const PNOVolumeView answer
             = isNamed ? slider.initWithName(text("Speaker"), 4, true) : slider.initWithImage(text("speaker"), 4, true);
@@ -158,6 +168,8 @@ TEST_F(VolumeView, ASuperclassThatAnswersAnotherObjectLeavesTheSliderBare)
         EXPECT_EQ(slider.tag(), 0);
         EXPECT_EQ(device.classes->scalarForKey(slider.get(), "_canGoToZero"), false);
     }
+    EXPECT_TRUE(dynamic_cast<const sim::View&>(*other.get()).subviews.empty());
+    answerForSlider = nullptr;
 }
 
 // Skins.
