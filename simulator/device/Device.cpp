@@ -38,6 +38,8 @@ Device::~Device()
     touches.reset();
     runLoop.reset();
     home.reset();
+    // Before the objects: a handle that lives now must find no domain to save to.
+    preferences.reset();
     classes.reset();
 }
 
