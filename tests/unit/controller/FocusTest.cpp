@@ -2,6 +2,8 @@
 #include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
 
+#include <tuple>
+
 namespace panotra {
 namespace {
 
@@ -166,12 +168,40 @@ TEST_F(Focus, ButtonsAreLookedAtWhenTheShrinkBackBeginsAndNotBefore)
     EXPECT_EQ(swelling(0), 1.0);
 }
 
+/// The names of the buttons that were asked for, in order.
+std::vector<std::string> buttonsAsked;
+
 TEST_F(Focus, TheUpButtonIsNotAskedForWhileTheDownButtonIsHeld)
 {
     launchWithMixer();
-    device.home->volumeDownIsDown = true;
-    controller().resetAnimation(slider(0));
-    EXPECT_EQ(durations(), (std::vector<double> { 0.2 })) << "the animation is started all the same";
+    for (HostField& field : device.classes->platformClass("VolumeControl").fields) {
+        if (field.name == "_volumeUpButtonIsDown")
+            field.read = [] {
+                buttonsAsked.emplace_back("up");
+                return std::int64_t { sim::Device::current()->home->volumeUpIsDown };
+            };
+        if (field.name == "_volumeDownButtonIsDown")
+            field.read = [] {
+                buttonsAsked.emplace_back("down");
+                return std::int64_t { sim::Device::current()->home->volumeDownIsDown };
+            };
+    }
+    using Asked = std::vector<std::string>;
+    for (const auto& [isDown, isUp, asked] :
+        { std::tuple(true, true, Asked { "down" }), std::tuple(true, false, Asked { "down" }),
+            std::tuple(false, true, Asked { "down", "up" }), std::tuple(false, false, Asked { "down", "up" }) }) {
+        device.home->volumeDownIsDown = isDown;
+        device.home->volumeUpIsDown = isUp;
+        slider(0).setTransform(CGAffineTransformMakeScale(2, 2));
+        buttonsAsked.clear();
+        forgetEvents();
+        controller().resetAnimation(slider(0));
+        EXPECT_EQ(buttonsAsked, asked);
+        EXPECT_EQ(durations(), (std::vector<double> { 0.2 })) << "the animation is started all the same";
+        EXPECT_EQ(swelling(0), isDown || isUp ? 2.0 : 1.0);
+    }
+    device.home->volumeDownIsDown = false;
+    device.home->volumeUpIsDown = false;
 }
 
 TEST_F(Focus, WithoutAVolumeControlTheSliderShrinksBack)

@@ -3,6 +3,7 @@
 
 #include "simulator/device/Values.h"
 #include "tests/support/MixerTest.h"
+#include "tests/unit/preferences/TemporaryFolder.h"
 
 namespace panotra {
 namespace {
@@ -115,6 +116,17 @@ TEST_F(HelperController, TheListenersAndNoOthersHaveAnIcon)
     for (const char* const listener : { presentName, dismissName, toggleName })
         EXPECT_GT(answer("icon", listener), 0) << listener;
     EXPECT_EQ(answer("icon", strangerName), nullptr);
+}
+
+TEST_F(HelperController, TheIconIsThePictureOfThatNameInTheBundle)
+{
+    const preferences::testing::TemporaryFolder bundle;
+    preferences::testing::writeBytes(bundle / "settingsIcon.png", std::string(1234, 'i'));
+    preferences::testing::writeBytes(bundle / "icon.png", std::string(99, 'i'));
+    device.resourceFolder = bundle.path().string();
+    launch();
+    for (const char* const listener : { presentName, dismissName, toggleName })
+        EXPECT_EQ(answer("icon", listener), 1234) << listener;
 }
 
 TEST_F(HelperController, AMissingListenerNameIsAStranger)
