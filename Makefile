@@ -68,6 +68,13 @@ fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
 	@scripts/install-dependencies build test fuzz
 	@scripts/fuzz $(build) $(jobs) $(quiet)
 
+.PHONY: faults
+faults: ## let files be damaged and processes die, FAULT_ROUNDS=1000 times at random moments
+	@scripts/install-dependencies build test
+	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
+	@cmake --build $(build) --parallel $(jobs) --target fault_tests -- $(quiet)
+	@FAULT_ROUNDS=$${FAULT_ROUNDS:-1000} $(build)/tests/faults/fault_tests --gtest_brief=1
+
 .PHONY: bench
 bench: build ## measure: instructions of the logic, time of the pictures
 	@scripts/install-dependencies test bench

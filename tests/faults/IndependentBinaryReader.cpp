@@ -1,6 +1,6 @@
 /// Binary property lists read in the plainest way; and what the program has read, in the same words.
-#include "tests/unit/preferences/IndependentReader.h"
-#include "tests/unit/preferences/Meaning.h"
+#include "tests/faults/IndependentReader.h"
+#include "tests/faults/Meaning.h"
 
 #include <bit>
 #include <stdexcept>

@@ -1,8 +1,8 @@
 /// Property lists with every kind of small damage: what the program reads is what another reader reads, or nothing.
 #include "simulator/preferences/PropertyListFormats.h"
 #include "simulator/preferences/PropertyListTree.h"
+#include "tests/faults/IndependentReader.h"
 #include "tests/unit/preferences/BinaryFile.h"
-#include "tests/unit/preferences/IndependentReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 /// XML property lists read with libxml2.
-#include "tests/unit/preferences/IndependentReader.h"
-#include "tests/unit/preferences/Meaning.h"
+#include "tests/faults/IndependentReader.h"
+#include "tests/faults/Meaning.h"
 
 #include <libxml/parser.h>
 #include <libxml/tree.h>

@@ -1,5 +1,6 @@
 /// Writers that are killed in the middle of a save: the file is the old one or the new one, whole.
 #include "simulator/preferences/PropertyListFile.h"
+#include "tests/faults/Rounds.h"
 #include "tests/unit/preferences/ChildProcess.h"
 #include "tests/unit/preferences/TemporaryFolder.h"
 
@@ -68,12 +69,11 @@ protected:
 
 TEST_F(InterruptedSaveTest, AtAnyMomentLeavesTheOldFileOrTheNewOne)
 {
-    constexpr int times = 300;
     constexpr int longestLifeMicroseconds = 12000; // a save takes some 100 to 10000, by the disk
     std::mt19937 random(12);
     std::uniform_int_distribution<int> life(0, longestLifeMicroseconds);
     int saved = 0;
-    for (int time = 0; time < times || saved == 0; ++time) {
+    for (int time = 0; time < testing::rounds() || saved == 0; ++time) {
         ChildProcess writer([this, saved] {
             for (int value = saved + 1;; ++value)
                 saveLevels(value);
