@@ -69,7 +69,7 @@ fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
 	@scripts/fuzz $(build) $(jobs) $(quiet)
 
 .PHONY: faults
-faults: ## let files be damaged and processes die, FAULT_ROUNDS=1000 times at random moments
+faults: ## let files be damaged, system calls fail and processes die, FAULT_ROUNDS=1000 times at random moments
 	@scripts/install-dependencies build test
 	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
 	@cmake --build $(build) --parallel $(jobs) --target fault_tests -- $(quiet)

@@ -4,7 +4,9 @@
 #include "simulator/preferences/FileDescriptor.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
@@ -167,27 +169,30 @@ Failure followLinks(fs::path& file)
 {
     constexpr int mostLinks = 40; // as many as the kernel follows
     for (int links = 0; links <= mostLinks; ++links) {
-        std::error_code error;
-        const auto status = fs::symlink_status(file, error);
-        if (fs::status_known(status) && !fs::is_symlink(status))
-            return std::nullopt;
-        const fs::path target = error ? fs::path() : fs::read_symlink(file, error);
-        if (error)
-            return error.message();
-        file = folderOf(file) / target;
+        std::array<char, PATH_MAX> target {};
+        const ssize_t length = uninterrupted([&] { return ::readlink(file.c_str(), target.data(), target.size()); });
+        if (length < 0) {
+            const bool isNoLink = errno == EINVAL || errno == ENOENT || errno == ENOTDIR;
+            return isNoLink ? Failure() : lastError();
+        }
+        file = folderOf(file) / std::string_view(target.data(), static_cast<std::size_t>(length));
     }
     return std::strerror(ELOOP);
 }
 
 Failure makeFolders(const fs::path& folder)
 {
-    std::error_code error;
-    if (folder.empty() || fs::is_directory(folder, error))
+    const auto make = [&] {
+        return ::mkdir(folder.c_str(), 0700);
+    };
+    const fs::path above = folder.parent_path();
+    if (folder.empty() || uninterrupted(make) == 0 || errno == EEXIST)
         return std::nullopt;
-    if (auto failure = makeFolders(folder.parent_path()))
+    if (errno != ENOENT || above == folder)
+        return lastError();
+    if (auto failure = makeFolders(above))
         return failure;
-    const bool isMade = uninterrupted([&] { return ::mkdir(folder.c_str(), 0700); }) == 0;
-    return isMade || errno == EEXIST ? Failure() : lastError();
+    return uninterrupted(make) == 0 || errno == EEXIST ? Failure() : lastError();
 }
 
 Replacement replaceFile(const fs::path& file, std::string_view bytes)

@@ -57,6 +57,18 @@ TEST(FileReplacement, TheOwnerOfAFileStaysWhereTheUserMayGiveItAway)
     EXPECT_EQ(status.st_uid, owner);
 }
 
+TEST(FileReplacement, FoldersAreMadeDownToTheLast)
+{
+    const testing::TemporaryFolder folder;
+    EXPECT_FALSE(makeFolders(folder / "a/b/c"));
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "a/b/c"));
+    EXPECT_FALSE(makeFolders(folder / "a/b/c"));
+    EXPECT_FALSE(makeFolders("/"));
+    EXPECT_FALSE(makeFolders(""));
+    writeBytes(folder / "file", "");
+    EXPECT_EQ(makeFolders(folder / "file/below"), "Not a directory");
+}
+
 TEST(FileReplacement, AFolderIsNotReplacedByAFile)
 {
     const testing::TemporaryFolder folder;
