@@ -1,5 +1,8 @@
-/// Feeds the property list reader with arbitrary bytes. What it takes in must come back from what it writes.
+/// Feeds the property list reader with arbitrary bytes. What it takes in must be what another reader makes of the same
+/// bytes, and come back from what it writes.
+#include "simulator/preferences/PropertyListFormats.h"
 #include "simulator/preferences/PropertyListTree.h"
+#include "tests/faults/IndependentReader.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -33,6 +36,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(parsed.tree.has_value() == parsed.objection.empty());
     if (!parsed.tree)
         return 0;
+
+    const bool isBinary = bytes.starts_with(binaryMark);
+    const auto meaning = (isBinary ? testing::meaningOfBinary : testing::meaningOfXml)(std::string(bytes));
+    require(meaning == testing::meaningOf(*(isBinary ? readBinary : readXml)(bytes).value));
 
     const Change change { "volume0", 0.5 };
     Settings settings = parsed.tree->settings();
