@@ -20,7 +20,7 @@ constexpr auto panel = static_cast<std::int64_t>(MixerStyle::Panel);
 constexpr auto banner = static_cast<std::int64_t>(MixerStyle::Banner);
 
 /// Small enough that a sheet fits on a desk.
-constexpr ScreenSize phone { 375, 667, 1 };
+constexpr ScreenSize fullScreen { 375, 667, 1 };
 constexpr ScreenSize smallPhone { 320, 568, 1 };
 
 struct Held {
@@ -51,7 +51,7 @@ template <std::int64_t style, Light light> std::vector<SheetRow> everySkin(Studi
         SheetRow row { "Skin " + std::to_string(skin), {} };
         for (const Held& held : waysToHold) {
             MixerShowing showing;
-            showing.screen = phone;
+            showing.screen = fullScreen;
             showing.orientation = held.orientation;
             showing.style = style;
             showing.skin = skin;
