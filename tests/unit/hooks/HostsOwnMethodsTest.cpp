@@ -303,7 +303,7 @@ TEST_F(HostsOwnMethods, ASoundThatIsPlayedAtAnotherLevelArrivesAsItWas)
         });
     load();
     HostObject* const sounds = device.home->shared("SBSoundController");
-    const auto sound = adopt<NSObject>(device.classes->make<sim::Sound>("SBSound", std::int64_t { 1 }));
+    const auto sound = adopt<NSObject>(device.classes->make<sim::Sound>("SBUISound", std::int64_t { 1 }));
     sim::send<bool>(sounds, sim::selector("playSound:environments:completion:"), sound.get(), std::uint64_t { 7 },
         static_cast<HostObject*>(nullptr));
     ASSERT_EQ(ownCalls.size(), 1u);
