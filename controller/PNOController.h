@@ -71,7 +71,7 @@ public:
     // Look, layout, focus, touch.
 
     void mixerSkinOptions() const;
-    /// Upright in the current interface orientation.
+    /// Upright in the current interface orientation. Null answers no turn.
     CGAffineTransform rootViewTransform() const;
     void layoutSubviews() const;
     void animateForCategory(const NSString& category, const NSString& route) const;

@@ -217,6 +217,42 @@ INSTANTIATE_TEST_SUITE_P(Refusing, RefusingSuperclass,
         return std::string(suite.param.refused) + (suite.param.answersAnother ? "Another" : "None");
     });
 
+namespace {
+
+IMP deallocOfUIView = nullptr;
+int slidersSpokenTo = 0;
+
+/// A superclass may send messages to its object while that goes.
+void speakAndDealloc(id self, SEL selector)
+{
+    if (std::string(class_getName(object_getClass(self))) == "PNOVolumeView") {
+        ++slidersSpokenTo;
+        const auto message = [self](const char* name) {
+            return class_getMethodImplementation(object_getClass(self), sel_registerName(name));
+        };
+        using SetLevel = void (*)(id, SEL, double);
+        using SetFrame = void (*)(id, SEL, DeviceRect, double);
+        reinterpret_cast<SetLevel>(message("setVolumeLevel:"))(self, sel_registerName("setVolumeLevel:"), 0.25);
+        reinterpret_cast<SetFrame>(message("setFrame:andLevel:"))(
+            self, sel_registerName("setFrame:andLevel:"), DeviceRect { 0, 0, 100, 50 }, 0.25);
+        EXPECT_EQ([self valueForKey:@"_label1"], nil);
+    }
+    reinterpret_cast<void (*)(id, SEL)>(deallocOfUIView)(self, selector);
+}
+
+} // namespace
+
+TEST_F(RefusingHost, AnObjectThatIsSpokenToAsItGoesHasNothingLeftToTouch)
+{
+    launch();
+    show(panel);
+    deallocOfUIView = hook("UIView", "dealloc", reinterpret_cast<IMP>(speakAndDealloc));
+    dismiss();
+    EXPECT_EQ(slidersSpokenTo, 12);
+    EXPECT_EQ(device.preferences->all()["net.qorvath.panotra"]["volume3"], 0.5);
+    expectNothingLeft();
+}
+
 // The bundle and its pictures.
 
 namespace {
