@@ -19,9 +19,8 @@ compile() {
 }
 compile --toolchain "$root/cmake/ios-armv7.cmake" -D PANOTRA_LIBCXX="$libcxx"
 rm -r "$scratch/build"
-for compiler in clang++-14 clang++-19; do
-    compile -D CMAKE_CXX_COMPILER="$compiler"
-done
+# Of the other compilers, clang 19 makes the library that the tests load.
+compile -D CMAKE_CXX_COMPILER=clang++-14
 
 warnings=(-std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 failures=0
