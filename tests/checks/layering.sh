@@ -16,6 +16,7 @@ controller                  | standard | controller views model platform facts
 hooks                       | standard | hooks controller views model platform facts
 platform/simulated          | standard | platform/simulated platform simulator/device facts
 platform/ios                | any      | platform/ios platform facts
+doctor                      | any      | doctor hooks platform/ios platform facts
 simulator/preferences       | any      | simulator/preferences facts
 simulator/systems           | standard | simulator/systems
 simulator/device            | any      | simulator/device simulator/preferences simulator/systems facts

@@ -18,7 +18,7 @@ existing_rooms() {
 # The rooms of ROOT that hold sources of ours. What packaging/sdk declares has the layout and the style of the system
 # that it stands for.
 source_rooms() {
-    existing_rooms "$1" "${logic_rooms[@]}" platform simulator packaging/checks packaging/signer tests fuzz bench
+    existing_rooms "$1" "${logic_rooms[@]}" platform doctor simulator packaging/checks packaging/signer tests fuzz bench
 }
 
 # Every C++ and Objective-C++ file of ROOT, one a line, relative to it, sorted.

@@ -13,9 +13,10 @@ failures=0
 
 # Whose plants follow: the package, the folder below which its files lie, and the check's arguments.
 choose() {
-    local product=$1 kind=$2 architecture=$3 library=$5
+    local product=$1 kind=$2 architecture=$3 library=$5 name=panotra
+    [[ $product == panotra ]] || name+=.$product
     top=$4
-    package=$(realpath "$device/net.qorvath.${product}_"*"_$architecture.deb")
+    package=$(realpath "$device/net.qorvath.$name"_*"_$architecture.deb")
     planted=$scratch/$(basename "$package")
     check=("$root/packaging/checks/check-package" "$product" "$kind" "$(dpkg-deb --field "$package" Version)" "$library")
 }
@@ -104,5 +105,16 @@ mkdir -p Library; cp "$P/Panotra.png" Library                     | holds: -rw-r
 END_OF_PLANTS
 cp "$device/arm64/Panotra.dylib" "$scratch/rootful.dylib"
 plant <<<"cp '$scratch/rootful.dylib' \"\$D/Panotra.dylib\"       | holds another library than .*/rootless/Panotra.dylib"
+
+choose doctor rootful iphoneos-arm '' "$device/arm64/PanotraDoctor.dylib"
+"${check[@]}" "$package" >/dev/null
+plant <<'END_OF_PLANTS'
+rm "$P/PanotraDoctor.plist"                                       | lacks or has otherwise: .*Preferences/PanotraDoctor.plist
+mkdir -p "$B"; cp "$P/PanotraDoctor.png" "$B"                     | holds: .*Panotra.bundle/PanotraDoctor.png
+sed -i "s/firmware (>= 9.0)/&, firmware (<< 17.0)/" DEBIAN/control | Depends is .*firmware \(<< 17.0\)
+END_OF_PLANTS
+choose doctor rootless iphoneos-arm64 var/jb/ "$device/arm64/PanotraDoctor.dylib"
+"${check[@]}" "$package" >/dev/null
+plant <<<'mv var/jb/Library . && rmdir var/jb                       | lacks or has otherwise: .*var/jb/Library/MobileSubstrate/DynamicLibraries/PanotraDoctor.dylib'
 
 conclude "plants that the check of the packages overlooks" "$failures"

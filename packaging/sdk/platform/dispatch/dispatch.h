@@ -1,4 +1,4 @@
-/// Grand Central Dispatch: one delayed block on the main queue.
+/// Grand Central Dispatch: one delayed block on the main queue, and the names of queues.
 #pragma once
 
 #include <stdint.h>
@@ -17,6 +17,7 @@ extern struct dispatch_queue_s _dispatch_main_q;
 
 dispatch_time_t dispatch_time(dispatch_time_t when, int64_t delta);
 void dispatch_after(dispatch_time_t when, dispatch_queue_t, dispatch_block_t);
+const char* dispatch_queue_get_label(dispatch_queue_t); // null stands for the queue that the caller runs on
 
 #ifdef __cplusplus
 }

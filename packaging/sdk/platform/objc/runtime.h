@@ -18,11 +18,14 @@ SEL sel_registerName(const char* name);
 
 // What an object is and what it answers to.
 Class object_getClass(id object);
+const char* object_getClassName(id object);
+const char* class_getName(Class);
 Class class_getSuperclass(Class);
 size_t class_getInstanceSize(Class);
 BOOL class_respondsToSelector(Class, SEL);
 IMP class_getMethodImplementation(Class, SEL);
 Method class_getInstanceMethod(Class, SEL);
+Method class_getClassMethod(Class, SEL);
 unsigned method_getNumberOfArguments(Method); // receiver and selector included
 const char* method_getTypeEncoding(Method);
 Ivar class_getInstanceVariable(Class, const char* name);

@@ -1,0 +1,127 @@
+/// The mixer's own tables, row by row, against what the process has.
+#include "doctor/Examination.h"
+
+#include "doctor/Report.h"
+#include "doctor/Text.h"
+#include "doctor/Types.h"
+#include "hooks/HostTables.h"
+#include "platform/ios/Messages.h"
+
+#include <objc/runtime.h>
+#include <string>
+
+namespace panotra::doctor {
+
+namespace {
+
+/// What the process has of a row.
+struct Finding {
+    bool isThere = false;
+    std::string type; ///< the runtime's code
+};
+
+std::string systemsOf(int since, int until)
+{
+    if (since == until)
+        return joined({ " (iOS ", decimal(since), ")" });
+    return joined({ " (iOS ", decimal(since), " to ", decimal(until), ")" });
+}
+
+class Table {
+public:
+    Table(int system, std::string_view heading)
+        : m_system(system)
+    {
+        writeLine({ "" });
+        writeLine({ heading });
+    }
+
+    /// "ok" and "absent" are as they should be on this system; the others are what we look for. What two rows call by
+    /// one name differs by its type, so that a row of other systems is met only by its very type.
+    void row(std::string_view name, std::string_view type, int since, int until, const Finding& finding)
+    {
+        const bool isExpected = m_system == 0 || (since <= m_system && m_system <= until);
+        const bool isSame = finding.isThere && essenceOfType(finding.type) == essenceOfType(type);
+        const std::string systems = systemsOf(since, until);
+        ++m_count;
+        if (isExpected && finding.isThere && !isTypeServed(type, finding.type)) {
+            writeLine({ "  TYPE     ", name, " ", type, systems, ", here ", essenceOfType(finding.type) });
+        } else if (isExpected && !finding.isThere) {
+            writeLine({ "  MISSING  ", name, " ", type, systems });
+        } else {
+            ++m_wellCount;
+            if (!isExpected && isSame)
+                writeLine({ "  extra    ", name, " ", type, systems });
+            else if (!isExpected)
+                writeLine({ "  absent   ", name, " ", type, systems });
+            else if (isSame)
+                writeLine({ "  ok       ", name, " ", type });
+            else
+                writeLine({ "  ok       ", name, " ", type, ", here ", essenceOfType(finding.type) });
+        }
+    }
+
+    ~Table() { writeLine({ "  ", decimal(m_wellCount), " of ", decimal(m_count), " as expected" }); }
+
+private:
+    int m_system;
+    int m_count = 0;
+    int m_wellCount = 0;
+};
+
+Finding findingOf(const char* type)
+{
+    if (type == nullptr)
+        return {};
+    return { true, type };
+}
+
+Finding findMethod(const char* className, const char* name, bool isOfClass)
+{
+    ::Class const hostClass = ::objc_getClass(className);
+    if (hostClass == nullptr)
+        return {};
+    ::SEL const selector = sel_registerName(name);
+    ::Method const method
+        = isOfClass ? class_getClassMethod(hostClass, selector) : class_getInstanceMethod(hostClass, selector);
+    return method != nullptr ? findingOf(method_getTypeEncoding(method)) : Finding {};
+}
+
+Finding findVariable(const char* className, const char* name)
+{
+    ::Class const hostClass = ::objc_getClass(className);
+    ::Ivar const variable = hostClass != nullptr ? class_getInstanceVariable(hostClass, name) : nullptr;
+    return variable != nullptr ? findingOf(ivar_getTypeEncoding(variable)) : Finding {};
+}
+
+std::string nameOfMethod(const char* className, const char* name, bool isOfClass)
+{
+    return joined({ isOfClass ? "+[" : "-[", className, " ", name, "]" });
+}
+
+} // namespace
+
+void examineTables(int system)
+{
+    {
+        Table table(system, "hooks");
+        for (const HookRow& row : hookRows) {
+            table.row(nameOfMethod(row.className, row.method, false), row.type, row.since, row.until,
+                findMethod(row.className, row.method, false));
+        }
+    }
+    {
+        Table table(system, "messages");
+        for (const ios::MessageRow& row : ios::messageRows) {
+            table.row(nameOfMethod(row.className, row.method(), row.isToTheClass), row.type, row.since, row.until,
+                findMethod(row.className, row.method(), row.isToTheClass));
+        }
+    }
+    Table table(system, "variables");
+    for (const VariableRow& row : variableRows) {
+        table.row(joined({ row.className, " ", row.name }), row.type, row.since, row.until,
+            findVariable(row.className, row.name));
+    }
+}
+
+} // namespace panotra::doctor

@@ -1,0 +1,19 @@
+/// What the doctor asks of a process beyond what the mixer asks.
+#pragma once
+
+#include "simulator/device/Device.h"
+
+#include <string>
+
+namespace panotra::hosts {
+
+/// The classes and functions that the doctor looks at, in a process of that system. Before its library comes.
+void prepareForDoctor(sim::Device& device, int system);
+/// Puts a file on the list of what the dynamic loader has loaded.
+void noteLoaded(const std::string& path);
+/// The audio service announces a change, and posts a notification of it, on the thread that calls this.
+void announceByItself();
+/// What the doctor has written so far.
+std::string reportOfDoctor();
+
+} // namespace panotra::hosts
