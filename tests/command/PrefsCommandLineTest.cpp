@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 namespace {
@@ -40,6 +41,21 @@ TEST_F(PrefsCommandLine, WithoutAFolderThePersonsOwnIsTaken)
     const auto ended = runScript("env -u XDG_DATA_HOME -u HOME \"$panotra\" prefs list a.b");
     EXPECT_EQ(ended.status, 3);
     EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]+\n$"));
+}
+
+TEST_F(PrefsCommandLine, ADamagedFileIsPutAsideAndEndsSettingAndPlayingWithThree)
+{
+    std::filesystem::create_directory(folder / "p");
+    write("play", "load\nlaunch\n");
+    for (const auto* command : { "prefs set --prefs p net.qorvath.panotra scale float 1", "play play --prefs p" }) {
+        write("p/net.qorvath.panotra.plist", "garbage");
+        const auto ended = run(command);
+        EXPECT_EQ(ended.status, 3) << command;
+        EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]+; set aside as [^\n]+\n$")) << command;
+        EXPECT_EQ(run(command).status, 0) << command;
+    }
+    EXPECT_EQ(run("prefs get --prefs p net.qorvath.panotra scale").status, 1);
+    EXPECT_EQ(read("p/net.qorvath.panotra.plist.unreadable-2"), "garbage");
 }
 
 TEST_F(PrefsCommandLine, AnAbsentKeyEndsWithOne)
