@@ -123,12 +123,34 @@ const DeviceCall deviceCalls[] = {
     { "_UIStatusBar", "setFrame:", message<void(sim::Rect)>() },
 };
 
+/// What came with later systems, and what a class inherits there that it has of its own in other processes.
+const DeviceCall laterDeviceCalls[] = {
+    { "SBRingerControl", "setRingerMuted:", message<void(bool)>() },
+    { "SBRingerControl", "activateRingerHUDFromMuteSwitch:", message<void(std::int32_t)>() },
+    { "SBRingerControl",
+        "activateRingerHUD:withInitialVolume:fromSource:", message<void(std::int32_t, float, std::uint64_t)>() },
+    { "SBHUDController", "_presentHUD:animated:", message<void(HostObject*, bool)>() },
+    { "SpringBoard",
+        "noteInterfaceOrientationChanged:duration:logMessage:", message<void(std::int64_t, double, HostObject*)>() },
+    { "SBVolumeControl", "_presentVolumeHUDWithVolume:", message<void(float)>() },
+    { "UIView", "setFrame:", message<void(sim::Rect)>() },
+};
+
 using MethodKey = std::pair<std::string, std::string>;
 
 std::map<MethodKey, HostClass::Implementation>& routed()
 {
     static std::map<MethodKey, HostClass::Implementation> all;
     return all;
+}
+
+/// Methods that the process has not are left out.
+void route(const DeviceCall& call)
+{
+    HostClass& hostClass = device().classes->platformClass(call.className);
+    const auto method = hostClass.methods.find(sim::selector(call.selector));
+    if (method != hostClass.methods.end())
+        routed()[{ call.className, call.selector }] = std::exchange(method->second, call.message);
 }
 
 } // namespace
@@ -144,10 +166,13 @@ HostClass::Implementation messageOfType(const char* encoding)
 
 void routeDeviceCallsThroughMessages()
 {
-    for (const DeviceCall& call : deviceCalls) {
-        HostClass& hostClass = device().classes->platformClass(call.className);
-        HostClass::Implementation& method = hostClass.methods[sim::selector(call.selector)];
-        routed()[{ call.className, call.selector }] = std::exchange(method, call.message);
+    for (const DeviceCall& call : deviceCalls)
+        route(call);
+    if (!device().system)
+        return;
+    for (const DeviceCall& call : laterDeviceCalls) {
+        if (device().classes->find(call.className) != nullptr)
+            route(call);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "tests/hosts/DeviceCalls.h"
 #include "tests/hosts/Values.h"
 #include "tests/hosts/classes/Foundation.h"
+#include "tests/hosts/classes/SystemClasses.h"
 
 #include <cstdlib>
 #include <utility>
@@ -19,6 +20,7 @@ void prepareProcess()
     setenv("GNUSTEP_CONFIG_FILE", PANOTRA_GNUSTEP_CONFIG, 1);
     [NSAutoreleasePool new]; // for the life of the process
     makeFoundationTheDevices();
+    makeSystemClasses();
     routeDeviceCallsThroughMessages();
 }
 

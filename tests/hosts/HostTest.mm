@@ -3,6 +3,7 @@
 
 #include "tests/hosts/HostProcess.h"
 #include "tests/hosts/Imports.h"
+#include "tests/hosts/classes/SystemClasses.h"
 
 #include <algorithm>
 
@@ -52,7 +53,7 @@ IMP hook(const char* className, const char* selector, IMP replacement)
     using Hooking = void (*)(Class, SEL, IMP, IMP*);
     IMP previous = nullptr;
     const auto install = reinterpret_cast<Hooking>(hosts::importedSymbol("MSHookMessageEx"));
-    install(objc_lookUpClass(className), sel_registerName(selector), replacement, &previous);
+    install(hosts::classNamed(className), sel_registerName(selector), replacement, &previous);
     return previous;
 }
 

@@ -4,6 +4,7 @@
 #include "simulator/device/Values.h"
 #include "tests/hosts/DeviceCalls.h"
 #include "tests/hosts/Values.h"
+#include "tests/hosts/classes/SystemClasses.h"
 
 #include <objc/runtime.h>
 
@@ -122,7 +123,7 @@ id hostObjectFor(HostObject* object)
     if (const id value = valueFor(object))
         return value;
     if (object->instanceVariables == nullptr) {
-        Class hostClass = objc_lookUpClass(object->isa->name.c_str());
+        Class hostClass = classNamed(object->isa->name.c_str());
         if (hostClass == Nil || hostClass == [NSObject class])
             hostClass = [DeviceObject class];
         attachPeer(NSAllocateObject(hostClass, 0, nullptr), object);
@@ -157,7 +158,7 @@ id autoreleasedHostObject(HostObject* counted)
 HostClass& deviceClassOf(Class hostClass)
 {
     for (; hostClass != Nil; hostClass = class_getSuperclass(hostClass)) {
-        if (HostClass* const known = device().classes->find(class_getName(hostClass)))
+        if (HostClass* const known = device().classes->find(nameOfClass(hostClass)))
             return *known;
     }
     return device().classes->platformClass("NSObject");

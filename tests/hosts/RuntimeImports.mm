@@ -2,6 +2,7 @@
 #include "tests/hosts/Crossings.h"
 #include "tests/hosts/Imports.h"
 #include "tests/hosts/Peers.h"
+#include "tests/hosts/classes/SystemClasses.h"
 
 #include <objc/message.h>
 #include <objc/runtime.h>
@@ -20,7 +21,7 @@ void noteMessage(id receiver, SEL selector)
     if (!hosts::areCrossingsRecorded())
         return;
     const Class receiverClass = object_getClass(receiver);
-    noteCrossing((class_isMetaClass(receiverClass) ? "+[" : "-[") + std::string(class_getName(receiverClass)) + ' '
+    noteCrossing((class_isMetaClass(receiverClass) ? "+[" : "-[") + std::string(hosts::nameOfClass(receiverClass)) + ' '
         + sel_getName(selector) + ']');
 }
 
@@ -74,7 +75,7 @@ Class __wrap_objc_getClass(const char* name)
         return Nil;
     if (const auto empty = emptyClasses().find(name); empty != emptyClasses().end())
         return empty->second;
-    const Class found = objc_lookUpClass(name);
+    const Class found = hosts::classNamed(name);
     return found != Nil ? found : newClass(name, [NSObject class]);
 }
 

@@ -101,7 +101,7 @@ extern "C" NSData* UIImagePNGRepresentation(id image)
 
 + (id)mainScreen
 {
-    if (hosts::device().screen->hasRealDisplayBounds)
+    if (hosts::device().screen->hasRealDisplayBounds && !hosts::device().system)
         class_addMethod(self, sel_registerName("_realDisplayBounds"), reinterpret_cast<IMP>(uprightPixels), "{}@:");
     return hosts::hostObjectFor(hosts::device().home->mainScreen());
 }

@@ -6,6 +6,9 @@
 /// The device's one object of the class, which stands for that of a shared instance.
 id sharedObject(const char* className);
 
+/// The volume buttons' object, its instance variables brought up to date: the buttons are the device's. Nil gives nil.
+id updatedButtons(id buttons);
+
 /// The audio service.
 @interface AVSystemController : DeviceObject
 + (id)sharedAVSystemController;
@@ -52,8 +55,8 @@ id sharedObject(const char* className);
 @interface AXSpringBoardServer : DeviceObject
 + (id)server;
 - (BOOL)isSiriVisible;
-- (void)openSiri;
-- (void)dismissSiri;
+- (BOOL)openSiri;
+- (BOOL)dismissSiri;
 @end
 
 /// The voice assistant.

@@ -2,15 +2,51 @@
 #include "tests/hosts/classes/SpringBoard.h"
 
 #include "simulator/device/HomeScreen.h"
+#include "simulator/device/Saturated.h"
 #include "simulator/device/SharedObjects.h"
 #include "tests/hosts/DeviceCalls.h"
 #include "tests/hosts/Values.h"
+
+#include <objc/runtime.h>
 
 using namespace panotra;
 
 id sharedObject(const char* className)
 {
     return hosts::hostObjectFor(hosts::device().home->shared(className));
+}
+
+namespace {
+
+/// An instance variable by its name, in the type that the object's class gives it.
+void setVariable(id object, const char* name, std::int64_t value)
+{
+    const Ivar variable = class_getInstanceVariable(object_getClass(object), name);
+    void* const place = reinterpret_cast<char*>(object) + ivar_getOffset(variable);
+    switch (*ivar_getTypeEncoding(variable)) {
+    case 'i':
+        *static_cast<std::int32_t*>(place) = sim::saturated<std::int32_t>(value);
+        break;
+    case 'q':
+    case 'Q':
+        *static_cast<std::int64_t*>(place) = value;
+        break;
+    default:
+        *static_cast<char*>(place) = value != 0;
+    }
+}
+
+} // namespace
+
+id updatedButtons(id buttons)
+{
+    if (buttons == nil)
+        return nil;
+    const sim::HomeScreen& home = *hosts::device().home;
+    setVariable(buttons, "_mode", home.volumeMode);
+    setVariable(buttons, "_volumeUpButtonIsDown", home.volumeUpIsDown);
+    setVariable(buttons, "_volumeDownButtonIsDown", home.volumeDownIsDown);
+    return buttons;
 }
 
 // The audio service.
@@ -80,19 +116,9 @@ id sharedObject(const char* className)
 
 @implementation VolumeControl
 
-/// Brings the instance variables up to date: the buttons are the device's.
-- (id)updated
-{
-    const sim::HomeScreen& home = *hosts::device().home;
-    _mode = home.volumeMode;
-    _volumeUpButtonIsDown = home.volumeUpIsDown;
-    _volumeDownButtonIsDown = home.volumeDownIsDown;
-    return self;
-}
-
 + (id)sharedVolumeControl
 {
-    return [sharedObject("VolumeControl") updated];
+    return updatedButtons(sharedObject("VolumeControl"));
 }
 
 - (void)_presentVolumeHUDWithMode:(int)mode volume:(float)volume
@@ -158,14 +184,16 @@ id sharedObject(const char* className)
     return hosts::device().home->assistantVisible;
 }
 
-- (void)openSiri
+- (BOOL)openSiri
 {
     hosts::callOwn<void>("AXSpringBoardServer", hosts::peerOf(self), _cmd);
+    return YES;
 }
 
-- (void)dismissSiri
+- (BOOL)dismissSiri
 {
     hosts::callOwn<void>("AXSpringBoardServer", hosts::peerOf(self), _cmd);
+    return YES;
 }
 
 @end

@@ -87,6 +87,11 @@ sim::View* viewOf(id view)
     viewOf(self)->setAlpha(alpha);
 }
 
+- (BOOL)isHidden
+{
+    return viewOf(self)->hidden;
+}
+
 - (void)setHidden:(BOOL)hidden
 {
     viewOf(self)->setHidden(hidden);
