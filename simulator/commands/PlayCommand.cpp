@@ -48,6 +48,9 @@ CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
         ->type_name("DIR")
         ->capture_default_str();
     command->footer(
+        "Systems: with `ios N` before any `lack` or `have` the process has the shape of iOS N, one of 9, 10, 11, 12, "
+        "13, "
+        "14, 15\nand 16. Without it, it has all of what 10 to 12 have.\n\n"
         "Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is "
         "wrong and\nnothing was run, 3 a file could not be read or written. A file of preferences that is no property "
         "list "

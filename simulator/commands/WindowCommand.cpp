@@ -3,6 +3,7 @@
 
 #include "simulator/Bundle.h"
 #include "simulator/LinkedLibrary.h"
+#include "simulator/systems/Systems.h"
 #include "simulator/window/OpenWindow.h"
 
 #include <memory>
@@ -21,6 +22,11 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
     command->add_option("--screen", options->screen, "The screen in points and pixels a point")
         ->type_name("WxH@S")
         ->capture_default_str();
+    command
+        ->add_option("--ios", options->system,
+            "The system whose home screen the phone has, 9 to 16; without it, all of what 10 to 12 have")
+        ->check(CLI::Range(systems::oldest, systems::newest))
+        ->type_name("N");
     command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
         ->type_name("FILE.png")
         ->capture_default_str();
@@ -31,7 +37,8 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
     command->add_flag(
         "--statistics", options->wantsStatistics, "At the end, tell of turns of the loop and frame times");
     command->footer(
-        "Press ? in the window for its keys. What `panotra prefs set` changes meanwhile is obeyed at once.\n"
+        "Press ? in the window for its keys; I starts the phone anew as one of the next system, unless it is recorded "
+        "or traced.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
         "Exit status: 0 all went well, 2 the command line is wrong, 3 there is no display or no font, or a "
         "file\ncould not be read or written.");
     command->callback([options, &status] {

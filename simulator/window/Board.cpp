@@ -63,6 +63,11 @@ void addSideButtons(Sheet& sheet, const Subject& subject)
     }
 }
 
+std::string nameOfSystem(const std::optional<int>& system)
+{
+    return system ? "iOS " + std::to_string(*system) : "iOS 10\u201312";
+}
+
 /// A line of the list of keys.
 struct KeyRow {
     std::string_view group;
@@ -85,6 +90,7 @@ std::pair<std::vector<KeyRow>, std::vector<KeyRow>> columnsOfHelp()
         (index < split ? columns.first : columns.second).push_back({ control.group, control.cap, control.label });
     }
     columns.second.push_back({ "Window", "?", "This list" });
+    columns.second.push_back({ "Window", "I", "Next system" });
     columns.second.push_back({ "Window", "Q", "Quit" });
     return columns;
 }
@@ -180,9 +186,16 @@ void addControls(Sheet& sheet, const Subject& subject, Area area)
         sheet.spots.push_back(spot);
     }
     area.takeTop(groupGap);
-    const Spot help { area.takeTop(buttonHeight), Purpose::Help };
+    Area row = area.takeTop(buttonHeight);
+    const Spot help { row.takeLeft((row.width - gap) / 2), Purpose::Help };
     addButton(sheet, help.area, "?", "All keys", "", subject.emphasisOf(help, subject.attention.wantsHelp));
     sheet.spots.push_back(help);
+    row.takeLeft(gap);
+    const Spot system { row, Purpose::System };
+    addButton(
+        sheet, system.area, "I", nameOfSystem(subject.session.device().system), "", subject.emphasisOf(system, false));
+    if (subject.session.canStartAnew())
+        sheet.spots.push_back(system);
 }
 
 void addHelp(Sheet& sheet, const Subject& subject)

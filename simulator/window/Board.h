@@ -15,6 +15,7 @@ struct Attention {
     std::optional<Spot> hovered; ///< where the pointer is
     std::optional<double> draggedValue; ///< of the range at `hovered`, which is not stored yet
     bool wantsHelp = false;
+    bool wantsOtherSystem = false; ///< the phone is to start anew as one of the next system
 };
 
 /// What there is to show.

@@ -6,10 +6,12 @@
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/preferences/DefaultFolder.h"
 #include "simulator/scenario/Text.h"
+#include "simulator/systems/Systems.h"
 #include "simulator/window/PreferenceWatch.h"
 #include "simulator/window/WindowLoop.h"
 
 #include <filesystem>
+#include <memory>
 #include <utility>
 
 namespace panotra::sim {
@@ -75,6 +77,25 @@ private:
     std::optional<OutputFile> m_file;
 };
 
+/// Null and the reason in `failure` where a picture or a font is missing.
+std::unique_ptr<render::Renderer> makeRendererOf(const WindowOptions& options, std::string& failure)
+{
+    auto wallpaper = findWallpaper(options.wallpaper, failure);
+    if (!wallpaper) {
+        failure = printable(options.wallpaper) + ": " + failure;
+        return nullptr;
+    }
+    return makeRenderer(std::move(*wallpaper), complain, failure);
+}
+
+/// From the oldest to the newest, then the phone of no system, then the oldest again.
+std::optional<int> nextSystem(const std::optional<int>& system)
+{
+    if (!system)
+        return systems::oldest;
+    return *system == systems::newest ? std::nullopt : std::optional(*system + 1);
+}
+
 } // namespace
 
 ExitStatus openWindow(const WindowOptions& options, const Library& library)
@@ -85,15 +106,12 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
     if (const auto reason = render::whyTooLargeOrSmall({ screen->width, screen->height }, screen->scale))
         return failed("--screen: " + *reason, ExitStatus::WrongInput);
     std::string failure;
-    auto wallpaper = findWallpaper(options.wallpaper, failure);
-    if (!wallpaper)
-        return failed(printable(options.wallpaper) + ": " + failure);
+    auto renderer = makeRendererOf(options, failure);
+    if (renderer == nullptr)
+        return failed(failure);
     const auto folder = makePreferencesFolder(options.preferencesFolder);
     if (!folder)
         return ExitStatus::FileFailed;
-    const auto renderer = makeRenderer(std::move(*wallpaper), complain, failure);
-    if (renderer == nullptr)
-        return failed(failure);
     const auto display = Display::open("Panotra", failure);
     if (display == nullptr)
         return failed("no display to open a window on: " + failure);
@@ -120,21 +138,34 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
     setup.preferencesFolder = *folder;
     setup.resourceFolder = options.resourceFolder;
     setup.screen = *screen;
+    setup.system = options.system;
     setup.record = recording.sink();
     setup.trace = trace.sink();
     setup.fileFailed = complain;
-    Session session(std::move(setup), library);
-    Phone phone(session.device());
-    WindowLoop loop(*display, session, phone, *renderer, options.wantsStatistics ? Statistics::Kept : Statistics::None);
-    std::string trouble;
-    const bool wasClosed = loop.run(trouble);
-    if (!wasClosed)
-        complain("the display takes no more pictures: " + trouble);
-    if (options.wantsStatistics)
-        std::fprintf(stderr, "panotra: %s\n", loop.statistics().c_str());
+    bool allWentWell = true;
+    for (bool isOpen = true; isOpen;) {
+        Session session(setup, library);
+        Phone phone(session.device());
+        WindowLoop loop(
+            *display, session, phone, *renderer, options.wantsStatistics ? Statistics::Kept : Statistics::None);
+        std::string trouble;
+        const bool wasClosed = loop.run(trouble);
+        if (!wasClosed)
+            complain("the display takes no more pictures: " + trouble);
+        if (options.wantsStatistics)
+            std::fprintf(stderr, "panotra: %s\n", loop.statistics().c_str());
+        allWentWell = allWentWell && wasClosed && session.filesWorked();
+        isOpen = wasClosed && loop.wantsOtherSystem();
+        if (!isOpen)
+            break;
+        setup.system = nextSystem(setup.system);
+        renderer = makeRendererOf(options, failure); // what it keeps of the views goes with them
+        if (renderer == nullptr)
+            return failed(failure);
+    }
     const bool isRecorded = recording.close();
     const bool isTraced = trace.close();
-    return wasClosed && isRecorded && isTraced && session.filesWorked() ? ExitStatus::AllWell : ExitStatus::FileFailed;
+    return allWentWell && isRecorded && isTraced ? ExitStatus::AllWell : ExitStatus::FileFailed;
 }
 
 } // namespace panotra::sim

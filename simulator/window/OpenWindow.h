@@ -14,6 +14,7 @@ struct WindowOptions {
     std::optional<std::string> recordFile;
     std::optional<std::string> traceFile; ///< JSON Lines
     std::string screen = "375x667@2"; ///< WxH@S
+    std::optional<int> system; ///< 9 to 16; none: what 10 to 12 have, all of it
     std::string wallpaper = "dusk"; ///< "dusk", "dawn" or a PNG file
     std::string resourceFolder {};
     bool wantsStatistics = false;

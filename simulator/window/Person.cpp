@@ -97,6 +97,9 @@ void Person::pointerDown(Point point)
     case Purpose::Help:
         switchHelp();
         break;
+    case Purpose::System:
+        chooseNextSystem();
+        break;
     }
 }
 

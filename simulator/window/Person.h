@@ -30,6 +30,8 @@ public:
     void keyUp(std::string_view key);
     void switchHelp() { m_attention.wantsHelp = !m_attention.wantsHelp; }
     void putHelpAway() { m_attention.wantsHelp = false; }
+    /// Asks for the phone of the next system, where the phone can be started anew.
+    void chooseNextSystem() { m_attention.wantsOtherSystem = m_session.canStartAnew(); }
 
     // On the sheet.
     void pointerDown(Point point);

@@ -56,11 +56,14 @@ Session::Session(SessionSetup setup, const Library& library)
     m_device.traceSink = [this](const Json& event) {
         observe(event);
     };
-    start(m_setup.screen);
+    start();
 }
 
-void Session::start(const ScreenSize& screen)
+void Session::start()
 {
+    const ScreenSize& screen = m_setup.screen;
+    if (m_setup.system)
+        play("ios " + std::to_string(*m_setup.system));
     play("screen " + numeral(screen.width) + ' ' + numeral(screen.height) + ' ' + numeral(screen.scale));
     m_settings = m_device.preferences->all();
     // What is in the files already is nothing to be done, but the scenario has to know it.

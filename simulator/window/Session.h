@@ -14,6 +14,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,7 @@ struct SessionSetup {
     std::string preferencesFolder; ///< exists
     std::string resourceFolder {};
     ScreenSize screen {};
+    std::optional<int> system {}; ///< the system whose shape the phone has; none: `ios` is left out
     std::function<void(std::string_view text)> record {}; ///< gets the scenario; may be empty
     std::function<void(std::string_view text)> trace {}; ///< gets the trace as JSON Lines; may be empty
     std::function<void(const std::string& message)> fileFailed {}; ///< as Audience has it
@@ -64,10 +66,13 @@ public:
     void finish();
     bool filesWorked() const { return m_player.filesWorked(); }
 
+    /// Whether the phone can be started anew: not if it is recorded or traced, for both know of one phone.
+    bool canStartAnew() const { return !m_setup.record && !m_setup.trace; }
+
 private:
     struct ParsedLine;
 
-    void start(const ScreenSize& screen);
+    void start();
     void recordTime();
     void record(const std::string& line);
     void run(const std::string& line);

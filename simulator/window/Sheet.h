@@ -73,7 +73,7 @@ using Element = std::variant<Box, Text, ScreenPicture>;
 
 /// A place that answers to the pointer.
 struct Spot {
-    enum class Purpose { Screen, Control, Choice, Switch, Range, Help };
+    enum class Purpose { Screen, Control, Choice, Switch, Range, Help, System };
 
     Area area;
     Purpose purpose;

@@ -46,7 +46,7 @@ WindowLoop::WindowLoop(
 bool WindowLoop::run(std::string& failure)
 {
     bool isWell = true;
-    while (m_isOpen) {
+    while (m_isOpen && !wantsOtherSystem()) {
         isWell = draw(failure) != Display::Shown::Failed;
         if (!isWell)
             break;
@@ -145,6 +145,8 @@ void WindowLoop::handleKeyDown(const SDL_Keysym& key)
     const char* const digit = digitAt(key.scancode);
     if (key.sym == SDLK_q)
         m_isOpen = false;
+    else if (key.sym == SDLK_i)
+        m_person.chooseNextSystem();
     else if (key.sym == SDLK_ESCAPE)
         m_person.putHelpAway();
     else if (!m_person.keyDown(SDL_GetKeyName(key.sym)) && digit != nullptr)

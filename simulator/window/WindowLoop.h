@@ -23,8 +23,10 @@ public:
 
     WindowLoop(Display& display, Session& session, Phone& phone, render::Renderer& renderer, Statistics statistics);
 
-    /// Until the window is closed. Answers false and the reason in `failure` if the display fails before.
+    /// Until the window is closed or the phone of another system is asked for. Answers false and the reason in
+    /// `failure` if the display fails before.
     bool run(std::string& failure);
+    bool wantsOtherSystem() const { return m_person.attention().wantsOtherSystem; }
     /// "turns 12, frames 8, …" where they are kept.
     std::string statistics() const;
 

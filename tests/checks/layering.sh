@@ -24,8 +24,8 @@ simulator/scenario          | any      | simulator/scenario simulator/device sim
 simulator/render            | any      | simulator/render simulator/device facts
 simulator/picture           | any      | simulator/picture simulator/render simulator/scenario simulator/device simulator facts
 simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator facts
-simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/preferences simulator facts
-simulator/commands          | any      | simulator/commands simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts
+simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/systems simulator/preferences simulator facts
+simulator/commands          | any      | simulator/commands simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts
 simulator                   | any      | simulator simulator/scenario simulator/device facts
 simulator/main.cpp          | any      | simulator simulator/commands facts
 simulator/Globals.cpp       | any      | simulator model platform facts

@@ -16,6 +16,7 @@
 
 #include <objc/runtime.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,7 +24,8 @@ namespace panotra::testing {
 
 class HostTest : public ::testing::Test {
 protected:
-    HostTest();
+    /// `system`: the process has the shape of that system, 9 to 16.
+    explicit HostTest(std::optional<int> system = std::nullopt);
 
     /// The library comes into the process.
     void load();

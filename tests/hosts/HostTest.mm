@@ -1,6 +1,7 @@
 /// The process of the tests.
 #include "tests/hosts/HostTest.h"
 
+#include "simulator/device/SystemShape.h"
 #include "tests/hosts/HostProcess.h"
 #include "tests/hosts/Imports.h"
 #include "tests/hosts/classes/SystemClasses.h"
@@ -9,8 +10,10 @@
 
 namespace panotra::testing {
 
-HostTest::HostTest()
+HostTest::HostTest(std::optional<int> system)
 {
+    if (system)
+        sim::takeShape(device, *system);
     device.traceSink = [this](const sim::Json& event) {
         events.push_back(event);
     };

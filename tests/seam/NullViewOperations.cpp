@@ -29,6 +29,7 @@ std::vector<Operation> operationsOfViews()
         operation("setTransform", [=] { view.setTransform(doubled); }),
         operation("alpha", [=] { return view.alpha() == 0; }),
         operation("setAlpha", [=] { view.setAlpha(1); }),
+        operation("isHidden", [=] { return !view.isHidden(); }),
         operation("setHidden", [=] { view.setHidden(true); }),
         operation("setBackgroundColor", [=] { view.setBackgroundColor(nullptr); }),
         operation("setUserInteractionEnabled", [=] { view.setUserInteractionEnabled(true); }),
@@ -64,6 +65,7 @@ std::vector<Operation> operationsOfViews()
         operation("setTextColor", [] { UILabel().setTextColor(nullptr); }),
         operation("setWindowLevel", [] { UIWindow().setWindowLevel(UIWindowLevelAlert); }),
         operation("makeKeyAndVisible", [] { UIWindow().makeKeyAndVisible(); }),
+        operation("setWindowScene", [] { UIWindow().setWindowScene(nullptr); }),
         operation(
             "superInitWithFrame", [] { return UIWindow::superInitWithFrame(nullptr, nobody(), CGRect()) == nullptr; }),
         operation("superHitTest", [] { return !UIWindow().superHitTest(nobody(), {}, nullptr); }),
