@@ -34,11 +34,11 @@ UIView UIApplication::statusBar() const noexcept
 UIWindowScene UIApplication::connectedWindowScene() const noexcept
 {
     const auto scenes = ask<NSObject>(ask<NSObject>(get(), selectors::connectedScenes).get(), selectors::allObjects);
-    const UIScreen screen = UIScreen::mainScreen();
     const NSUInteger count = send(scenes.get(), selectors::count);
     for (NSUInteger index = 0; index < count; ++index) {
         const auto scene = ask<UIWindowScene>(scenes.get(), selectors::objectAtIndex, index);
-        if (isKindOf(scene.get(), classes::UIWindowScene) && send(scene.get(), selectors::sceneScreen) == screen.get())
+        if (isKindOf(scene.get(), classes::UIWindowScene)
+            && ask<UIScreen>(scene.get(), selectors::sceneScreen) == UIScreen::mainScreen())
             return scene;
     }
     return nullptr;

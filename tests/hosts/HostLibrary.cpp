@@ -103,6 +103,7 @@ void chooseLibrary(const std::string& path)
 
 sim::Library chosenLibrary()
 {
+    startFoundation();
     return { load, globals, layoutMemory };
 }
 

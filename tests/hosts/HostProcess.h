@@ -6,6 +6,9 @@
 
 namespace panotra::hosts {
 
+/// Starts Foundation, as the device has it. `prepareProcess` does it, too; a process that makes others of itself does
+/// it once for all of them.
+void startFoundation();
 /// Sets Objective-C classes in front of the device that lives now. Before the library is loaded; a second time nothing
 /// happens.
 void prepareProcess();

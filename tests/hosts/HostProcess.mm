@@ -11,15 +11,23 @@
 
 namespace panotra::hosts {
 
-void prepareProcess()
+void startFoundation()
 {
-    static bool isPrepared = false;
-    if (std::exchange(isPrepared, true))
+    static bool isStarted = false;
+    if (std::exchange(isStarted, true))
         return;
     // Foundation would make a folder for its defaults in the user's home.
     setenv("GNUSTEP_CONFIG_FILE", PANOTRA_GNUSTEP_CONFIG, 1);
     [NSAutoreleasePool new]; // for the life of the process
     makeFoundationTheDevices();
+}
+
+void prepareProcess()
+{
+    static bool isPrepared = false;
+    if (std::exchange(isPrepared, true))
+        return;
+    startFoundation();
     makeSystemClasses();
     routeDeviceCallsThroughMessages();
 }

@@ -154,6 +154,7 @@ std::string textOf(const std::string& file)
 int main(int argumentCount, char** arguments)
 {
     Choice choice;
+    sim::loadedLibrary(); // what the library's process takes to start is there before it makes others of itself
     for (int index = 1; index < argumentCount; ++index) {
         const std::string_view word = arguments[index];
         if (word == "--apart") {
