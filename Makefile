@@ -54,7 +54,7 @@ quick: ## between two edits: build and run the unit and scenario tests, once and
 	@ctest --test-dir $(build) --parallel $(jobs) --output-on-failure --tests-regex "^(unit_|scenario/|example/)" | grep -v -e "^ *Start " -e " Passed "
 
 .PHONY: device
-device: ## install what is missing, make the package for a phone in build/device, and check it
+device: ## install what is missing, make the packages for a phone in build/device, and check it
 	@scripts/install-dependencies build device
 	@scripts/build-device $(build)/device
 
