@@ -1,7 +1,7 @@
 /// The C library's streams: they tell the reason of a failure.
 #include "simulator/Files.h"
 
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <array>
 #include <cerrno>

@@ -5,7 +5,7 @@
 #include "simulator/device/Device.h"
 #include "simulator/scenario/Grammar.h"
 #include "simulator/scenario/Player.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -3,10 +3,10 @@
 
 #include "simulator/preferences/DefaultFolder.h"
 #include "simulator/preferences/DomainNames.h"
-#include "simulator/preferences/Printable.h"
 #include "simulator/preferences/PropertyListFile.h"
 #include "simulator/preferences/SettingText.h"
-#include "simulator/preferences/Utf8.h"
+#include "simulator/text/Printable.h"
+#include "simulator/text/Utf8.h"
 
 #include <ostream>
 

@@ -2,8 +2,8 @@
 #include "simulator/device/Preferences.h"
 
 #include "simulator/preferences/DomainNames.h"
-#include "simulator/preferences/Printable.h"
 #include "simulator/preferences/PropertyListFile.h"
+#include "simulator/text/Printable.h"
 
 #include <filesystem>
 #include <set>
@@ -66,7 +66,7 @@ struct PreferenceDomains::Implementation {
                 warnings.push_back(line);
             };
             if (auto objection = preferences::objectionToDomain(name))
-                warn("preference domain " + preferences::inQuotes(name) + " stays in memory: " + *objection);
+                warn("preference domain " + inQuotes(name) + " stays in memory: " + *objection);
             else
                 entry->second.file.emplace(preferences::fileOfDomain(*folder, name), warn);
         }

@@ -4,7 +4,7 @@
 #include "simulator/Files.h"
 #include "simulator/gallery/GalleryPage.h"
 #include "simulator/gallery/Phones.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -2,7 +2,7 @@
 #include "simulator/picture/LooksOfPhone.h"
 
 #include "simulator/scenario/Numbers.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 namespace panotra::sim {
 

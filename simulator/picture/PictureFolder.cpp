@@ -2,7 +2,7 @@
 #include "simulator/picture/PictureFolder.h"
 
 #include "simulator/device/Screen.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <filesystem>
 

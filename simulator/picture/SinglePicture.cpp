@@ -5,7 +5,7 @@
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/render/Orientation.h"
 #include "simulator/scenario/Numbers.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <optional>
 #include <utility>

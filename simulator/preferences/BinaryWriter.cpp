@@ -1,7 +1,7 @@
 /// Binary property lists written: objects one after the other, then a table of where each begins.
 #include "simulator/preferences/PropertyListFormats.h"
 #include "simulator/preferences/Utf16.h"
-#include "simulator/preferences/Utf8.h"
+#include "simulator/text/Utf8.h"
 
 #include <algorithm>
 #include <bit>

@@ -2,7 +2,7 @@
 #include "simulator/preferences/DomainNames.h"
 
 #include "simulator/preferences/FileReplacement.h"
-#include "simulator/preferences/Utf8.h"
+#include "simulator/text/Utf8.h"
 
 #include <algorithm>
 

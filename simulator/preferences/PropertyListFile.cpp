@@ -2,7 +2,7 @@
 #include "simulator/preferences/PropertyListFile.h"
 
 #include "simulator/preferences/DomainNames.h"
-#include "simulator/preferences/Printable.h"
+#include "simulator/text/Printable.h"
 
 #include <algorithm>
 #include <cassert>

@@ -2,7 +2,7 @@
 #include "simulator/preferences/SettingText.h"
 
 #include "simulator/preferences/ElementText.h"
-#include "simulator/preferences/Utf8.h"
+#include "simulator/text/Utf8.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 /// XML property lists read: Expat finds the elements, and what they may hold is decided here.
 #include "simulator/preferences/ElementText.h"
-#include "simulator/preferences/Printable.h"
 #include "simulator/preferences/PropertyListFormats.h"
+#include "simulator/text/Printable.h"
 
 #include <expat.h>
 

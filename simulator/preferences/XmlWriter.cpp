@@ -1,7 +1,7 @@
 /// XML property lists written, in the layout of the platform's own tools.
 #include "simulator/preferences/ElementText.h"
 #include "simulator/preferences/PropertyListFormats.h"
-#include "simulator/preferences/Utf8.h"
+#include "simulator/text/Utf8.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 #include "simulator/scenario/Expectation.h"
 
 #include "simulator/scenario/Numbers.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <cmath>
 

@@ -4,8 +4,8 @@
 #include "facts/VolumeSlots.h"
 #include "simulator/scenario/Forms.h"
 #include "simulator/scenario/Numbers.h"
-#include "simulator/scenario/Text.h"
 #include "simulator/systems/Systems.h"
+#include "simulator/text/Printable.h"
 
 #include <algorithm>
 #include <limits>

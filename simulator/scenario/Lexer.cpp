@@ -1,8 +1,9 @@
 /// One pass over a line's characters.
 #include "simulator/scenario/Lexer.h"
 
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>
@@ -82,8 +83,9 @@ std::vector<Line> readLines(std::string_view text)
         Line line {
             .number = ++number, .source = withoutBlanksAround(source), .words = {}, .remarks = {}, .mistake = {}
         };
-        if (const auto bad = firstBadByte(source))
-            line.mistake = describeBadByte(source, *bad);
+        if (const auto bad = std::min(firstMalformedByte(source).value_or(source.npos), source.find('\0'));
+            bad != source.npos)
+            line.mistake = describeBadByte(source, bad);
         readWords(line, source);
         if (line.words.empty() && !line.mistake) {
             if (!line.source.empty() || !remarks.empty())
@@ -96,6 +98,24 @@ std::vector<Line> readLines(std::string_view text)
         lines.push_back(std::move(line));
     }
     return lines;
+}
+
+std::string asWord(std::string_view text)
+{
+    constexpr auto plain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-+_/";
+    const bool isPlain = !text.empty() && text != "nil" && text.find_first_not_of(plain) == text.npos;
+    return isPlain ? std::string(text) : asQuotedWord(text);
+}
+
+std::string asQuotedWord(std::string_view text)
+{
+    std::string result = "\"";
+    for (const char character : text) {
+        if (character == '"' || character == '\\')
+            result += '\\';
+        result += character;
+    }
+    return result + '"';
 }
 
 } // namespace panotra::sim

@@ -30,4 +30,9 @@ struct Line {
 /// The lines of `text` that hold words or a mistake. `text` must outlive them.
 std::vector<Line> readLines(std::string_view text);
 
+/// The word that is read as `text`, in quotes where it needs them, or always. No word is read as a text with a line end
+/// in it.
+std::string asWord(std::string_view text);
+std::string asQuotedWord(std::string_view text);
+
 } // namespace panotra::sim

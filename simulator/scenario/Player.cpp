@@ -7,8 +7,8 @@
 #include "simulator/scenario/Expectation.h"
 #include "simulator/scenario/Forms.h"
 #include "simulator/scenario/StateReport.h"
-#include "simulator/scenario/Text.h"
 #include "simulator/scenario/TreeReport.h"
+#include "simulator/text/Printable.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 /// Short spellings, locale-independent.
 #include "simulator/scenario/TextFormat.h"
 
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <array>
 #include <charconv>

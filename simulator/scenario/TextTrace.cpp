@@ -1,8 +1,8 @@
 /// Lines laid out in columns.
 #include "simulator/scenario/TextTrace.h"
 
-#include "simulator/scenario/Text.h"
 #include "simulator/scenario/TextFormat.h"
+#include "simulator/text/Printable.h"
 
 #include <algorithm>
 #include <string>

@@ -5,8 +5,8 @@
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/preferences/DefaultFolder.h"
-#include "simulator/scenario/Text.h"
 #include "simulator/systems/Systems.h"
+#include "simulator/text/Printable.h"
 #include "simulator/window/PreferenceWatch.h"
 #include "simulator/window/WindowLoop.h"
 

@@ -7,7 +7,7 @@
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 #include "simulator/window/Numerals.h"
 #include "simulator/window/SettingLines.h"
 

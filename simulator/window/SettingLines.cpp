@@ -5,7 +5,8 @@
 #include "simulator/preferences/SettingText.h"
 #include "simulator/preferences/Settings.h"
 #include "simulator/scenario/Grammar.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/scenario/Lexer.h"
+#include "simulator/text/Printable.h"
 
 #include <algorithm>
 #include <set>
@@ -41,24 +42,6 @@ bool differ(const Json& object, const Json& other, const std::string& key)
     return !preferences::isIdentical(*before, *after);
 }
 
-std::string quoted(const std::string& text)
-{
-    std::string result = "\"";
-    for (const char character : text) {
-        if (character == '"' || character == '\\')
-            result += '\\';
-        result += character;
-    }
-    return result + '"';
-}
-
-std::string word(const std::string& text)
-{
-    constexpr auto plain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-+_/";
-    const bool isPlain = !text.empty() && text != "nil" && text.find_first_not_of(plain) == text.npos;
-    return isPlain ? text : quoted(text);
-}
-
 /// A string may hold a line end, an integer may be larger than the language's.
 std::string unlessImpossible(const std::string& line)
 {
@@ -73,8 +56,8 @@ std::string unlessImpossible(const std::string& line)
 std::string lineOfSetting(const std::string& domain, const std::string& key, const Json& value)
 {
     const std::string text = preferences::textOf(value);
-    return unlessImpossible("pref " + word(domain) + ' ' + word(key) + ' ' + std::string(preferences::typeOf(value))
-        + ' ' + (value.is_string() ? quoted(text) : text));
+    return unlessImpossible("pref " + asWord(domain) + ' ' + asWord(key) + ' ' + std::string(preferences::typeOf(value))
+        + ' ' + (value.is_string() ? asQuotedWord(text) : text));
 }
 
 std::vector<std::string> linesOfChanges(const Json& before, const Json& after)
@@ -90,7 +73,7 @@ std::vector<std::string> linesOfChanges(const Json& before, const Json& after)
         }
         for (const auto& entry : old.items()) {
             if (!now.contains(entry.key()))
-                lines.push_back(unlessImpossible("unpref " + word(domain) + ' ' + word(entry.key())));
+                lines.push_back(unlessImpossible("unpref " + asWord(domain) + ' ' + asWord(entry.key())));
         }
     }
     return lines;

@@ -17,16 +17,17 @@ hooks                       | standard | hooks controller views model platform f
 platform/simulated          | standard | platform/simulated platform simulator/device facts
 platform/ios                | any      | platform/ios platform facts
 doctor                      | any      | doctor hooks platform/ios platform facts
-simulator/preferences       | any      | simulator/preferences facts
+simulator/text              | standard | simulator/text
+simulator/preferences       | any      | simulator/preferences facts simulator/text
 simulator/systems           | standard | simulator/systems
-simulator/device            | any      | simulator/device simulator/preferences simulator/systems facts
-simulator/scenario          | any      | simulator/scenario simulator/device simulator/systems facts
+simulator/device            | any      | simulator/device simulator/preferences simulator/systems facts simulator/text
+simulator/scenario          | any      | simulator/scenario simulator/device simulator/systems facts simulator/text
 simulator/render            | any      | simulator/render simulator/device facts
-simulator/picture           | any      | simulator/picture simulator/render simulator/scenario simulator/device simulator facts
-simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator facts
-simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/systems simulator/preferences simulator facts
-simulator/commands          | any      | simulator/commands simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts
-simulator                   | any      | simulator simulator/scenario simulator/device facts
+simulator/picture           | any      | simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
+simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
+simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/systems simulator/preferences simulator facts simulator/text
+simulator/commands          | any      | simulator/commands simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
+simulator                   | any      | simulator simulator/scenario simulator/device facts simulator/text
 simulator/main.cpp          | any      | simulator simulator/commands facts
 simulator/Globals.cpp       | any      | simulator model platform facts
 simulator/LinkedLibrary.cpp | any      | simulator hooks controller views model platform facts

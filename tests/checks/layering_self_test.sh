@@ -28,9 +28,10 @@ hooks/Planted.cpp                      | #if __cplusplus                       |
 hooks/Planted.cpp                      | #elif NDEBUG                          | conditional compilation
 hooks/deeper/Planted.cpp               | #  include "simulator/Play.h"         | hooks may not include
 platform/simulated/Planted.cpp         | #include "model/ProcessValues.h"      | platform/simulated may not include
-platform/simulated/Planted.cpp         | #include "simulator/scenario/Text.h"  | platform/simulated may not include
+platform/simulated/Planted.cpp         | #include "simulator/scenario/Forms.h" | platform/simulated may not include
 simulator/device/Planted.cpp           | #include "platform/UIView.h"          | simulator/device may not include
 simulator/device/Planted.cpp           | #include "model/ProcessValues.h"      | simulator/device may not include
+simulator/text/Planted.cpp             | #include "facts/PublicNames.h"        | simulator/text may not include
 simulator/preferences/Planted.cpp      | #include "platform/NSString.h"        | simulator/preferences may not include
 simulator/preferences/Planted.cpp      | #include "simulator/device/Device.h"  | simulator/preferences may not include
 simulator/scenario/Planted.cpp         | #include "hooks/Panotra.h"            | simulator/scenario may not include

@@ -1,7 +1,6 @@
 /// Settings in memory, in words, and what UTF-8 is.
 #include "simulator/preferences/Settings.h"
 #include "simulator/preferences/SettingText.h"
-#include "simulator/preferences/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -92,21 +91,6 @@ TEST(SettingText, IsReadBackAsTheSameValue)
         std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<std::uint64_t>::max(), "", "two words" };
     for (const Json& value : values)
         EXPECT_TRUE(isIdentical(*readSetting(typeOf(value), textOf(value)).value, value)) << value;
-}
-
-TEST(Utf8, TakesEveryWellFormedCharacter)
-{
-    for (const char* text :
-        { "", "plain", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xED\x9F\xBF", "\xF4\x8F\xBF\xBF" })
-        EXPECT_TRUE(isUtf8(text)) << text;
-    EXPECT_TRUE(isUtf8(std::string_view("\0", 1)));
-}
-
-TEST(Utf8, RefusesEverythingElse)
-{
-    for (const char* text : { "\x80", "\xC3", "a\xFF", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80",
-             "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xE2\x82", "\xE2\x28\xA1" })
-        EXPECT_FALSE(isUtf8(text)) << text;
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 /// Text from outside on one line.
-#include "simulator/preferences/Printable.h"
+#include "simulator/text/Printable.h"
 
 #include <gtest/gtest.h>
 
-namespace panotra::preferences {
+namespace panotra {
 namespace {
 
 TEST(Printable, EscapesWhateverCouldDriveATerminalOrEndALine)
@@ -22,9 +22,10 @@ TEST(Printable, EscapesWhateverCouldDriveATerminalOrEndALine)
 TEST(Printable, QuotesPutEveryTextOnOneLine)
 {
     EXPECT_EQ(inQuotes("a\"b\n"), R"("a\"b\n")");
+    EXPECT_EQ(inQuotes("\\ \b\f\r\t"), R"("\\ \b\f\r\t")");
     EXPECT_EQ(inQuotes("\xFF"), "\"\xEF\xBF\xBD\"");
     EXPECT_EQ(inQuotes("\x7F\xC2\x9B\xE2\x80\xA9\x1B"), R"("\u007f\u009b\u2029\u001b")");
 }
 
 } // namespace
-} // namespace panotra::preferences
+} // namespace panotra
