@@ -1,6 +1,7 @@
 /// The mixer's own classes in the runtime: every field by its key, every method by its selector, each class once.
 #include "tests/hosts/Crossings.h"
 #include "tests/hosts/HostTest.h"
+#include "tests/support/KnownFacts.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -17,13 +18,19 @@ struct OwnClass {
     std::vector<const char*> classMethods;
 };
 
+std::vector<std::string> fieldsOfTheController()
+{
+    std::vector<std::string> fields { "_window", "_rootView", "_boundsWidth", "_boundsHeight", "_iphone4Width",
+        "_iphone4Height", "_containerView", "_rootBackdropView", "_blurBackdropView", "_groupView0", "_groupView1",
+        "_groupView2", "_groupLabel0", "_groupLabel1", "_groupLabel2" };
+    for (std::size_t slot = 0; slot < knownSlotCount; ++slot)
+        fields.push_back("_volumeView" + std::to_string(slot));
+    fields.emplace_back("_volume");
+    return fields;
+}
+
 const OwnClass ownClasses[] = {
-    { "PNOController", "NSObject",
-        { "_window", "_rootView", "_boundsWidth", "_boundsHeight", "_iphone4Width", "_iphone4Height", "_containerView",
-            "_rootBackdropView", "_blurBackdropView", "_groupView0", "_groupView1", "_groupView2", "_groupLabel0",
-            "_groupLabel1", "_groupLabel2", "_volumeView0", "_volumeView1", "_volumeView2", "_volumeView3",
-            "_volumeView4", "_volumeView5", "_volumeView6", "_volumeView7", "_volumeView8", "_volumeView9",
-            "_volumeView10", "_volumeView11", "_volume" },
+    { "PNOController", "NSObject", fieldsOfTheController(),
         { "init", "createUI", "destroyHUDWindow", "releaseObjects",
             "setVolumeLevel:forCategory:andRoute:", "getVolumeLevelForCategory:andRoute:", "pickedRoute",
             "saveVolume:forKey:", "getVolumeForKey:", "saveVolumeLevelsToDisk", "importVolumeLevelsToRam",

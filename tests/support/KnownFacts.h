@@ -2,9 +2,11 @@
 /// that it proves.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <string_view>
+#include <vector>
 
 namespace panotra::testing {
 
@@ -59,6 +61,19 @@ inline constexpr KnownSlider knownSliders[] = {
     { 9, "volume9", "Ringtone", 2, "Notifications", "notification", false },
     { 10, "volume10", "VoiceCommand", 2, "Siri", "siri", false },
 };
+
+inline constexpr std::size_t knownSlotCount = std::size(knownSliders);
+
+/// The slots of a group, in the order of their cells.
+inline std::vector<std::uint8_t> slotsOfGroup(int group)
+{
+    std::vector<std::uint8_t> slots;
+    for (const KnownSlider& slider : knownSliders) {
+        if (slider.group == group)
+            slots.push_back(slider.slot);
+    }
+    return slots;
+}
 
 struct KnownColor {
     double red, green, blue, alpha;

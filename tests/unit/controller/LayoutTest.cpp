@@ -1,4 +1,5 @@
 /// Orientation and layout: the turn of the root view, and the frames that reach the views.
+#include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
 
 namespace panotra {
@@ -216,10 +217,11 @@ TEST_F(Layout, ThePanelsPartsStandWhereTheyWereWorkedOutUpright)
         EXPECT_TRUE(isRectangle(frameOf(view(title)), CGRectMake(0, 0, 313.6, 25)));
     const CGRect cells[] = { CGRectMake(8.84, 30.18, 143.54, 51.53), CGRectMake(161.22, 30.18, 143.54, 51.53),
         CGRectMake(8.84, 91.89, 143.54, 51.53), CGRectMake(161.22, 91.89, 143.54, 51.53) };
-    const SlotNumber slots[groupCount][cellsPerGroup] = { { 11, 0, 1, 2 }, { 3, 4, 5, 6 }, { 7, 8, 9, 10 } };
-    for (const auto& group : slots) {
-        for (std::size_t cell = 0; cell < cellsPerGroup; ++cell)
-            EXPECT_TRUE(isRectangle(frameOf(sliderView(group[cell])), cells[cell])) << int(group[cell]);
+    for (const int group : { 0, 1, 2 }) {
+        const std::vector<std::uint8_t> slots = testing::slotsOfGroup(group);
+        ASSERT_GE(slots.size(), std::size(cells));
+        for (std::size_t cell = 0; cell < std::size(cells); ++cell)
+            EXPECT_TRUE(isRectangle(frameOf(sliderView(slots[cell])), cells[cell])) << int(slots[cell]);
     }
 }
 
@@ -233,11 +235,12 @@ TEST_F(Layout, ThePanelsPartsStandWhereTheyWereWorkedOutTurned)
     for (const char* title : { "_groupLabel0", "_groupLabel1", "_groupLabel2" })
         EXPECT_TRUE(isRectangle(frameOf(view(title)), CGRectMake(0, 0, 153.6, 25)));
     const double rows[] = { 34.5024, 103.4768, 172.4512, 241.4256 };
-    const SlotNumber slots[groupCount][cellsPerGroup] = { { 11, 0, 1, 2 }, { 3, 4, 5, 6 }, { 7, 8, 9, 10 } };
-    for (const auto& group : slots) {
-        for (std::size_t cell = 0; cell < cellsPerGroup; ++cell)
-            EXPECT_TRUE(isRectangle(frameOf(sliderView(group[cell])), CGRectMake(7.7224, rows[cell], 138.1552, 54.472)))
-                << int(group[cell]);
+    for (const int group : { 0, 1, 2 }) {
+        const std::vector<std::uint8_t> slots = testing::slotsOfGroup(group);
+        ASSERT_GE(slots.size(), std::size(rows));
+        for (std::size_t cell = 0; cell < std::size(rows); ++cell)
+            EXPECT_TRUE(isRectangle(frameOf(sliderView(slots[cell])), CGRectMake(7.7224, rows[cell], 138.1552, 54.472)))
+                << int(slots[cell]);
     }
 }
 

@@ -1,4 +1,5 @@
 /// The end of a mixer: what leaves the tree, what goes, in which order, and what stays.
+#include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
 
 namespace panotra {
@@ -34,7 +35,7 @@ struct TearDownOfTheMixer : testing::MixerTest {
     static std::vector<std::string> fieldsThatLeave()
     {
         std::vector<std::string> names;
-        for (int slot = 11; slot >= 0; --slot)
+        for (int slot = static_cast<int>(testing::knownSlotCount) - 1; slot >= 0; --slot)
             names.push_back("_volumeView" + std::to_string(slot));
         for (const char* const kind : { "_groupLabel", "_groupView" }) {
             for (int group = 2; group >= 0; --group)

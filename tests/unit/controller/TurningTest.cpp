@@ -1,5 +1,6 @@
 /// What moves while the root view turns, and in which order views are told.
 #include "simulator/device/Animation.h"
+#include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
 
 namespace panotra {
@@ -88,9 +89,9 @@ TEST_F(Turning, SlidersAreToldToRestInTheOrderOfTheirSlotsTheEarpieceFirst)
     pass(1);
     controller().resetTransforms();
     ASSERT_EQ(device.runLoop->runningAnimations(), 1u);
-    Moved expected { "_volumeView11" };
-    for (int slot = 0; slot < 11; ++slot)
-        expected.push_back("_volumeView" + std::to_string(slot));
+    Moved expected;
+    for (const testing::KnownSlider& slider : testing::knownSliders)
+        expected.push_back("_volumeView" + std::to_string(slider.slot));
     EXPECT_EQ(moved(*device.runLoop->animations().back(), sim::AnimatedProperty::Transform), expected);
 }
 

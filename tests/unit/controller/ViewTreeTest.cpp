@@ -46,9 +46,14 @@ TEST_F(ViewTree, TheTurnedRootStillCoversTheWindow)
 
 // The tree.
 
-const Names mediaGroup { "_groupLabel0", "_volumeView11", "_volumeView0", "_volumeView1", "_volumeView2" };
-const Names callGroup { "_groupLabel1", "_volumeView3", "_volumeView4", "_volumeView5", "_volumeView6" };
-const Names extrasGroup { "_groupLabel2", "_volumeView7", "_volumeView8", "_volumeView9", "_volumeView10" };
+/// The title of a group and its sliders.
+Names partsOfGroup(int group)
+{
+    Names names { "_groupLabel" + std::to_string(group) };
+    for (const std::uint8_t slot : testing::slotsOfGroup(group))
+        names.push_back("_volumeView" + std::to_string(slot));
+    return names;
+}
 
 TEST_F(ViewTree, ThePanelLiesInFrontOfAFullScreenBlur)
 {
@@ -57,9 +62,9 @@ TEST_F(ViewTree, ThePanelLiesInFrontOfAFullScreenBlur)
     EXPECT_EQ(namesOf(view("_rootView").subviews), (Names { "_containerView" }));
     EXPECT_EQ(namesOf(view("_containerView").subviews), (Names { "_rootBackdropView" }));
     EXPECT_EQ(namesOf(content("_rootBackdropView").subviews), (Names { "_groupView0", "_groupView1", "_groupView2" }));
-    EXPECT_EQ(namesOf(view("_groupView0").subviews), mediaGroup);
-    EXPECT_EQ(namesOf(view("_groupView1").subviews), callGroup);
-    EXPECT_EQ(namesOf(view("_groupView2").subviews), extrasGroup);
+    EXPECT_EQ(namesOf(view("_groupView0").subviews), partsOfGroup(0));
+    EXPECT_EQ(namesOf(view("_groupView1").subviews), partsOfGroup(1));
+    EXPECT_EQ(namesOf(view("_groupView2").subviews), partsOfGroup(2));
 }
 
 TEST_F(ViewTree, TheBannerHasNoBlurBehindIt)
@@ -70,9 +75,9 @@ TEST_F(ViewTree, TheBannerHasNoBlurBehindIt)
     EXPECT_EQ(namesOf(view("_rootView").subviews), (Names { "_containerView" }));
     EXPECT_EQ(namesOf(view("_containerView").subviews), (Names { "_rootBackdropView" }));
     EXPECT_EQ(namesOf(content("_rootBackdropView").subviews), (Names { "_groupView0", "_groupView1", "_groupView2" }));
-    EXPECT_EQ(namesOf(view("_groupView0").subviews), mediaGroup);
-    EXPECT_EQ(namesOf(view("_groupView1").subviews), callGroup);
-    EXPECT_EQ(namesOf(view("_groupView2").subviews), extrasGroup);
+    EXPECT_EQ(namesOf(view("_groupView0").subviews), partsOfGroup(0));
+    EXPECT_EQ(namesOf(view("_groupView1").subviews), partsOfGroup(1));
+    EXPECT_EQ(namesOf(view("_groupView2").subviews), partsOfGroup(2));
 }
 
 TEST_F(ViewTree, AnyOtherStyleShowsAnEmptyTurnedRoot)
@@ -213,11 +218,12 @@ TEST_F(ViewTree, TheBannersPartsStandWhereTheyWereWorkedOut)
         EXPECT_TRUE(isRectangle(frameOf(view(title)), CGRectMake(2.5, 2.5, 97.4, 17.5)));
     const CGRect cells[] = { CGRectMake(3.2, 26.72, 47.12, 47.12), CGRectMake(53.52, 26.72, 47.12, 47.12),
         CGRectMake(3.2, 80.56, 47.12, 47.12), CGRectMake(53.52, 80.56, 47.12, 47.12) };
-    const SlotNumber slots[groupCount][cellsPerGroup] = { { 11, 0, 1, 2 }, { 3, 4, 5, 6 }, { 7, 8, 9, 10 } };
-    for (const auto& group : slots) {
-        for (std::size_t cell = 0; cell < cellsPerGroup; ++cell) {
-            EXPECT_TRUE(isRectangle(frameOf(sliderView(group[cell])), cells[cell])) << int(group[cell]);
-            EXPECT_TRUE(isNear(sliderView(group[cell]).layer.cornerRadius, 23.56)) << "laid out as icon sliders";
+    for (const int group : { 0, 1, 2 }) {
+        const std::vector<std::uint8_t> slots = testing::slotsOfGroup(group);
+        ASSERT_GE(slots.size(), std::size(cells));
+        for (std::size_t cell = 0; cell < std::size(cells); ++cell) {
+            EXPECT_TRUE(isRectangle(frameOf(sliderView(slots[cell])), cells[cell])) << int(slots[cell]);
+            EXPECT_TRUE(isNear(sliderView(slots[cell]).layer.cornerRadius, 23.56)) << "laid out as icon sliders";
         }
     }
 }

@@ -74,7 +74,7 @@ TEST_F(VolumeStore, SeedsAreWrittenBackAtOnceInTheOrderOfTheSlots)
     controller().createUI();
     const std::vector<sim::Json> writes = eventsOf("write");
     // Each of the sliders is drawn in turn and asks for a save.
-    constexpr std::size_t sliders = std::size(testing::knownSliders);
+    constexpr std::size_t sliders = testing::knownSlotCount;
     ASSERT_EQ(writes.size(), sliders * sliders);
     for (std::size_t i = 0; i < writes.size(); ++i)
         EXPECT_EQ(writes[i]["key"], "volume" + std::to_string(i % sliders));
@@ -136,7 +136,7 @@ TEST_F(VolumeStore, MediaSlidersMayStandAtZero)
     for (const SlotNumber media : std::initializer_list<SlotNumber> { 0, 1, 2, 11 })
         slider(media).setVolume(0);
     controller().destroyHUDWindow();
-    EXPECT_EQ(countOf("write"), 12u);
+    EXPECT_EQ(countOf("write"), testing::knownSlotCount);
     EXPECT_EQ(stored("volume0"), 0.0);
     EXPECT_EQ(stored("volume11"), 0.0);
     EXPECT_EQ(stored("volume3"), 0.5);
@@ -159,7 +159,7 @@ TEST_F(VolumeStore, TheGuardTestsForExactlyZero)
     show();
     slider(5).setVolume(1e-30);
     controller().saveVolumeLevelsToDisk();
-    EXPECT_EQ(countOf("write"), 12u);
+    EXPECT_EQ(countOf("write"), testing::knownSlotCount);
 }
 
 TEST_F(VolumeStore, ClosingSavesBeforeTheFadeStarts)

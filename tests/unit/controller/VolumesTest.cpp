@@ -1,5 +1,6 @@
 /// Levels by category and route: what setter, getter and route answer, with and without the mixer on screen.
 #include "tests/support/HomeScreenTest.h"
+#include "tests/support/KnownFacts.h"
 
 namespace panotra {
 namespace {
@@ -103,7 +104,7 @@ TEST_F(Volumes, TheSetterOnScreenRewritesAllTwelveKeysAtOnce)
     controller().createUI();
     forgetEvents();
     write(0.25f, "Alarm", nullptr);
-    EXPECT_EQ(countOf("write"), 12u);
+    EXPECT_EQ(countOf("write"), testing::knownSlotCount);
     EXPECT_EQ(countOf("synchronize"), 1u);
     EXPECT_EQ(stored("volume8"), 0.25);
 }

@@ -1,5 +1,6 @@
 /// What is said about every kind of mistake: a table of scenarios and the lines that they earn.
 #include "simulator/scenario/Grammar.h"
+#include "tests/support/KnownFacts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,6 +29,7 @@ struct Case {
 };
 
 constexpr const char* wholeNumber = "a whole number of 64 bits";
+const std::string numberOfSlot = "a whole number from 0 to " + std::to_string(testing::knownSlotCount - 1);
 
 void expectMistakes(std::initializer_list<Case> cases)
 {
@@ -71,8 +73,8 @@ TEST(Mistakes, NameTheWordsOfAChoice)
         { "load\npress nil", { "2: found \"nil\", expected up or down" } },
         { "load\nreorient-hud 1", { "2: found \"1\", expected yes or no" } },
         { "load\nstatusbar-frame Bar 0 0 1 1", { "2: found \"Bar\", expected UIStatusBar or _UIStatusBar" } },
-        { "load\npan 12 pulled x",
-            { "2: found \"12\" for SLOT, expected a whole number from 0 to 11",
+        { "load\npan 99 pulled x",
+            { "2: found \"99\" for SLOT, expected " + numberOfSlot,
                 "2: found \"pulled\", expected began, changed, ended, cancelled or failed",
                 "2: found \"x\" for X, expected a number" } } });
 }
@@ -96,7 +98,7 @@ TEST(Mistakes, TellTheRangeOfANumber)
             { "1: found \"18446744073709551616\" for STATE, expected a whole number of 64 bits without sign" } },
         { "pref d k int 1e3", { std::string("1: found \"1e3\" for INTEGER, expected ") + wholeNumber } },
         { "pref d k float inf", { "1: found \"inf\" for NUMBER, expected a number" } },
-        { "load\npan -1 began 0", { "2: found \"-1\" for SLOT, expected a whole number from 0 to 11" } },
+        { "load\npan -1 began 0", { "2: found \"-1\" for SLOT, expected " + numberOfSlot } },
         { "load\nsound loud", { std::string("2: found \"loud\" for TYPE, expected ") + wholeNumber + " or untyped" } },
         { "load\nannounce a b c",
             { "2: found \"c\" for LEVEL, expected a number that a 32-bit float can hold or nil" } },

@@ -337,7 +337,7 @@ TEST_F(VolumeView, EveryLevelThatIsDrawnAsksForASaveOfAllTwelve)
     show(panel);
     forgetEvents();
     slider(7).setVolumeLevel(0.25);
-    EXPECT_EQ(countOf("write"), 12u);
+    EXPECT_EQ(countOf("write"), testing::knownSlotCount);
     EXPECT_EQ(stored("volume7"), 0.25);
     forgetEvents();
     slider(7).setVolume(0.5);
