@@ -1,10 +1,8 @@
 /// The process, and the machine that it runs on.
 #include "doctor/Examination.h"
 
+#include "doctor/HostMessages.h"
 #include "doctor/Report.h"
-#include "platform/NSString.h"
-#include "platform/ios/Classes.h"
-#include "platform/ios/Send.h"
 
 #include <array>
 #include <charconv>
@@ -14,13 +12,7 @@
 
 namespace panotra::doctor {
 
-using namespace ios;
-
 namespace {
-
-constinit ClassName UIDevice { "UIDevice" };
-constinit Selector<id()> currentDevice { "currentDevice" };
-constinit Selector<id()> systemVersion { "systemVersion" };
 
 #if defined(__aarch64__)
 constexpr const char* architecture = "arm64";
@@ -71,8 +63,7 @@ void writeLibraries()
 
 int examineProcess()
 {
-    const NSObject device = ask<NSObject>(UIDevice, currentDevice);
-    const NSString version = NSString::checked(ask<NSObject>(device.get(), systemVersion));
+    const NSString version = systemVersion();
     writeLine({ "system: ", version ? version.view() : "unknown", " (", textOfKernel("kern.osversion"), ")" });
     writeLine({ "device: ", textOfKernel("hw.machine") });
     writeLine({ "architecture: ", architecture });

@@ -2,37 +2,23 @@
 /// replaced for that.
 #include "doctor/Examination.h"
 
+#include "doctor/HostMessages.h"
 #include "doctor/Report.h"
 #include "doctor/Text.h"
 #include "hooks/HostTables.h"
 #include "platform/AVSystemController.h"
 #include "platform/Dispatch.h"
 #include "platform/MethodEntry.h"
-#include "platform/ios/Classes.h"
-#include "platform/ios/Send.h"
 
 #include <algorithm>
 #include <atomic>
 #include <dispatch/dispatch.h>
-#include <objc/runtime.h>
 #include <string>
 #include <vector>
 
 namespace panotra::doctor {
 
-using namespace ios;
-
 namespace {
-
-constinit ClassName NSThread { "NSThread" };
-constinit Selector<bool()> isMainThread { "isMainThread" };
-constinit ClassName NSNotificationCenter { "NSNotificationCenter" };
-constinit Selector<id()> defaultCenter { "defaultCenter" };
-constinit Selector<void(id, SEL, id, id)> addObserver { "addObserver:selector:name:object:" };
-constinit Selector<void(id)> removeObserver { "removeObserver:" };
-constinit Selector<id()> name { "name" };
-constinit Selector<id()> userInfo { "userInfo" };
-constinit Selector<id()> allKeys { "allKeys" };
 
 constexpr double longestWaitSeconds = 60;
 
@@ -67,16 +53,6 @@ private:
 
 constinit ProcessReference<Witness> witness;
 
-/// A kind that the mixer could read, else the name of the class.
-std::string kindOf(const NSObject& value)
-{
-    for (ClassName* const kind : { &classes::NSString, &classes::NSNumber, &classes::NSDictionary }) {
-        if (isKindOf(value.get(), *kind))
-            return class_getName(reinterpret_cast<::Class>(kind->get()));
-    }
-    return value ? object_getClassName(reinterpret_cast<::id>(value.get())) : "nothing";
-}
-
 /// Of our table of keys: which systems have it there.
 std::string remarkOn(std::string_view key)
 {
@@ -90,11 +66,10 @@ std::string remarkOn(std::string_view key)
 std::vector<std::string> linesOfContents(const NSDictionary& contents)
 {
     std::vector<std::string> lines;
-    const NSObject keys = ask<NSObject>(contents.get(), allKeys);
-    const NSUInteger count = send(keys.get(), selectors::count);
-    for (NSUInteger index = 0; index < count; ++index) {
-        const NSString key = NSString::checked(ask<NSObject>(keys.get(), selectors::objectAtIndex, index));
-        const std::string text(key.view());
+    const NSObject keys = keysOf(contents);
+    const std::size_t count = countOf(keys);
+    for (std::size_t index = 0; index < count; ++index) {
+        const std::string text(stringAt(keys, index).view());
         lines.push_back(joined({ "  ", text, ": ", kindOf(contents.objectForKey(text.c_str())), remarkOn(text) }));
     }
     std::sort(lines.begin(), lines.end());
@@ -104,7 +79,7 @@ std::vector<std::string> linesOfContents(const NSDictionary& contents)
 std::string lineOfThread()
 {
     const char* const label = dispatch_queue_get_label(nullptr);
-    return joined({ "  on ", send(NSThread, isMainThread) ? "the main thread" : "another thread", ", queue ",
+    return joined({ "  on ", isOnMainThread() ? "the main thread" : "another thread", ", queue ",
         label != nullptr ? label : "unknown" });
 }
 
@@ -129,14 +104,13 @@ const ClassDescription& Witness::description() noexcept
 
 void Witness::observe(const NSObject& notification) const
 {
-    const NSString called = NSString::checked(ask<NSObject>(notification.get(), name));
+    const NSString called = nameOfNotification(notification);
     if (called.view().find(partOfName) == std::string_view::npos)
         return;
     const int seenFor = waitingReport.exchange(0);
     if (seenFor == 0)
         return;
-    std::vector<std::string> lines
-        = linesOfContents(NSDictionary::checked(ask<NSObject>(notification.get(), userInfo)));
+    std::vector<std::string> lines = linesOfContents(contentsOfNotification(notification));
     lines.insert(lines.begin(), { joined({ "  ", called.view() }), lineOfThread() });
     dispatch_after(0, [self = *this, seenFor, lines] {
         if (seenFor == currentReport)
@@ -152,7 +126,7 @@ void Witness::giveUp() const
 
 void Witness::conclude(const std::vector<std::string>& lines) const
 {
-    send(ask<NSObject>(NSNotificationCenter, defaultCenter).get(), removeObserver, get());
+    removeObserver(*this);
     for (const std::string& line : lines)
         writeLine({ line });
     writeLine({ "end" });
@@ -166,18 +140,16 @@ void awaitAnnouncement()
     if (!witness)
         witness.set(adopt<Witness>(allocate(Witness::description())));
     const Witness observer = witness.get();
-    const NSObject center = ask<NSObject>(NSNotificationCenter, defaultCenter);
     waitingReport = 0; // a report that still waits is not finished any more
     NSObject::cancelPreviousPerformRequests(observer, "giveUp", nullptr);
-    send(center.get(), removeObserver, observer.get());
+    removeObserver(observer);
     writeLine({ "" });
     writeLine({ "next announcement" });
-    const SEL observe = selectorNamed("observe:");
     const AVSystemController audio = AVSystemController::sharedAVSystemController();
     if (audio)
-        send(center.get(), addObserver, observer.get(), observe, nullptr, audio.get());
+        addObserver(observer, nullptr, audio);
     for (const char* const known : knownNames)
-        send(center.get(), addObserver, observer.get(), observe, NSString::stringWithUTF8String(known).get(), nullptr);
+        addObserver(observer, known, nullptr);
     observer.performSelector("giveUp", nullptr, longestWaitSeconds);
     waitingReport = ++currentReport;
 }
