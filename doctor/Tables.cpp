@@ -7,8 +7,10 @@
 #include "hooks/HostTables.h"
 #include "platform/ios/Messages.h"
 
+#include <algorithm>
 #include <objc/runtime.h>
 #include <string>
+#include <vector>
 
 namespace panotra::doctor {
 
@@ -94,6 +96,44 @@ Finding findVariable(const char* className, const char* name)
     return variable != nullptr ? findingOf(ivar_getTypeEncoding(variable)) : Finding {};
 }
 
+/// A class that some row names: expected wherever one of its rows is.
+struct ClassRow {
+    std::string_view name;
+    bool isExpected;
+};
+
+void addClass(std::vector<ClassRow>& rows, std::string_view name, bool isExpected)
+{
+    const auto known = std::find_if(rows.begin(), rows.end(), [name](const ClassRow& row) { return row.name == name; });
+    if (known == rows.end())
+        rows.push_back({ name, isExpected });
+    else
+        known->isExpected = known->isExpected || isExpected;
+}
+
+std::vector<ClassRow> classRows(int system)
+{
+    std::vector<ClassRow> rows;
+    const auto addAll = [&](const auto& table) {
+        for (const auto& row : table)
+            addClass(rows, row.className, system == 0 || (row.since <= system && system <= row.until));
+    };
+    addAll(hookRows);
+    addAll(ios::messageRows);
+    addAll(variableRows);
+    return rows;
+}
+
+void examineClasses(int system)
+{
+    writeLine({ "" });
+    writeLine({ "classes" });
+    for (const ClassRow& row : classRows(system)) {
+        const bool isThere = ::objc_getClass(std::string(row.name).c_str()) != nullptr;
+        writeLine({ isThere ? "  ok       " : row.isExpected ? "  MISSING  " : "  absent   ", row.name });
+    }
+}
+
 std::string nameOfMethod(const char* className, const char* name, bool isOfClass)
 {
     return joined({ isOfClass ? "+[" : "-[", className, " ", name, "]" });
@@ -103,6 +143,7 @@ std::string nameOfMethod(const char* className, const char* name, bool isOfClass
 
 void examineTables(int system)
 {
+    examineClasses(system);
     {
         Table table(system, "hooks");
         for (const HookRow& row : hookRows) {
