@@ -51,7 +51,7 @@ quick: ## between two edits: build and run the unit and scenario tests, once and
 	@scripts/install-dependencies build test
 	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
 	@cmake --build $(build) --parallel $(jobs) --target panotra_quick -- $(quiet)
-	@ctest --test-dir $(build) --parallel $(jobs) --output-on-failure --tests-regex "^(unit_|scenario/|example/)" | grep -v -e "^ *Start " -e " Passed "
+	@ctest --test-dir $(build) --parallel $(jobs) --output-on-failure --tests-regex "^(unit_|scenario/|example/|systems/)" | grep -v -e "^ *Start " -e " Passed "
 
 .PHONY: device
 device: ## install what is missing, make the packages for a phone in build/device, and check it

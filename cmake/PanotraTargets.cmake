@@ -82,7 +82,7 @@ function(panotra_compile_as_test name)
     endif()
 endfunction()
 
-# What `make quick` builds before it runs the tests whose names begin with unit_, scenario or example/.
+# What `make quick` builds before it runs the tests whose names begin with unit_, scenario/, example/ or systems/.
 add_custom_target(panotra_quick)
 
 function(panotra_add_test name)
