@@ -103,7 +103,7 @@ TEST(Expectation, ValuesAreShownInTheWordsOfAScenario)
     EXPECT_EQ(inScenarioWords(nullptr), "nil");
     EXPECT_EQ(inScenarioWords(true), "yes");
     EXPECT_EQ(inScenarioWords(0.5), "0.5");
-    EXPECT_EQ(inScenarioWords("a\nb"), "\"a\\x0ab\"");
+    EXPECT_EQ(inScenarioWords("a\nb"), "\"a\\nb\"");
     EXPECT_EQ(inScenarioWords(Json::object()), "an object");
     EXPECT_EQ(inScenarioWords(Json::array()), "a list");
 }

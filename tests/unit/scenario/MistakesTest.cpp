@@ -44,7 +44,7 @@ TEST(Mistakes, NameAnUnknownCommandAndTheNearestKnownOne)
         { "nil", { "1: found \"nil\", expected a command" } },
         { "Load", { "1: found \"Load\", expected a command (did you mean load?)" } },
         { "\"\"", { "1: found \"\", expected a command" } },
-        { "\x1b[31mload", { "1: found \"\\x1b[31mload\", expected a command" } } });
+        { "\x1b[31mload", { "1: found \"\\u001b[31mload\", expected a command" } } });
 }
 
 TEST(Mistakes, CountTheWordsAndShowTheForms)

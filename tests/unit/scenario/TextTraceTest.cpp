@@ -182,7 +182,8 @@ TEST(TextTrace, CommentsStandAboveTheirCommands)
 
 TEST(TextTrace, StringsOfOthersDriveNoTerminal)
 {
-    EXPECT_THAT(textOf({ R"({"event":"post","name":"a\u001b[31m\n\u0085"})" }), HasSubstr("a\\x1b[31m\\x0a\\x85\n"));
+    EXPECT_THAT(
+        textOf({ R"({"event":"post","name":"a\u001b[31m\n\u0085"})" }), HasSubstr("a\\x1b[31m\\x0a\\xc2\\x85\n"));
 }
 
 TEST(TextTrace, StateIsABlock)
