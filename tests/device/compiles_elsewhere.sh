@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The logic and the seam over the Objective-C runtime compile for a 32-bit phone and for the machine at hand, and every
-# header of that seam and of the small SDK compiles by itself.
+# The logic, the seam over the Objective-C runtime and the doctor compile for a 32-bit phone and for the machine at hand,
+# and every header of the seam, of the doctor and of the small SDK compiles by itself.
 #
 #   compiles_elsewhere.sh ROOT DEVICE
 #
@@ -36,7 +36,7 @@ alone() {
 }
 while read -r header; do
     alone "$header" -fblocks -I "$root" -isystem "$root/packaging/sdk/platform"
-done < <(cd "$root" && find platform/ios -name '*.h' | sort)
+done < <(cd "$root" && find platform/ios doctor -name '*.h' | sort)
 
 sdk=$root/packaging/sdk
 while read -r header; do
