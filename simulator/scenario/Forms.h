@@ -6,8 +6,8 @@
 
 #include "facts/VolumeSlots.h"
 #include "simulator/scenario/Grammar.h"
+#include "simulator/systems/Systems.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
@@ -27,17 +27,9 @@ struct Placeholder {
     std::string_view expected; ///< how a mistake describes it
 };
 
-/// "a whole number from 0 to 11", or to whichever slot is the last.
-inline constexpr auto numberOfASlot = [] {
-    constexpr std::string_view words = "a whole number from 0 to ";
-    constexpr std::size_t last = volumeSlotCount - 1;
-    static_assert(last >= 10 && last <= 99, "two digits");
-    std::array<char, words.size() + 2> text {};
-    char* const end = std::ranges::copy(words, text.data()).out;
-    end[0] = '0' + last / 10;
-    end[1] = '0' + last % 10;
-    return text;
-}();
+// The words for SLOT and SYSTEM name these numbers.
+static_assert(volumeSlotCount == 12);
+static_assert(systems::oldest == 9 && systems::newest == 16);
 
 inline constexpr std::array placeholders {
     Placeholder { "BUNDLE", Kind::Text, "a bundle identifier" },
@@ -64,7 +56,7 @@ inline constexpr std::array placeholders {
     Placeholder { "MODE", Kind::Integer, "a whole number of 64 bits" },
     Placeholder { "N", Kind::Integer, "a whole number of 64 bits" },
     Placeholder { "TYPE", Kind::Integer, "a whole number of 64 bits" },
-    Placeholder { "SLOT", Kind::Slot, { numberOfASlot.data(), numberOfASlot.size() } },
+    Placeholder { "SLOT", Kind::Slot, "a whole number from 0 to 11" },
     Placeholder { "STATE", Kind::State, "a whole number of 64 bits without sign" },
     Placeholder { "SYSTEM", Kind::System, "a whole number from 9 to 16" },
 };
