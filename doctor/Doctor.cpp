@@ -1,6 +1,7 @@
 /// The doctor's library: looks at the home screen when it is asked to, and writes down what it found.
 #include "doctor/Examination.h"
 #include "doctor/Report.h"
+#include "facts/PublicNames.h"
 #include "platform/Notify.h"
 #include "platform/Runtime.h"
 
@@ -23,7 +24,7 @@ void examine() noexcept
 [[gnu::constructor]] void initialize()
 {
     const AutoreleasePool pool; // the dynamic loader keeps none
-    addDarwinObserver("net.qorvath.panotra.doctor", examine);
+    addDarwinObserver(notification::doctorAsked, examine);
 }
 
 } // namespace

@@ -22,6 +22,8 @@ inline constexpr const char* ownShaken = "net.qorvath.panotra.uikitshaken";
 inline constexpr const char* siblingShaken = "net.qorvath.brevane2.uikitshaken";
 /// Its state tells how the screen changed.
 inline constexpr const char* screenChanged = "com.apple.springboard.screenchanged";
+/// Asks the doctor for a report: its settings page posts it, or whoever has a shell.
+inline constexpr const char* doctorAsked = "net.qorvath.panotra.doctor";
 } // namespace notification
 
 /// What the gesture framework sends an event to.
