@@ -32,6 +32,7 @@ std::string textOfKernel(const char* name)
 
 bool isHookingFramework(std::string_view path)
 {
+    // Without the first letters, which are written large or small.
     const std::string_view file = path.substr(path.rfind('/') + 1);
     for (const std::string_view part : { "ubstrate", "ubstitute", "llekit", "libhooker" }) {
         if (file.find(part) != file.npos)

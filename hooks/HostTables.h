@@ -60,6 +60,8 @@ inline constexpr std::array hookRows {
     HookRow { Always,  "UIResponder",        "motionBegan:withEvent:",                             "v@:q@",     9, 16, Hook::MotionBegan },
     HookRow { Always,  "SpringBoard",        "applicationDidFinishLaunching:",                     "v@:@",      9, 16, Hook::ApplicationDidFinishLaunching },
     HookRow { Always,  "AVSystemController", "getActiveCategoryVolume:andName:fallbackCategory:",  "B@:^f^@@",  9, 16, Hook::GetActiveCategoryVolume },
+    // One method, whose argument's type changed. The constructor takes it by the first row, on every system; the second
+    // is for whoever compares types.
     HookRow { Always,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:^v",     9, 15, Hook::PostEffectiveVolumeNotification },
     HookRow { OrElse,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:@",     16, 16, Hook::PostEffectiveVolumeNotification },
     HookRow { Always,  "AVSystemController", "setVolumeTo:forCategory:",                           "B@:f@",     9, 16, Hook::SetVolumeTo },

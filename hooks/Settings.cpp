@@ -43,7 +43,7 @@ void load(const NSString& suite, std::string_view domain)
     defaults.synchronize();
     forEachHeldSetting([&](const MixerSetting& setting, auto held) {
         if (setting.domain == domain) {
-            // Asked for twice: whether it is there, then what it is.
+            // Asked once whether it is there and once what it is: whoever watches the preferences sees both questions.
             const NSString key = NSString::stringWithUTF8String(setting.key);
             const NSObject stored = defaults.objectForKey(key) ? defaults.objectForKey(key) : nullptr;
             take(processValues.*held, stored, setting.absentValue);

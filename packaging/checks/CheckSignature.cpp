@@ -191,7 +191,7 @@ std::array<Bytes, 4> readSlots(Bytes signature)
 void checkEmpty(Bytes blob, const EmptyBlob& expected)
 {
     require(std::ranges::equal(blob, expected.contents),
-        std::string("has a signature whose ") + expected.name + " are not the empty ones");
+        std::string("has a signature whose part for the ") + expected.name + " is not the empty one");
 }
 
 bool isHashOf(const Hash& hash, Bytes recorded, Bytes contents)

@@ -30,8 +30,7 @@ enum class Saved {
 class PropertyListFile {
 public:
     /// Gets one line, without line end or control characters, for what a person should know. Trouble with a file is
-    /// told once, and again
-    /// only after it was over in between.
+    /// told once, and again only after it was over in between.
     using Warn = std::function<void(const std::string& line)>;
 
     static constexpr std::chrono::milliseconds usualPatience { 10000 };

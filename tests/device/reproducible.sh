@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The same sources give the same bytes, as far as they are handed out: built again from another folder into another folder, without a cache of
-# compilations, in another time zone, language and file mode.
+# The same sources give the same bytes, as far as they are handed out: built again from another folder into another
+# folder, without a cache of compilations, in another time zone, language and file mode.
 #
 #   reproducible.sh ROOT DEVICE
 #

@@ -78,9 +78,9 @@ cp "$library" "$planted"
 poke $((signature_command + 12)) "$(printf '\\x%02x' $((($(little $((signature_command + 12))) + 16) & 255)) $((($(little $((signature_command + 12))) + 16) >> 8)))"
 printf '%015dX' 0 | tr 0 '\0' >>"$planted"
 expect_refused "something behind the signature" 'has something behind its signature'
-plant "requirements that require something" $((requirements + 11)) '\1' 'whose requirements are not the empty ones'
-plant "requirements of another kind" "$requirements" '\0' 'whose requirements are not the empty ones'
-plant "an envelope of another kind" $((envelope + 3)) '\2' 'whose envelope are not the empty ones'
+plant "requirements that require something" $((requirements + 11)) '\1' 'whose part for the requirements is not the empty one'
+plant "requirements of another kind" "$requirements" '\0' 'whose part for the requirements is not the empty one'
+plant "an envelope of another kind" $((envelope + 3)) '\2' 'whose part for the envelope is not the empty one'
 
 # Each of the two directories.
 for which in "0 SHA-1 20" "2 SHA-256 32"; do
