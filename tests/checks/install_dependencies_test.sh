@@ -108,6 +108,44 @@ expect_none errors
 expect_none calls
 run 2 --list biuld
 
+what="the compilers of the fuzzers"
+machine
+run 0 --list fuzz
+[[ $(grep -oE '^(clang|g\+\+)-[0-9]+' "$scratch/output" | sort) == "$(grep -ohE '(clang|g)\+\+-[0-9]+' \
+    "$1/scripts/fuzz" | sed 's/clang++/clang/' | sort -u)" ]] || fail "other compilers than scripts/fuzz calls"
+
+# Runs ./run with words; make comes with its package, and says what it was asked for.
+run_anything() {
+    ln -s "$(type -P dirname)" "$(type -P chmod)" "$scratch/bin"
+    pretend apt-get 'echo "apt-get $*" >>"$scratch/calls"
+        echo "echo made \$*" >"$scratch/bin/make"; chmod +x "$scratch/bin/make"'
+    script=$1/run run 0 "${@:2}"
+}
+
+what="no make"
+machine
+run_anything "$1"
+expect output '^  make +runs '
+expect output '^made run$'
+expect calls '^apt-get .*install .* make$'
+
+what="make is there"
+machine
+pretend make 'echo "make $*"'
+run_anything "$1" window test
+expect output '^make window test$'
+expect_none calls
+
+what="what the README has people run"
+machine
+run_anything "$1" help
+targets=$(sed -nE 's|^    \./run ?([a-z-]*).*|\1|p' "$1/README.md")
+[[ $(wc -l <<<"$targets") -ge 2 ]] || fail "no commands found"
+for target in $targets; do
+    grep -q "^$target:" "$1/Makefile" || fail "no target $target"
+done
+! grep -nE '^    make' "$1/README.md" >"$scratch/errors" || fail "a machine that is new has no make"
+
 what="a group that is fetched, not installed"
 machine
 run 2 fetched-device
