@@ -7,6 +7,8 @@
 #include "simulator/device/Services.h"
 
 #include <cassert>
+#include <sstream>
+#include <string>
 #include <utility>
 
 namespace panotra::sim {
@@ -14,6 +16,23 @@ namespace panotra::sim {
 namespace {
 
 Device* currentDevice = nullptr;
+
+/// Whether the fields are those that the table of events tells of.
+[[maybe_unused]] bool areFieldsOf(const TraceEvent& event, const Json& fields)
+{
+    std::size_t known = 0;
+    std::istringstream words { std::string(event.fields) };
+    for (std::string word; words >> word;) {
+        const bool mayBeAbsent = word.ends_with('?');
+        if (mayBeAbsent)
+            word.pop_back();
+        const bool isThere = fields.contains(word);
+        if (!isThere && !mayBeAbsent)
+            return false;
+        known += isThere ? 1 : 0;
+    }
+    return known == fields.size();
+}
 
 } // namespace
 
@@ -57,11 +76,13 @@ Json Device::nameOf(HostObject* object)
     return object->name.empty() ? Json() : Json(object->name);
 }
 
-void Device::report(const char* event, Json fields)
+void Device::report(EventName name, Json fields)
 {
-    Json line { { "t", runLoop->now() }, { "event", event } };
-    for (auto& [name, value] : fields.items())
-        line[name] = std::move(value);
+    const TraceEvent& event = name.event();
+    assert(areFieldsOf(event, fields));
+    Json line { { "t", runLoop->now() }, { "event", event.name } };
+    for (auto& [field, value] : fields.items())
+        line[field] = std::move(value);
     traceSink(line);
 }
 

@@ -7,6 +7,7 @@
 
 #include "facts/PublicNames.h"
 #include "simulator/device/Object.h"
+#include "simulator/device/TraceEvents.h"
 
 #include <nlohmann/json.hpp>
 
@@ -44,12 +45,12 @@ public:
     /// Who gets the trace: called with {"t": …, "event": …, fields…}. None: events cost nothing.
     std::function<void(const Json&)> traceSink;
     /// Reports an event; `fields()` gives its fields and is not called when nobody listens.
-    template <typename Fields> void trace(const char* event, Fields fields)
+    template <typename Fields> void trace(EventName event, Fields fields)
     {
         if (traceSink)
             report(event, fields());
     }
-    void trace(const char* event)
+    void trace(EventName event)
     {
         if (traceSink)
             report(event, Json::object());
@@ -78,7 +79,7 @@ public:
     Json nameOf(HostObject* object);
 
 private:
-    void report(const char* event, Json fields);
+    void report(EventName event, Json fields);
 };
 
 } // namespace panotra::sim

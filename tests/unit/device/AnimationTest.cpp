@@ -59,14 +59,14 @@ TEST_F(AnimationTest, TheEndIsNowPlusTheSumOfDelayAndDuration)
 TEST_F(AnimationTest, StartEndAndBlockAreReportedInOrder)
 {
     device.runLoop->animate(
-        0.25, 0.5, 2, [this] { device.trace("block"); }, [this](bool) { device.trace("completion"); });
+        0.25, 0.5, 2, [this] { device.trace("windowShown"); }, [this](bool) { device.trace("launched"); });
     device.runLoop->wait(1);
     EXPECT_EQ(events,
         (std::vector<Json> {
             { { "t", 0.0 }, { "event", "animate" }, { "duration", 0.25 }, { "delay", 0.5 }, { "options", 2 } },
-            { { "t", 0.0 }, { "event", "block" } },
+            { { "t", 0.0 }, { "event", "windowShown" } },
             { { "t", 0.75 }, { "event", "animationEnd" }, { "finished", true } },
-            { { "t", 0.75 }, { "event", "completion" } },
+            { { "t", 0.75 }, { "event", "launched" } },
         }));
 }
 

@@ -208,7 +208,7 @@ TEST_F(RunLoopTest, PerformsAndBlocksAreReportedWhenAskedForAndWhenTheyBegin)
 {
     HostObject& target = makeRecorder();
     device.runLoop->perform(&target, selector("first"), nullptr, 0.25);
-    device.runLoop->dispatch(0.1, [this] { device.trace("ran"); });
+    device.runLoop->dispatch(0.1, [this] { device.trace("launched"); });
     device.runLoop->defer([] {});
     device.runLoop->wait(1);
     EXPECT_EQ(events,
@@ -217,7 +217,7 @@ TEST_F(RunLoopTest, PerformsAndBlocksAreReportedWhenAskedForAndWhenTheyBegin)
                 { "delay", 0.25 } },
             { { "t", 0.0 }, { "event", "dispatch" }, { "delay", 0.1 } },
             { { "t", 0.1 }, { "event", "dispatched" } },
-            { { "t", 0.1 }, { "event", "ran" } },
+            { { "t", 0.1 }, { "event", "launched" } },
             { { "t", 0.25 }, { "event", "perform" }, { "selector", "first" }, { "object", nullptr } },
         }));
 }

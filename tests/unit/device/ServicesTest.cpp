@@ -106,7 +106,7 @@ TEST(Trace, CostsNothingWhenNobodyListens)
 {
     Device device;
     bool asked = false;
-    device.trace("event", [&] {
+    device.trace("post", [&] {
         asked = true;
         return Json::object();
     });
@@ -116,8 +116,8 @@ TEST(Trace, CostsNothingWhenNobodyListens)
 TEST_F(DarwinNotificationsTest, AnEventHasItsTimeAndItsNameFirst)
 {
     device.runLoop->wait(0.25);
-    device.trace("something", [] { return Json { { "b", 1 }, { "a", 2 } }; });
-    EXPECT_EQ(events.back().dump(), R"({"t":0.25,"event":"something","b":1,"a":2})");
+    device.trace("cancel", [] { return Json { { "object", nullptr }, { "selector", "s" } }; });
+    EXPECT_EQ(events.back().dump(), R"({"t":0.25,"event":"cancel","object":null,"selector":"s"})");
 }
 
 } // namespace

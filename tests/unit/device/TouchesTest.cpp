@@ -30,7 +30,7 @@ HostClass::Implementation previousHitTest = nullptr;
 HostObject* hitTestFromTen(HostObject* self, const HostSelector* name, Point point, HostObject* event)
 {
     ++hitTests;
-    Device::current()->trace("asked");
+    Device::current()->trace("windowShown");
     HostObject* const hit = call<HostObject*>(previousHitTest, self, name, point, event);
     return point.x < 10 ? nullptr : hit;
 }
@@ -83,7 +83,7 @@ TEST_F(TouchesTest, TheWindowsOwnHitTestIsAskedOnceAndReportedAfterwards)
     events.clear();
     device.touches->down(5, 5);
     EXPECT_EQ(hitTests, 1);
-    EXPECT_THAT(eventNames(), ElementsAre("asked", "hit"));
+    EXPECT_THAT(eventNames(), ElementsAre("windowShown", "hit"));
     EXPECT_EQ(events[1]["view"], nullptr);
     device.touches->down(110, 120);
     EXPECT_EQ(events[3]["view"], "_volumeView3");

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <set>
 #include <string>
 
 namespace panotra::sim {
@@ -79,8 +80,13 @@ TEST(TextTrace, EveryEventHasItsWording)
         { R"({"event":"tree","root":null})", "tree           no window" },
         { R"({"event":"novelty","a":1,"b":[true]})", "novelty        a 1, b (yes)" },
     };
-    for (const auto& [event, words] : cases)
+    std::set<std::string> known { "launched", "setVolume", "state" };
+    for (const auto& [event, words] : cases) {
         EXPECT_EQ(textOf({ event }), std::string("     0.000  ") + words + '\n');
+        known.insert(Json::parse(event).at("event").get<std::string>());
+    }
+    for (const TraceEvent& event : traceEvents)
+        EXPECT_TRUE(known.contains(std::string(event.name))) << event.name;
 }
 
 TEST(TextTrace, HooksThatFollowEachOtherShareALine)
