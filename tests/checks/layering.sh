@@ -29,7 +29,7 @@ simulator/window            | any      | simulator/window simulator/picture simu
 simulator/commands          | any      | simulator/commands simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
 simulator                   | any      | simulator simulator/scenario simulator/device facts simulator/text
 simulator/main.cpp          | any      | simulator simulator/commands facts
-simulator/Globals.cpp       | any      | simulator model platform facts
+simulator/Globals.cpp       | any      | simulator simulator/scenario model platform facts
 simulator/LinkedLibrary.cpp | any      | simulator hooks controller views model platform facts
 '
 
