@@ -2,21 +2,86 @@
 #include "simulator/commands/Commands.h"
 
 #include "simulator/Files.h"
+#include "simulator/scenario/NearestName.h"
+#include "simulator/scenario/Text.h"
 
 #include <algorithm>
 #include <csignal>
+#include <iostream>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace panotra::sim {
 
 namespace {
 
-/// One line whatever CLI11 has to say.
+/// The nearest of the names to a word that is none of them, or where else to look.
+std::string helpFor(const CLI::App& app, std::string_view word, const std::vector<std::string>& names)
+{
+    const auto nearest = didYouMean(word, std::vector<std::string_view>(names.begin(), names.end()));
+    return nearest.empty() ? " (" + app.get_name() + " --help tells more)" : nearest;
+}
+
+std::vector<std::string> optionsOf(const CLI::App& command)
+{
+    std::vector<std::string> names;
+    for (const auto* const option : command.get_options()) {
+        for (const auto& name : option->get_lnames())
+            names.push_back("--" + name);
+    }
+    return names;
+}
+
+std::vector<std::string> commandsOf(const CLI::App& app)
+{
+    std::vector<std::string> names;
+    for (const auto* const command : app.get_subcommands([](const CLI::App*) { return true; }))
+        names.push_back(command->get_name());
+    return names;
+}
+
+/// What is wrong with the first word that neither `app` nor its command understood, or nothing if there is none.
+std::optional<std::string> mistakeInWords(const CLI::App& app)
+{
+    const auto chosen = app.get_subcommands();
+    const bool isBeforeCommand = !app.remaining().empty() || chosen.empty();
+    const CLI::App& place = isBeforeCommand ? app : *chosen.front();
+    const auto words = place.remaining();
+    if (words.empty())
+        return std::nullopt;
+    const std::string word = words.front();
+    const auto found = "found " + inQuotes(word) + ", expected ";
+    if (word.starts_with('-')) {
+        const auto owner = isBeforeCommand ? app.get_name() : app.get_name() + ' ' + place.get_name();
+        return found + "an option of " + owner + helpFor(app, word.substr(0, word.find('=')), optionsOf(place));
+    }
+    if (isBeforeCommand)
+        return found + "a command" + helpFor(app, word, commandsOf(app));
+    return found + "no more words" + helpFor(app, word, {});
+}
+
 ExitStatus complainAboutCommandLine(const CLI::App& app, std::string message)
 {
+    if (const auto mistake = mistakeInWords(app)) {
+        complain(*mistake);
+        return ExitStatus::WrongInput;
+    }
+    // One line whatever the library has to say.
     std::ranges::replace(message, '\n', ' ');
-    complain(message + " (" + app.get_name() + " --help tells more)");
+    complain(printable(message) + helpFor(app, {}, {}));
     return ExitStatus::WrongInput;
+}
+
+/// Help, or something else that was asked for instead of work.
+ExitStatus answer(const CLI::App& app, const CLI::Success& request)
+{
+    app.exit(request);
+    if (std::cout.flush())
+        return ExitStatus::AllWell;
+    complain("standard output could not be written");
+    return ExitStatus::FileFailed;
 }
 
 ExitStatus run(CLI::App& app, const ExitStatus& status, int argumentCount, char** arguments)
@@ -25,8 +90,7 @@ ExitStatus run(CLI::App& app, const ExitStatus& status, int argumentCount, char*
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::Success& request) {
-        app.exit(request);
-        return ExitStatus::AllWell;
+        return answer(app, request);
     } catch (const CLI::ParseError& error) {
         return complainAboutCommandLine(app, error.what());
     }

@@ -1,10 +1,15 @@
 /// Paths are walked greedily, values compared by the kind that was found.
 #include "simulator/scenario/Expectation.h"
 
+#include "simulator/scenario/NearestName.h"
 #include "simulator/scenario/Numbers.h"
 #include "simulator/text/Printable.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace panotra::sim {
 
@@ -41,6 +46,36 @@ const Json* elementAt(const Json& list, std::string_view rest, std::size_t& leng
     return index && *index < list.size() ? &list[*index] : nullptr;
 }
 
+/// The first `count` parts of the path, or all of it if it has fewer.
+std::string_view firstParts(std::string_view path, std::ptrdiff_t count)
+{
+    auto end = path.find('.');
+    for (; count > 1 && end != path.npos; --count)
+        end = path.find('.', end + 1);
+    return path.substr(0, end);
+}
+
+/// A key of an object that the beginning of a path may stand for.
+struct KeyMeant {
+    std::string key;
+    std::size_t length; ///< of what stands for it in the path
+    std::size_t distance;
+};
+
+/// Those that are near, the nearest first, of equally near ones the longest.
+std::vector<KeyMeant> keysMeant(const Json& object, std::string_view rest)
+{
+    std::vector<KeyMeant> keys;
+    for (const auto& [key, value] : object.items()) {
+        const auto word = firstParts(rest, std::ranges::count(key, '.') + 1);
+        if (const auto distance = misspelling(word, key))
+            keys.push_back({ key, word.size(), *distance });
+    }
+    std::ranges::stable_sort(
+        keys, {}, [](const KeyMeant& meant) { return std::pair(meant.distance, -std::ssize(meant.key)); });
+    return keys;
+}
+
 } // namespace
 
 const Json* valueAt(const Json& state, std::string_view path)
@@ -57,6 +92,26 @@ const Json* valueAt(const Json& state, std::string_view path)
         rest = length == rest->size() ? std::nullopt : std::optional(rest->substr(length + 1));
     }
     return value;
+}
+
+std::optional<std::string> nearestPath(const Json& value, std::string_view path)
+{
+    std::vector<KeyMeant> keys;
+    if (value.is_object()) {
+        keys = keysMeant(value, path);
+    } else if (value.is_array()) {
+        if (std::size_t length = 0; elementAt(value, path, length) != nullptr)
+            keys.push_back({ std::string(path.substr(0, length)), length, 0 });
+    }
+    for (const auto& [key, length, distance] : keys) {
+        if (length == path.size())
+            return key;
+        std::size_t ignored = 0;
+        const auto& below = value.is_object() ? value.at(key) : *elementAt(value, key, ignored);
+        if (const auto rest = nearestPath(below, path.substr(length + 1)))
+            return key + '.' + *rest;
+    }
+    return std::nullopt;
 }
 
 bool matches(const Json& found, const std::optional<std::string>& expected)

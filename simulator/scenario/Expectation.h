@@ -13,6 +13,10 @@ namespace panotra::sim {
 /// that fits is taken. A number indexes a list.
 const Json* valueAt(const Json& state, std::string_view path);
 
+/// For a path that leads nowhere from `value`: the path that was meant, each of its keys the nearest there is. None if
+/// some part of it is like no key.
+std::optional<std::string> nearestPath(const Json& value, std::string_view path);
+
 /// Whether `found` is what a scenario writes as `expected`, absent for `nil`: numbers within 1e-6 (whole ones
 /// exactly), booleans as yes and no, strings to the letter. An object or a list equals nothing.
 bool matches(const Json& found, const std::optional<std::string>& expected);

@@ -3,13 +3,13 @@
 
 #include "facts/VolumeSlots.h"
 #include "simulator/scenario/Forms.h"
+#include "simulator/scenario/NearestName.h"
 #include "simulator/scenario/Numbers.h"
 #include "simulator/systems/Systems.h"
 #include "simulator/text/Printable.h"
 
 #include <algorithm>
 #include <limits>
-#include <numeric>
 #include <utility>
 
 namespace panotra::sim {
@@ -52,36 +52,12 @@ std::string listed(const std::vector<std::string_view>& alternatives)
     return result;
 }
 
-/// How many letters must be put in, left out or exchanged to make one word of the other.
-std::size_t editDistance(std::string_view a, std::string_view b)
+std::vector<std::string_view> commandNames()
 {
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t { 0 });
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        auto diagonal = std::exchange(row[0], i + 1);
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const auto exchanged = diagonal + (a[i] == b[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({ exchanged, row[j] + 1, diagonal + 1 });
-        }
-    }
-    return row.back();
-}
-
-/// ", did you mean press?" where a command is close to `word`, else nothing.
-std::string suggestion(std::string_view word)
-{
-    constexpr std::size_t farthest = 2;
-    constexpr std::size_t longestCommand = 32;
-    if (word.size() > longestCommand)
-        return {};
-    const auto distance = [word](const Form& form) {
-        return editDistance(word, form.syntax.command());
-    };
-    const auto closest = std::ranges::min_element(allForms(), {}, distance);
-    if (distance(*closest) > std::min(farthest, word.size() / 2))
-        return {};
-    return " (did you mean " + std::string(closest->syntax.command()) + "?)";
+    std::vector<std::string_view> names;
+    for (const auto& form : allForms())
+        names.push_back(form.syntax.command());
+    return names;
 }
 
 /// `value` if it lies in the range, ends included.
@@ -138,7 +114,7 @@ public:
     {
         const auto mistakesBefore = m_mistakes.size();
         if (m_forms.empty()) {
-            complain(inQuotes(name()), "a command" + suggestion(name()));
+            complain(inQuotes(name()), "a command" + didYouMean(name(), commandNames()));
             return std::nullopt;
         }
         checkPhase(m_forms.front()->phase, earlier.load);

@@ -64,11 +64,12 @@ void Player::expect(const std::string& path, const std::optional<std::string>& v
     if (found != nullptr && matches(*found, value))
         return;
     m_expectationsHeld = false;
-    if (m_audience.expectationFailed) {
-        m_audience.expectationFailed(m_line,
-            "found " + (found != nullptr ? inScenarioWords(*found) : std::string("nothing")) + " at " + printable(path)
-                + ", expected " + (value ? printable(*value) : "nil"));
-    }
+    if (!m_audience.expectationFailed)
+        return;
+    const auto meant = found == nullptr ? nearestPath(state, path) : std::nullopt;
+    m_audience.expectationFailed(m_line,
+        "found " + (found != nullptr ? inScenarioWords(*found) : "nothing") + " at " + printable(path) + ", expected "
+            + (value ? printable(*value) : "nil") + (meant ? " (did you mean " + printable(*meant) + "?)" : ""));
 }
 
 void Player::failFile(const std::string& message)

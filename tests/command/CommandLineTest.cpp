@@ -145,6 +145,30 @@ TEST_F(CommandLine, AWrongCommandLineEndsWithTwoAndOneLine)
     }
 }
 
+TEST_F(CommandLine, MisspeltOptionsAndCommandsAreToldTheNearestRightOne)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        { "paly good", "found \"paly\", expected a command (did you mean play?)" },
+        { "pref list a.b", "found \"pref\", expected a command (did you mean prefs?)" },
+        { "Window", "found \"Window\", expected a command (did you mean window?)" },
+        { "--versoin", "found \"--versoin\", expected an option of panotra (did you mean --version?)" },
+        { "play good --traec out", "found \"--traec\", expected an option of panotra play (did you mean --trace?)" },
+        { "play --format=json --shot=x good",
+            "found \"--shot=x\", expected an option of panotra play (did you mean --shots?)" },
+        { "picture --sytle 1", "found \"--sytle\", expected an option of panotra picture (did you mean --style?)" },
+        { "frobnicate", "found \"frobnicate\", expected a command (panotra --help tells more)" },
+        { "play good better", "found \"better\", expected no more words (panotra --help tells more)" },
+        { "play good $(printf -- '--tr\\033ce')",
+            "found \"--tr\\x1bce\", expected an option of panotra play (did you mean --trace?)" },
+    };
+    for (const auto& [arguments, mistake] : cases) {
+        const auto ended = run(arguments);
+        EXPECT_EQ(ended.status, 2) << arguments;
+        EXPECT_EQ(ended.output, "") << arguments;
+        EXPECT_EQ(ended.errors, std::string("panotra: ") + mistake + '\n') << arguments;
+    }
+}
+
 TEST_F(CommandLine, HelpAndVersionGoToStandardOutput)
 {
     for (const auto* arguments : { "--help", "-h", "play --help" }) {

@@ -48,6 +48,35 @@ TEST(Path, ThatLeadsNowhereIsNull)
         EXPECT_EQ(at(path), "nowhere") << path;
 }
 
+std::string meantBy(std::string_view path)
+{
+    return nearestPath(state, path).value_or("nobody knows");
+}
+
+TEST(Path, ThatIsMisspeltHasANearestRightOne)
+{
+    EXPECT_EQ(meantBy("global.scale"), "globals.scale");
+    EXPECT_EQ(meantBy("globals.replacehud"), "globals.replaceHUD");
+    EXPECT_EQ(meantBy("globls.scal"), "globals.scale");
+    EXPECT_EQ(meantBy("sliders.1.txt"), "sliders.1.text");
+    EXPECT_EQ(meantBy("sliders.1.fram.3"), "sliders.1.frame.3");
+    EXPECT_EQ(meantBy("system.Audio-Video"), "system.Audio/Video");
+    EXPECT_EQ(meantBy("pending.0.selektor"), "pending.0.selector");
+}
+
+TEST(Path, ThatIsMisspeltInAKeyWithDotsHasOneToo)
+{
+    EXPECT_EQ(meantBy("prefs.net.qorvath.panotra.volum7"), "prefs.net.qorvath.panotra.volume7");
+    EXPECT_EQ(meantBy("prefs.net.qorvat.panotra.volume7"), "prefs.net.qorvath.panotra.volume7");
+}
+
+TEST(Path, ThatIsLikeNoOtherHasNone)
+{
+    for (const auto* path : { "", "volume", "globals.", "globals.scale.x", "sliders.1.frame.4", "sliders.2.text",
+             "pending.1.selector", "globals.globalCategory.x" })
+        EXPECT_EQ(meantBy(path), "nobody knows") << path;
+}
+
 TEST(Expectation, NumbersMatchWithinAMillionth)
 {
     EXPECT_TRUE(matches(0.5, "0.5000009"));

@@ -224,6 +224,15 @@ TEST_F(PlayerTest, EveryExpectationThatFailsIsReportedAndThePlayGoesOn)
     EXPECT_EQ(trace.size(), 1U);
 }
 
+TEST_F(PlayerTest, AMisspeltPathIsToldTheNearestRightOne)
+{
+    play("pref net.example.domain \"k\x1b[31m\" int 1\nexpect globals.scal 1\nexpect prefs.net.example.domain.k[31m 1");
+    EXPECT_THAT(complaints,
+        ElementsAre("2: found nothing at globals.scal, expected 1 (did you mean globals.scale?)",
+            "3: found nothing at prefs.net.example.domain.k[31m, expected 1 (did you mean "
+            "prefs.net.example.domain.k\\x1b[31m?)"));
+}
+
 TEST_F(PlayerTest, StateTellsEverythingInOrderAndCreatesNothing)
 {
     play("system New 0.25\npref d k int 1\nstate\nstate");
