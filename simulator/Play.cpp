@@ -1,15 +1,21 @@
 /// Read, check, play, write: and the first of them that fails decides how it ends.
 #include "simulator/Play.h"
 
+#include "simulator/FileClashes.h"
 #include "simulator/Files.h"
 #include "simulator/device/Device.h"
 #include "simulator/scenario/Grammar.h"
 #include "simulator/scenario/Player.h"
 #include "simulator/text/Printable.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
+#include <span>
+#include <utility>
 #include <variant>
+#include <vector>
 
 namespace panotra::sim {
 
@@ -21,12 +27,44 @@ void complainAbout(const PlayOptions& options, std::size_t line, const std::stri
     std::fprintf(stderr, "%s:%zu: %s\n", printable(options.scenarioFile).c_str(), line, message.c_str());
 }
 
-/// Whether the trace would replace the scenario that it is a trace of.
-bool wouldOverwriteScenario(const PlayOptions& options)
+/// The files of the command line, standard input and output among them where they stand for one.
+std::vector<NamedFile> filesOf(const PlayOptions& options, const Library& library)
 {
-    std::error_code error;
-    return options.traceFile && std::filesystem::is_regular_file(*options.traceFile, error)
-        && std::filesystem::equivalent(*options.traceFile, options.scenarioFile, error);
+    using enum NamedFile::Use;
+    std::vector<NamedFile> files {
+        { "the scenario", options.scenarioFile == "-" ? "/dev/stdin" : options.scenarioFile, Read },
+        options.traceFile ? NamedFile { "the trace", *options.traceFile, Written }
+                          : NamedFile { "standard output", "/dev/stdout", Written },
+    };
+    if (options.preferencesFolder)
+        files.push_back({ "--prefs", *options.preferencesFolder, Preferences });
+    if (library.file)
+        files.push_back({ "the library", library.file(), Read });
+    return files;
+}
+
+/// Why the picture is not to be written, or nothing.
+std::optional<std::string> objectionToPicture(
+    const PlayOptions& options, const std::string& name, std::span<const NamedFile> files)
+{
+    const auto file = name + ".png";
+    const auto found = "found " + inQuotes(name) + ", expected ";
+    if (!staysBelow(options.picturesFolder, file))
+        return found + "a picture in the folder " + printable(options.picturesFolder) + " or below it";
+    const NamedFile picture { {}, std::filesystem::path(options.picturesFolder) / file, NamedFile::Use::Written };
+    if (const auto* const other = clashWith(picture, files))
+        return found + "another file than " + other->words;
+    return std::nullopt;
+}
+
+/// Adds the mistakes that show only where files lie; all are in the order of lines afterwards.
+void addMistakesOfPictures(Scenario& scenario, const PlayOptions& options, std::span<const NamedFile> files)
+{
+    for (const PictureAsked& picture : picturesOf(scenario)) {
+        if (auto objection = objectionToPicture(options, picture.name, files))
+            scenario.mistakes.push_back({ picture.line, std::move(*objection) });
+    }
+    std::ranges::stable_sort(scenario.mistakes, {}, &Mistake::line);
 }
 
 ExitStatus playOnDevice(const PlayOptions& options, const Library& library, const Scenario& scenario,
@@ -69,13 +107,15 @@ ExitStatus play(const PlayOptions& options, const Library& library, Pictures* pi
         complain(error->message);
         return ExitStatus::FileFailed;
     }
-    const auto scenario = parseScenario(std::get<std::string>(text));
+    auto scenario = parseScenario(std::get<std::string>(text));
+    const auto files = filesOf(options, library);
+    addMistakesOfPictures(scenario, options, files);
     for (const auto& mistake : scenario.mistakes)
         complainAbout(options, mistake.line, mistake.message);
     if (!scenario.mistakes.empty())
         return ExitStatus::WrongInput;
-    if (wouldOverwriteScenario(options)) {
-        complain("the trace would overwrite the scenario " + printable(options.scenarioFile));
+    if (const auto clash = clashAmong(files)) {
+        complain(*clash);
         return ExitStatus::WrongInput;
     }
     if (std::error_code error;

@@ -3,7 +3,7 @@
 
 #include "simulator/Files.h"
 #include "simulator/scenario/NearestName.h"
-#include "simulator/scenario/Text.h"
+#include "simulator/text/Printable.h"
 
 #include <algorithm>
 #include <csignal>

@@ -25,13 +25,16 @@ std::string whyNoScreen(const std::string& text)
     return "found " + inQuotes(text) + ", expected WIDTHxHEIGHT@SCALE, each a number above 0, as in 375x667@2";
 }
 
+bool isWallpaperFile(const std::string& name)
+{
+    return name != "dusk" && name != "dawn";
+}
+
 std::optional<render::Wallpaper> findWallpaper(const std::string& name, std::string& failure)
 {
-    if (name == "dusk")
-        return render::Wallpaper::dusk();
-    if (name == "dawn")
-        return render::Wallpaper::dawn();
-    return render::Wallpaper::fromFile(name, failure);
+    if (isWallpaperFile(name))
+        return render::Wallpaper::fromFile(name, failure);
+    return name == "dusk" ? render::Wallpaper::dusk() : render::Wallpaper::dawn();
 }
 
 } // namespace panotra::sim

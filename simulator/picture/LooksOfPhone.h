@@ -14,6 +14,9 @@ std::optional<ScreenSize> parseScreen(const std::string& text);
 /// What is wrong with a text that is no screen: "found …, expected …".
 std::string whyNoScreen(const std::string& text);
 
+/// Whether the wallpaper is a file, not one of those with names.
+bool isWallpaperFile(const std::string& name);
+
 /// "dusk", "dawn" or a PNG file. None and the reason in `failure` if the file is no readable PNG.
 std::optional<render::Wallpaper> findWallpaper(const std::string& name, std::string& failure);
 

@@ -37,7 +37,7 @@ std::optional<std::string> PictureFolder::write(Device& device, const std::strin
             return named(failure);
     }
     std::error_code error;
-    std::filesystem::create_directories(m_folder, error); // if it fails, so does writing
+    std::filesystem::create_directories(path.parent_path(), error); // if it fails, so does writing
     const auto failure = writePng(m_renderer->draw(device).pixels, path.string());
     return failure ? std::optional(named(*failure)) : std::nullopt;
 }

@@ -17,7 +17,7 @@ std::unique_ptr<render::Renderer> makeRenderer(
 
 class PictureFolder : public Pictures {
 public:
-    /// The folder is made when the first picture is written.
+    /// The folder, and those below it that a name asks for, are made when a picture is written.
     PictureFolder(std::string folder, std::function<void(const std::string&)> warn)
         : m_folder(std::move(folder))
         , m_warn(std::move(warn))

@@ -1,6 +1,7 @@
 /// From options to a picture.
 #include "simulator/picture/SinglePicture.h"
 
+#include "simulator/FileClashes.h"
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/render/Orientation.h"
@@ -9,6 +10,7 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace panotra::sim {
 
@@ -51,6 +53,15 @@ std::optional<std::string> completeShowing(PictureOptions& options)
     return std::nullopt;
 }
 
+/// What is wrong with the files that were named, or nothing.
+std::optional<std::string> clashOf(const PictureOptions& options)
+{
+    std::vector<NamedFile> files { { "--output", options.outputFile, NamedFile::Use::Written } };
+    if (isWallpaperFile(options.wallpaper))
+        files.push_back({ "--wallpaper", options.wallpaper, NamedFile::Use::Read });
+    return clashAmong(files);
+}
+
 ExitStatus complainOf(ExitStatus status, const std::string& message)
 {
     complain(message);
@@ -67,6 +78,8 @@ ExitStatus drawPicture(PictureOptions options, const Library& library)
     const ScreenSize& size = showing.screen;
     if (const auto reason = render::whyTooLargeOrSmall({ size.width, size.height }, size.scale))
         return complainOf(ExitStatus::WrongInput, "--screen: " + *reason);
+    if (const auto clash = clashOf(options))
+        return complainOf(ExitStatus::WrongInput, *clash);
     std::string failure;
     auto wallpaper = findWallpaper(options.wallpaper, failure);
     if (!wallpaper)

@@ -150,7 +150,7 @@ constexpr std::array forms {
     // Output.
     Form("state", Always, [](Player& p, const Arguments&) { p.reportState(); }),
     Form("tree", Always, [](Player& p, const Arguments&) { p.reportTree(); }),
-    Form("shot NAME", Always, [](Player& p, const Arguments& a) { p.shoot(a.text(0)); }),
+    Form("shot PICTURE", Always, [](Player& p, const Arguments& a) { p.shoot(a.text(0)); }),
     Form(
         "expect PATH VALUE|nil", Always, [](Player& p, const Arguments& a) { p.expect(a.text(0), a.optionalText(1)); }),
 };

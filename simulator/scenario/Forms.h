@@ -18,7 +18,7 @@ namespace panotra::sim {
 
 class Player;
 
-enum class Kind { Text, Number, NumberAboveZero, NumberNotBelowZero, Level, Integer, Slot, State, System };
+enum class Kind { Text, Picture, Number, NumberAboveZero, NumberNotBelowZero, Level, Integer, Slot, State, System };
 
 /// A name for an argument in the table below, with what it stands for.
 struct Placeholder {
@@ -41,6 +41,7 @@ inline constexpr std::array placeholders {
     Placeholder { "NAME", Kind::Text, "a name" },
     Placeholder { "PATH", Kind::Text, "a path into the state" },
     Placeholder { "REASON", Kind::Text, "a reason" },
+    Placeholder { "PICTURE", Kind::Picture, "a name in the folder of pictures or below it, without .." },
     Placeholder { "STRING", Kind::Text, "a string" },
     Placeholder { "VALUE", Kind::Text, "a value" },
     Placeholder { "DELAY", Kind::Number, "a number" },

@@ -9,6 +9,7 @@
 #include "simulator/text/Printable.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <limits>
 #include <utility>
 
@@ -60,6 +61,13 @@ std::vector<std::string_view> commandNames()
     return names;
 }
 
+/// Whether a picture of that name lies in the folder of pictures or below it.
+bool isPictureName(std::string_view word)
+{
+    const std::filesystem::path path(word);
+    return !path.has_root_directory() && std::ranges::find(path, std::filesystem::path("..")) == path.end();
+}
+
 /// `value` if it lies in the range, ends included.
 template <typename T>
 std::optional<Arguments::Value> within(
@@ -74,6 +82,8 @@ std::optional<Arguments::Value> valueOf(const std::string& word, Kind kind)
     switch (kind) {
     case Kind::Text:
         return word;
+    case Kind::Picture:
+        return isPictureName(word) ? std::optional<Arguments::Value>(word) : std::nullopt;
     case Kind::Number:
         return within(parseDouble(word));
     case Kind::NumberAboveZero:
@@ -268,6 +278,17 @@ Scenario parseScenario(std::string_view text)
         earlier.note(line);
     }
     return scenario;
+}
+
+std::vector<PictureAsked> picturesOf(const Scenario& scenario)
+{
+    std::vector<PictureAsked> pictures;
+    for (const auto& command : scenario.commands) {
+        const auto terms = command.form->syntax.terms();
+        if (terms.size() > 1 && terms[1].placeholder != nullptr && terms[1].placeholder->kind == Kind::Picture)
+            pictures.push_back({ command.line, command.arguments.text(0) });
+    }
+    return pictures;
 }
 
 } // namespace panotra::sim

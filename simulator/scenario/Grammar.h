@@ -68,4 +68,12 @@ struct Scenario {
 /// `text` must outlive the scenario.
 Scenario parseScenario(std::string_view text);
 
+struct PictureAsked {
+    std::size_t line;
+    std::string name; ///< without its extension
+};
+
+/// The pictures that playing the scenario writes.
+std::vector<PictureAsked> picturesOf(const Scenario& scenario);
+
 } // namespace panotra::sim

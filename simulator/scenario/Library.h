@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 namespace panotra::sim {
 
@@ -20,6 +21,8 @@ struct Library {
     /// The process-wide values by their names, in the order of the trace.
     std::function<Json()> globals;
     std::function<LayoutMemory()> layoutMemory;
+    /// The file from which it is loaded; empty if it is part of the program.
+    std::function<std::string()> file {};
 };
 
 } // namespace panotra::sim

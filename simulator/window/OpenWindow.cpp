@@ -1,6 +1,7 @@
 /// Everything that can be missing is asked for before the window opens.
 #include "simulator/window/OpenWindow.h"
 
+#include "simulator/FileClashes.h"
 #include "simulator/Files.h"
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
@@ -13,6 +14,7 @@
 #include <filesystem>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace panotra::sim {
 
@@ -25,7 +27,7 @@ ExitStatus failed(const std::string& message, ExitStatus status = ExitStatus::Fi
 }
 
 /// An absolute path, so that it stays the same folder whatever happens; none after a complaint.
-std::optional<std::string> makePreferencesFolder(const std::optional<std::string>& asked)
+std::optional<std::string> preferencesFolder(const std::optional<std::string>& asked)
 {
     const auto folder = asked ? std::filesystem::path(*asked) : preferences::defaultFolder();
     if (!folder) {
@@ -33,11 +35,21 @@ std::optional<std::string> makePreferencesFolder(const std::optional<std::string
         return std::nullopt;
     }
     std::error_code error;
-    if (!std::filesystem::create_directories(*folder, error) && error) {
-        complain(printable(folder->string()) + ": " + error.message());
-        return std::nullopt;
-    }
     return std::filesystem::absolute(*folder, error).string();
+}
+
+/// What is wrong with the files that were named, or nothing.
+std::optional<std::string> clashOf(const WindowOptions& options, const std::string& preferencesFolder)
+{
+    using enum NamedFile::Use;
+    std::vector<NamedFile> files { { "--prefs", preferencesFolder, Preferences } };
+    if (options.recordFile)
+        files.push_back({ "--record", *options.recordFile, Written });
+    if (options.traceFile)
+        files.push_back({ "--trace", *options.traceFile, Written });
+    if (isWallpaperFile(options.wallpaper))
+        files.push_back({ "--wallpaper", options.wallpaper, Read });
+    return clashAmong(files);
 }
 
 /// A file that is written as the session goes on, if one was asked for.
@@ -105,13 +117,17 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
         return failed("--screen: " + whyNoScreen(options.screen), ExitStatus::WrongInput);
     if (const auto reason = render::whyTooLargeOrSmall({ screen->width, screen->height }, screen->scale))
         return failed("--screen: " + *reason, ExitStatus::WrongInput);
+    const auto folder = preferencesFolder(options.preferencesFolder);
+    if (!folder)
+        return ExitStatus::FileFailed;
+    if (const auto clash = clashOf(options, *folder))
+        return failed(*clash, ExitStatus::WrongInput);
     std::string failure;
     auto renderer = makeRendererOf(options, failure);
     if (renderer == nullptr)
         return failed(failure);
-    const auto folder = makePreferencesFolder(options.preferencesFolder);
-    if (!folder)
-        return ExitStatus::FileFailed;
+    if (std::error_code error; !std::filesystem::create_directories(*folder, error) && error)
+        return failed(printable(options.preferencesFolder.value_or(*folder)) + ": " + error.message());
     const auto display = Display::open("Panotra", failure);
     if (display == nullptr)
         return failed("no display to open a window on: " + failure);

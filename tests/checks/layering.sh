@@ -27,7 +27,7 @@ simulator/picture           | any      | simulator/picture simulator/render simu
 simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
 simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/systems simulator/preferences simulator facts simulator/text
 simulator/commands          | any      | simulator/commands simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
-simulator                   | any      | simulator simulator/scenario simulator/device facts simulator/text
+simulator                   | any      | simulator simulator/scenario simulator/device simulator/preferences facts simulator/text
 simulator/main.cpp          | any      | simulator simulator/commands facts
 simulator/Globals.cpp       | any      | simulator simulator/scenario model platform facts
 simulator/LinkedLibrary.cpp | any      | simulator hooks controller views model platform facts

@@ -82,6 +82,39 @@ TEST_F(CommandLine, ATraceDoesNotReplaceItsScenario)
     EXPECT_THAT(read("good"), StartsWith("load\n"));
 }
 
+TEST_F(CommandLine, ATraceDoesNotReplaceItsScenarioThroughALinkOrAStream)
+{
+    runScript("ln -s good soft; ln good hard; mkdir folder; ln -s ../good folder/up");
+    for (const auto* arguments :
+        { "play good --trace soft", "play soft --trace good", "play good --trace hard", "play good --trace folder/up",
+            "play good --trace folder/../good", "play - --trace good <good", "play good >>good" }) {
+        const auto ended = run(arguments);
+        EXPECT_EQ(ended.status, 2) << arguments;
+        EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]* would overwrite the scenario\n$")) << arguments;
+        EXPECT_EQ(read("good"), "load\nlaunch\nexpect globals.scale 0.875\n") << arguments;
+    }
+    EXPECT_EQ(run("play good --trace good.jsonl").status, 0);
+    EXPECT_EQ(run("play good --trace /dev/null </dev/null").status, 0);
+    EXPECT_EQ(runScript("cat good | \"$panotra\" play - | cat").status, 0);
+}
+
+TEST_F(CommandLine, NothingIsWrittenAmongThePreferences)
+{
+    ASSERT_EQ(run("prefs set --prefs p a.b key int 1").status, 0);
+    const auto before = read("p/a.b.plist");
+    runScript("ln p/a.b.plist hard; ln -s p/new.plist soft; cp good p/good.plist");
+    for (const auto* arguments : { "play good --prefs p --trace p/a.b.plist", "play good --prefs p --trace p/new.plist",
+             "play good --prefs ./p --trace hard", "play good --prefs p --trace soft",
+             "play good --prefs p --trace p/.a.b.lock", "play p/good.plist --prefs p" }) {
+        const auto ended = run(arguments);
+        EXPECT_EQ(ended.status, 2) << arguments;
+        EXPECT_THAT(ended.errors, ContainsRegex("^panotra: [^\n]* file of the preferences in [./]*p\n$")) << arguments;
+        EXPECT_EQ(read("p/a.b.plist"), before) << arguments;
+    }
+    EXPECT_FALSE(exists(folder / "p/new.plist"));
+    EXPECT_EQ(runScript("rm p/good.plist; \"$panotra\" play good --prefs p --trace p/trace.jsonl").status, 0);
+}
+
 TEST_F(CommandLine, FilesThatCannotBeReadEndWithThreeAndOneLine)
 {
     EXPECT_EQ(run("play missing").errors, "panotra: missing: No such file or directory\n");

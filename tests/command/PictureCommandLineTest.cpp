@@ -7,6 +7,7 @@ namespace panotra::testing {
 namespace {
 
 using ::testing::ContainsRegex;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
@@ -133,6 +134,99 @@ TEST_F(PictureCommand, AnotherFontThanTheOneMeantIsNamedOnce)
     EXPECT_EQ(
         ended.errors, "panotra: the font Inter is not installed (package fonts-inter); text is set in Stand-in\n");
     EXPECT_TRUE(isThere("out.png"));
+}
+
+TEST_F(PictureCommand, AShotMayLieInFoldersBelow)
+{
+    write("shooting", "screen 160 240 1\nload\nshot a/b/here\nshot ./there\n");
+    const auto ended = run("play shooting --format json --shots new/pictures");
+    EXPECT_EQ(ended.status, 0) << ended.errors;
+    EXPECT_TRUE(isThere("new/pictures/a/b/here.png"));
+    EXPECT_TRUE(isThere("new/pictures/there.png"));
+    EXPECT_THAT(ended.output, HasSubstr(R"("event":"shot","file":"a/b/here.png")"));
+}
+
+TEST_F(PictureCommand, AShotOutsideItsFolderIsAMistakeOfItsLine)
+{
+    write("wrong", "screen 160 240 1\nload\nshot ../x\nshot /x\nlunch\nshot a/../b\n");
+    const auto ended = run("play wrong --shots pictures");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_THAT(ended.errors,
+        ContainsRegex("^wrong:3: found \"\\.\\./x\"[^\n]+\nwrong:4: [^\n]+\nwrong:5: [^\n]+\nwrong:6: [^\n]+\n$"));
+    EXPECT_FALSE(isThere("pictures"));
+    EXPECT_FALSE(isThere("x.png"));
+}
+
+TEST_F(PictureCommand, AShotDoesNotFollowALinkOutOfItsFolder)
+{
+    write("shooting", "screen 160 240 1\nload\nwait x\nshot out/x\nshot nowhere\nshot file\nshot round\n");
+    write("kept", "what was there\n");
+    runScript("mkdir pictures outside; ln -s ../outside pictures/out; ln -s ../new.png pictures/nowhere.png;"
+              "ln -s ../kept pictures/file.png; ln -s round.png pictures/round.png");
+    const auto ended = run("play shooting --shots pictures");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.errors,
+        "shooting:3: found \"x\" for SECONDS, expected a number not below 0\n"
+        "shooting:4: found \"out/x\", expected a picture in the folder pictures or below it\n"
+        "shooting:5: found \"nowhere\", expected a picture in the folder pictures or below it\n"
+        "shooting:6: found \"file\", expected a picture in the folder pictures or below it\n"
+        "shooting:7: found \"round\", expected a picture in the folder pictures or below it\n");
+    EXPECT_FALSE(isThere("outside/x.png"));
+    EXPECT_FALSE(isThere("new.png"));
+    EXPECT_EQ(read("kept"), "what was there\n");
+}
+
+TEST_F(PictureCommand, AShotMayFollowALinkThatStaysInItsFolder)
+{
+    write("shooting", "screen 160 240 1\nload\nshot today/x\n");
+    runScript("mkdir -p real/monday; ln -s monday real/today; ln -s real pictures");
+    const auto ended = run("play shooting --shots pictures");
+    EXPECT_EQ(ended.status, 0) << ended.errors;
+    EXPECT_TRUE(isThere("real/monday/x.png"));
+}
+
+TEST_F(PictureCommand, AShotIsNeitherTheScenarioNorTheTraceNorAPropertyList)
+{
+    const char* const text = "screen 160 240 1\nload\nshot x\n";
+    write("x.png", text);
+    const std::string mistake = ":3: found \"x\", expected another file than the scenario\n";
+    for (const auto* arguments : { "x.png", "./x.png --shots ../\"${PWD##*/}\"", "- <x.png" }) {
+        const auto ended = run(std::string("play ") + arguments);
+        EXPECT_EQ(ended.status, 2) << arguments;
+        EXPECT_THAT(ended.errors, EndsWith(mistake)) << arguments;
+        EXPECT_EQ(read("x.png"), text) << arguments;
+    }
+    runScript("mkdir links; ln x.png links/x.png");
+    EXPECT_EQ(run("play x.png --shots links").status, 2);
+    EXPECT_EQ(read("x.png"), text);
+
+    write("shooting", text);
+    EXPECT_EQ(run("play shooting --shots new --trace new/x.png").errors,
+        "shooting:3: found \"x\", expected another file than the trace\n");
+    EXPECT_EQ(run("play shooting --shots folder >x.png").errors, "");
+    EXPECT_EQ(
+        run("play shooting >x.png").errors, "shooting:3: found \"x\", expected another file than standard output\n");
+
+    ASSERT_EQ(run("prefs set --prefs p a.b key int 1").status, 0);
+    const auto before = read("p/a.b.plist");
+    runScript("mkdir shots; ln p/a.b.plist shots/x.png");
+    EXPECT_EQ(run("play shooting --prefs p --shots shots").errors,
+        "shooting:3: found \"x\", expected another file than --prefs\n");
+    EXPECT_EQ(read("p/a.b.plist"), before);
+}
+
+TEST_F(PictureCommand, AWallpaperIsNotReplacedByItsPicture)
+{
+    run("picture --screen 100x100@1 -o wall.png");
+    const auto before = read("wall.png");
+    runScript("ln -s wall.png soft.png; ln wall.png hard.png");
+    for (const auto* output : { "wall.png", "./wall.png", "soft.png", "hard.png" }) {
+        const auto ended = run(std::string("picture --screen 160x240@1 --wallpaper wall.png -o ") + output);
+        EXPECT_EQ(ended.status, 2) << output;
+        EXPECT_EQ(ended.errors, std::string("panotra: ") + output + ": --output would overwrite --wallpaper\n");
+        EXPECT_EQ(read("wall.png"), before) << output;
+    }
 }
 
 TEST_F(PictureCommand, AShotThatCannotBeWrittenIsOneLineAndThePlayEndsWithThree)

@@ -98,5 +98,13 @@ TEST_F(HostCommandLine, AWrongCommandLineSaysSoAsPanotraDoes)
         "panotra: found \"--libary\", expected an option of panotra-objc play (did you mean --library?)\n");
 }
 
+TEST_F(HostCommandLine, ATraceDoesNotReplaceTheLibrary)
+{
+    const Ended ended = run("play good --library lib.so --trace ./lib.so");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.errors, "panotra: ./lib.so: the trace would overwrite the library\n");
+    EXPECT_EQ(run("play good --library lib.so").status, 0);
+}
+
 } // namespace
 } // namespace panotra::testing

@@ -104,7 +104,7 @@ void chooseLibrary(const std::string& path)
 sim::Library chosenLibrary()
 {
     startFoundation();
-    return { load, globals, layoutMemory };
+    return { load, globals, layoutMemory, chosenPath };
 }
 
 } // namespace panotra::hosts

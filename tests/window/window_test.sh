@@ -302,6 +302,25 @@ trouble_is_one_line() {
     expect 2 '^panotra: ' "$panotra" window --record
     expect 2 '^panotra: --screen: found "0x667@2", expected ' "$panotra" window --prefs preferences --screen 0x667@2
     expect 3 '^panotra: file: ' "$panotra" window --prefs preferences --wallpaper file
+    ln -s kept soft
+    ln kept hard
+    ln -s unborn first
+    ln -s unborn second
+    cp kept wall.png
+    for files in "--record kept --trace kept" "--record kept --trace soft" "--record hard --trace ./kept" \
+        "--record unborn --trace unborn" "--record first --trace second" "--record /dev/stdout --trace /dev/stdout" \
+        "--record wall.png --wallpaper wall.png" "--trace wall.png --wallpaper wall.png"; do
+        # shellcheck disable=SC2086 # several words
+        expect 2 ' would overwrite --' "${without_display[@]}" "$panotra" window --prefs preferences $files
+    done
+    for option in --record --trace; do
+        expect 2 'cannot be a file of the preferences' \
+            "${without_display[@]}" "$panotra" window --prefs preferences $option preferences/$domain.plist
+    done
+    [[ ! -e unborn && ! -e preferences/$domain.plist ]] || fail "a mistake in the command line has made a file"
+    expect 3 '^panotra: no display' \
+        "${without_display[@]}" "$panotra" window --prefs preferences --record /dev/null --trace /dev/null
+    expect 2 'found "--recrod", .*did you mean --record' "$panotra" window --recrod kept
     cat >fonts.conf <<<'<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd"><fontconfig></fontconfig>'
     expect 3 '^panotra: no font is installed' \
         env FONTCONFIG_FILE="$PWD/fonts.conf" "$panotra" window --prefs preferences

@@ -116,6 +116,17 @@ TEST(Mistakes, NameNilWhereNothingMayBeAbsent)
         { "expect nil 1", { "1: found nil for PATH, expected a path into the state" } } });
 }
 
+TEST(Mistakes, NamePicturesOutsideTheirFolder)
+{
+    const auto refused = [](const std::string& name) {
+        return std::vector<std::string> { "1: found \"" + name
+            + "\" for PICTURE, expected a name in the folder of pictures or below it, without .." };
+    };
+    expectMistakes({ { "shot ../x", refused("../x") }, { "shot /tmp/x", refused("/tmp/x") },
+        { "shot a/../b", refused("a/../b") }, { "shot ..", refused("..") }, { "shot a/..", refused("a/..") },
+        { "shot //x", refused("//x") }, { "shot a/b/c\nshot ..x\nshot x..\nshot a...b/c\nshot ./x", {} } });
+}
+
 TEST(Mistakes, TellWhereInAScenarioACommandMayStand)
 {
     expectMistakes({ { "launch\nload", { "1: found launch before load, expected it after load" } },
