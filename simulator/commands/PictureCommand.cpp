@@ -36,11 +36,11 @@ CLI::Range valuesOf(const MixerSetting& setting)
     return CLI::Range(0, static_cast<int>(setting.choices.size()) - 1);
 }
 
-/// From a mixer of a few points to one far beyond any screen.
+/// Smaller than a tenth nothing can be made out, larger than twice nothing but gaps may be left on the screen.
 std::string whyNoScale(const std::string& text)
 {
     const auto scale = parseDouble(text);
-    return scale && *scale >= 0.01 && *scale <= 100 ? "" : "expected a number from 0.01 to 100";
+    return scale && *scale >= 0.1 && *scale <= 2 ? "" : "expected a number from 0.1 to 2";
 }
 
 } // namespace
@@ -64,12 +64,13 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
         ->type_name("WxH@S");
     command
         ->add_option("--scale", showing.mixerScale,
-            "The setting scale, the size of the mixer (default " + shortNumber(mixerSetting("scale").absentValue) + ")")
+            "The setting scale, the size of the mixer, 0.1 to 2 (default "
+                + shortNumber(mixerSetting("scale").absentValue) + ")")
         ->check(whyNoScale)
         ->type_name("F");
     command
         ->add_option("--level", options->levels,
-            "The level of a slot from 0 to " + std::to_string(volumeSlotCount - 1) + "; may be repeated")
+            "The level, 0 to 1, of a slot, 0 to " + std::to_string(volumeSlotCount - 1) + "; may be repeated")
         ->type_name("SLOT=V")
         ->take_all()
         ->expected(1);

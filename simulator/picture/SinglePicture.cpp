@@ -18,7 +18,7 @@ namespace {
 
 constexpr int lastSlot = volumeSlotCount - 1;
 
-/// "SLOT=LEVEL", the slot from 0 to the last.
+/// "SLOT=LEVEL", the slot from 0 to the last, the level from 0 to 1.
 std::optional<SlotLevel> parseSlotLevel(const std::string& text)
 {
     const auto equals = text.find('=');
@@ -26,7 +26,7 @@ std::optional<SlotLevel> parseSlotLevel(const std::string& text)
         return std::nullopt;
     const auto slot = parseInteger<int>(text.substr(0, equals));
     const auto level = parseFloat(text.substr(equals + 1));
-    if (!slot || *slot < 0 || *slot > lastSlot || !level)
+    if (!slot || *slot < 0 || *slot > lastSlot || !level || !(*level >= 0 && *level <= 1))
         return std::nullopt;
     return SlotLevel { static_cast<SlotNumber>(*slot), *level };
 }
@@ -43,8 +43,8 @@ std::optional<std::string> completeShowing(PictureOptions& options)
     for (const std::string& text : options.levels) {
         const auto level = parseSlotLevel(text);
         if (!level)
-            return "--level: found " + inQuotes(text) + ", expected SLOT=LEVEL with a slot from 0 to "
-                + std::to_string(lastSlot) + ", as in 7=0.5";
+            return "--level: found " + inQuotes(text) + ", expected SLOT=LEVEL, a slot from 0 to "
+                + std::to_string(lastSlot) + " and a level from 0 to 1, as in 7=0.5";
         options.showing.levels.push_back(*level);
     }
     if (options.showing.focusedSlot && (*options.showing.focusedSlot < 0 || *options.showing.focusedSlot > lastSlot))

@@ -60,10 +60,11 @@ TEST_F(PictureCommand, AWrongOptionIsOneLineAndNothingIsDrawn)
 {
     for (const auto* options : { "--screen 0x480@1", "--screen 320x480", "--screen 320x480@0", "--screen 320x-1@1",
              "--screen wide", "--screen 1e9x1e9@1", "--screen 0.2x0.2@1", "--screen nanx480@1", "--level 0",
-             "--level 12=0.5", "--level -1=0.5", "--level 0=loud", "--level 0=", "--focus 12", "--focus -1",
-             "--focus x", "--style x", "--style 2", "--style 99999999999999999999", "--skin 1.5", "--skin 4",
-             "--skin -1", "--orientation up", "--orientation 0", "--orientation 5", "--scale big", "--scale nan",
-             "--scale inf", "--scale 0", "--scale -1", "--scale 1e300", "--bogus" }) {
+             "--level 12=0.5", "--level -1=0.5", "--level 1=50", "--level 2=-3", "--level 3=1.001", "--level 4=nan",
+             "--level 0=loud", "--level 0=", "--focus 12", "--focus -1", "--focus x", "--style x", "--style 2",
+             "--style 99999999999999999999", "--skin 1.5", "--skin 4", "--skin -1", "--orientation up",
+             "--orientation 0", "--orientation 5", "--scale big", "--scale nan", "--scale inf", "--scale 0",
+             "--scale -1", "--scale 1e300", "--scale 50", "--bogus" }) {
         const auto ended = run(std::string("picture -o out.png ") + options);
         EXPECT_EQ(ended.status, 2) << options;
         EXPECT_EQ(ended.output, "") << options;
