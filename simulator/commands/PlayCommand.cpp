@@ -2,8 +2,10 @@
 #include "simulator/commands/Commands.h"
 
 #include "simulator/Bundle.h"
+#include "simulator/Reference.h"
 #include "simulator/picture/PictureFolder.h"
 
+#include <iostream>
 #include <memory>
 #include <string>
 #include <utility>
@@ -11,6 +13,16 @@
 namespace panotra::sim {
 
 namespace {
+
+/// An option that prints something and leaves the rest of the command line alone.
+void addAnswer(CLI::App& command, const char* name, std::string (*text)(), const char* description)
+{
+    const auto print = [text] {
+        std::cout << text();
+        throw CLI::Success();
+    };
+    command.add_flag_callback(name, print, description);
+}
 
 struct PlayArguments {
     PlayOptions options;
@@ -47,6 +59,9 @@ CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
     command->add_option("--shots", options.picturesFolder, "Where shot puts its pictures")
         ->type_name("DIR")
         ->capture_default_str();
+    addAnswer(*command, "--commands", commandReference, "Print the commands of the scenario language");
+    addAnswer(*command, "--reference", wholeReference,
+        "Print all of it as Markdown: commands, paths into the state, tree, events");
     command->footer(
         "Systems: with `ios N` before any `lack` or `have` the process has the shape of iOS N, one of 9, 10, 11, 12, "
         "13, "

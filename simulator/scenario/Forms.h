@@ -1,4 +1,5 @@
-/// The forms of commands: one table says how each is written, when it may stand and what it does.
+/// The forms of commands: one table says how each is written, when it may stand, what it does, and what people are told
+/// of it.
 ///
 /// A syntax is written as it is documented, `screen reference W H`: capitals are placeholders of a known kind,
 /// `up|down` is a choice of words and an argument, a word alone is fixed and none. `CATEGORY|nil` may be absent.
@@ -40,8 +41,8 @@ inline constexpr std::array placeholders {
     Placeholder { "LISTENER", Kind::Text, "a listener's name" },
     Placeholder { "NAME", Kind::Text, "a name" },
     Placeholder { "PATH", Kind::Text, "a path into the state" },
-    Placeholder { "REASON", Kind::Text, "a reason" },
     Placeholder { "PICTURE", Kind::Picture, "a name in the folder of pictures or below it, without .." },
+    Placeholder { "REASON", Kind::Text, "a reason" },
     Placeholder { "STRING", Kind::Text, "a string" },
     Placeholder { "VALUE", Kind::Text, "a value" },
     Placeholder { "DELAY", Kind::Number, "a number" },
@@ -119,11 +120,15 @@ struct Form {
 
     Syntax syntax;
     Phase phase;
+    std::string_view meaning; ///< in words for people
+    std::string_view example; ///< a line of a scenario
     Play play;
 
-    consteval Form(Syntax formSyntax, Phase formPhase, Play formPlay)
+    consteval Form(Syntax formSyntax, Phase formPhase, const char* formMeaning, const char* formExample, Play formPlay)
         : syntax(formSyntax)
         , phase(formPhase)
+        , meaning(formMeaning)
+        , example(formExample)
         , play(formPlay)
     {
     }

@@ -192,7 +192,7 @@ TEST_F(CommandLine, MisspeltOptionsAndCommandsAreToldTheNearestRightOne)
         { "frobnicate", "found \"frobnicate\", expected a command (panotra --help tells more)" },
         { "play good better", "found \"better\", expected no more words (panotra --help tells more)" },
         { "play good $(printf -- '--tr\\033ce')",
-            "found \"--tr\\x1bce\", expected an option of panotra play (did you mean --trace?)" },
+            "found \"--tr\\u001bce\", expected an option of panotra play (did you mean --trace?)" },
     };
     for (const auto& [arguments, mistake] : cases) {
         const auto ended = run(arguments);
@@ -200,6 +200,16 @@ TEST_F(CommandLine, MisspeltOptionsAndCommandsAreToldTheNearestRightOne)
         EXPECT_EQ(ended.output, "") << arguments;
         EXPECT_EQ(ended.errors, std::string("panotra: ") + mistake + '\n') << arguments;
     }
+}
+
+TEST_F(CommandLine, TheCommandsOfTheLanguageGoToStandardOutput)
+{
+    const auto ended = run("play --commands");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.errors, "");
+    EXPECT_THAT(ended.output, HasSubstr("\n  press up|down "));
+    EXPECT_THAT(ended.output, HasSubstr("\nBefore load:\n  process BUNDLE "));
+    EXPECT_EQ(run("play --commands >/dev/full").status, 3);
 }
 
 TEST_F(CommandLine, HelpAndVersionGoToStandardOutput)

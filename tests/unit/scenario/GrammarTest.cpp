@@ -100,6 +100,18 @@ TEST(Forms, OfOneCommandStandTogetherAndShareTheirPhase)
     }
 }
 
+TEST(Forms, HaveExamplesOfTheirOwn)
+{
+    for (const auto& form : allForms()) {
+        const bool isAfterLoad = form.phase == Phase::AfterLoad;
+        const auto text = (isAfterLoad ? "load\n" : "") + std::string(form.example);
+        const auto scenario = parseScenario(text);
+        ASSERT_TRUE(scenario.mistakes.empty()) << form.example << ": " << scenario.mistakes.front().message;
+        EXPECT_EQ(scenario.commands.back().form->syntax.text(), form.syntax.text()) << form.example;
+        EXPECT_NE(form.meaning, "") << form.syntax.text();
+    }
+}
+
 TEST(Forms, WordsInCapitalsArePlaceholders)
 {
     for (const auto& form : allForms()) {
