@@ -5,11 +5,13 @@
 #include "tests/unit/preferences/TemporaryFolder.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <random>
 #include <thread>
 
 #include <sys/ptrace.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace panotra::preferences {
 namespace {
@@ -75,12 +77,13 @@ TEST_F(InterruptedSaveTest, AtAnyMomentLeavesTheOldFileOrTheNewOne)
     int saved = 0;
     for (int time = 0; time < testing::rounds() || saved == 0; ++time) {
         ChildProcess writer([this, saved] {
-            for (int value = saved + 1;; ++value)
+            for (int value = saved + 1; !HasFailure(); ++value)
                 saveLevels(value);
+            std::abort(); // what fails here is known to this process alone
         });
         std::this_thread::sleep_for(std::chrono::microseconds(life(random)));
         writer.kill();
-        EXPECT_EQ(writer.wait(), -1);
+        EXPECT_TRUE(writer.wasKilled());
         const int found = savedLevels();
         EXPECT_GE(found, saved);
         saved = found;
@@ -92,10 +95,9 @@ TEST_F(InterruptedSaveTest, AtAnyMomentLeavesTheOldFileOrTheNewOne)
 }
 
 /// Lets a process that asked to be traced go on to the next time it enters or leaves the kernel.
-/// Answers false once it has ended.
-bool stepToSystemCall(pid_t process)
+/// Answers false once it has ended, with that `status`.
+bool stepToSystemCall(pid_t process, int& status)
 {
-    int status = 0;
     ::ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
     ::waitpid(process, &status, 0);
     return WIFSTOPPED(status);
@@ -111,17 +113,20 @@ TEST_F(InterruptedSaveTest, BeforeAndAfterEverySystemCallLeavesTheOldFileOrTheNe
             ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
             ::raise(SIGSTOP);
             saveLevels(saved + 1);
+            ::_exit(HasFailure() ? 1 : 0);
         });
         int status = 0;
         ::waitpid(writer.id(), &status, 0);
         ASSERT_TRUE(WIFSTOPPED(status));
         bool isAlive = true;
         for (int stop = 0; isAlive && stop < stops; ++stop)
-            isAlive = stepToSystemCall(writer.id());
-        if (!isAlive)
+            isAlive = stepToSystemCall(writer.id(), status);
+        if (!isAlive) {
+            EXPECT_EQ(status, 0) << "the save that nobody interrupted failed";
             break;
+        }
         writer.kill();
-        writer.wait();
+        EXPECT_TRUE(writer.wasKilled());
         const int found = savedLevels();
         ASSERT_TRUE(found == saved || found == saved + 1) << "after " << stops << " stops";
         (found == saved ? oldFiles : newFiles) += 1;

@@ -50,12 +50,23 @@ ChildProcess::~ChildProcess()
     wait();
 }
 
+int ChildProcess::waitForStatus()
+{
+    while (!m_isWaitedFor && ::waitpid(m_id, &m_status, 0) < 0 && errno == EINTR) { }
+    m_isWaitedFor = true;
+    return m_status;
+}
+
 int ChildProcess::wait()
 {
-    int status = 0;
-    while (::waitpid(m_id, &status, 0) < 0 && errno == EINTR) { }
-    m_isWaitedFor = true;
+    const int status = waitForStatus();
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool ChildProcess::wasKilled()
+{
+    const int status = waitForStatus();
+    return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
 } // namespace panotra::preferences::testing

@@ -25,10 +25,15 @@ public:
     void kill() const { ::kill(m_id, SIGKILL); }
     /// Waits until it ends; its exit status, or -1 if a signal ended it.
     int wait();
+    /// Waits for it. Whether it was killed from outside and had not ended by itself.
+    bool wasKilled();
 
 private:
+    int waitForStatus();
+
     pid_t m_id;
     bool m_isWaitedFor = false;
+    int m_status = 0; ///< as the system tells it, once it is waited for
 };
 
 } // namespace panotra::preferences::testing
