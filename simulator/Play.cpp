@@ -90,7 +90,7 @@ ExitStatus playOnDevice(const PlayOptions& options, const Library& library, cons
         complain(output.error()->message);
     if (output.error() || !player.filesWorked())
         return ExitStatus::FileFailed;
-    return player.expectationsHeld() ? ExitStatus::AllWell : ExitStatus::ExpectationFailed;
+    return player.expectationsHeld() ? ExitStatus::AllWell : ExitStatus::NotFulfilled;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 /// `panotra play`: a scenario from its file to its trace.
 #pragma once
 
+#include "simulator/ExitStatus.h"
 #include "simulator/scenario/Library.h"
 #include "simulator/scenario/Pictures.h"
 #include "simulator/scenario/TraceWriter.h"
@@ -9,14 +10,6 @@
 #include <string>
 
 namespace panotra::sim {
-
-/// How the program ends.
-enum class ExitStatus {
-    AllWell = 0,
-    ExpectationFailed = 1,
-    WrongInput = 2, ///< the scenario or the command line; nothing was run
-    FileFailed = 3, ///< a file could not be read or written
-};
 
 struct PlayOptions {
     std::string scenarioFile; ///< "-": standard input

@@ -4,6 +4,7 @@
 #include "simulator/Bundle.h"
 #include "simulator/Reference.h"
 #include "simulator/picture/PictureFolder.h"
+#include "simulator/systems/Systems.h"
 
 #include <iostream>
 #include <memory>
@@ -62,14 +63,13 @@ CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
     addAnswer(*command, "--commands", commandReference, "Print the commands of the scenario language");
     addAnswer(*command, "--reference", wholeReference,
         "Print all of it as Markdown: commands, paths into the state, tree, events");
-    command->footer(
-        "Systems: with `ios N` before any `lack` or `have` the process has the shape of iOS N, one of 9, 10, 11, 12, "
-        "13, "
-        "14, 15\nand 16. Without it, it has all of what 10 to 12 have.\n\n"
-        "Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is "
-        "wrong and\nnothing was run, 3 a file could not be read or written. A file of preferences that is no property "
-        "list "
-        "is\nput aside under another name; the scenario is played as if it were not there, and the status is 3.");
+    command->footer("Systems: with `ios N` before any `lack` or `have` the process has the shape of iOS N, one of "
+        + std::to_string(systems::oldest) + " to " + std::to_string(systems::newest)
+        + ".\n"
+          "Without it, it has all of what 10 to 12 have.\n\n"
+          "Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is wrong and\n"
+          "nothing was run, 3 a file could not be read or written. A file of preferences that is no property list is\n"
+          "put aside under another name; the scenario is played as if it were not there, and the status is 3.");
     command->callback([arguments, &status, library = std::move(library)] { status = run(*arguments, library); });
     return command;
 }

@@ -12,6 +12,8 @@
 
 namespace panotra::preferences {
 
+using sim::ExitStatus;
+
 namespace {
 
 /// The text as it is, or in quotes where a reader could not tell where it ends.
@@ -30,23 +32,23 @@ public:
     {
     }
 
-    PrefsStatus run()
+    ExitStatus run()
     {
         if (auto mistake = mistakeInWords())
-            return fail(PrefsStatus::WrongUsage, *mistake);
+            return fail(ExitStatus::WrongInput, *mistake);
         if (auto objection = objectionToDomain(m_request.domain))
-            return fail(PrefsStatus::WrongUsage, "domain " + inQuotes(m_request.domain) + ": " + *objection);
+            return fail(ExitStatus::WrongInput, "domain " + inQuotes(m_request.domain) + ": " + *objection);
         const auto folder = m_request.folder ? std::filesystem::path(*m_request.folder) : defaultFolder();
         if (!folder)
-            return fail(PrefsStatus::FileTrouble, "no home folder to keep preferences in: give one with --prefs");
+            return fail(ExitStatus::FileFailed, "no home folder to keep preferences in: give one with --prefs");
         bool isTroubled = false;
         PropertyListFile file(fileOfDomain(*folder, m_request.domain), [&](const std::string& line) {
             say(line);
             isTroubled = true;
         });
-        const PrefsStatus status = run(file);
+        const ExitStatus status = run(file);
         // Done, but not as whoever asked expects: what the file held before is out of use, or may be again.
-        return status == PrefsStatus::Done && isTroubled ? PrefsStatus::FileTrouble : status;
+        return status == ExitStatus::AllWell && isTroubled ? ExitStatus::FileFailed : status;
     }
 
 private:
@@ -63,7 +65,7 @@ private:
         return std::nullopt;
     }
 
-    PrefsStatus run(PropertyListFile& file)
+    ExitStatus run(PropertyListFile& file)
     {
         switch (m_request.action) {
         case PrefsAction::List:
@@ -75,69 +77,69 @@ private:
         case PrefsAction::Unset:
             return unset(file);
         }
-        return PrefsStatus::WrongUsage;
+        return ExitStatus::WrongInput;
     }
 
-    PrefsStatus list(PropertyListFile& file)
+    ExitStatus list(PropertyListFile& file)
     {
         if (!file.read(Damaged::Leave))
-            return PrefsStatus::FileTrouble;
+            return ExitStatus::FileFailed;
         for (const auto& [key, value] : file.settings()) {
             m_output << oneWord(key) << ' ' << typeOf(value);
             if (!value.is_null())
                 m_output << ' ' << (value.is_string() ? inQuotes(textOf(value)) : textOf(value));
             m_output << '\n';
         }
-        return PrefsStatus::Done;
+        return ExitStatus::AllWell;
     }
 
-    PrefsStatus get(PropertyListFile& file)
+    ExitStatus get(PropertyListFile& file)
     {
         if (!file.read(Damaged::Leave))
-            return PrefsStatus::FileTrouble;
+            return ExitStatus::FileFailed;
         const Json* value = file.settings().find(*m_request.key);
         if (value == nullptr)
             return failForAbsentKey();
         if (value->is_null())
-            return fail(PrefsStatus::KeyAbsent, inQuotes(*m_request.key) + " is no number, boolean or string");
+            return fail(ExitStatus::NotFulfilled, inQuotes(*m_request.key) + " is no number, boolean or string");
         // A program gets every byte; a terminal would take some for orders.
         const std::string text = textOf(*value);
         m_output << (m_request.isForTerminal && text != printable(text) ? inQuotes(text) : text) << '\n';
-        return PrefsStatus::Done;
+        return ExitStatus::AllWell;
     }
 
-    PrefsStatus set(PropertyListFile& file)
+    ExitStatus set(PropertyListFile& file)
     {
         const ReadSetting setting = readSetting(*m_request.type, *m_request.value);
         if (!setting.value) {
             const auto words = inQuotes(*m_request.type) + " " + inQuotes(*m_request.value);
-            return fail(PrefsStatus::WrongUsage, words + ": expected " + setting.expected);
+            return fail(ExitStatus::WrongInput, words + ": expected " + setting.expected);
         }
         file.set(*m_request.key, *setting.value);
         return save(file);
     }
 
-    PrefsStatus unset(PropertyListFile& file)
+    ExitStatus unset(PropertyListFile& file)
     {
         if (!file.read(Damaged::Leave))
-            return PrefsStatus::FileTrouble;
+            return ExitStatus::FileFailed;
         if (file.settings().find(*m_request.key) == nullptr)
             return failForAbsentKey();
         file.unset(*m_request.key);
         return save(file);
     }
 
-    PrefsStatus save(PropertyListFile& file)
+    ExitStatus save(PropertyListFile& file)
     {
-        return file.save() == Saved::Failed ? PrefsStatus::FileTrouble : PrefsStatus::Done;
+        return file.save() == Saved::Failed ? ExitStatus::FileFailed : ExitStatus::AllWell;
     }
 
-    PrefsStatus failForAbsentKey()
+    ExitStatus failForAbsentKey()
     {
-        return fail(PrefsStatus::KeyAbsent, "no key " + inQuotes(*m_request.key) + " in " + m_request.domain);
+        return fail(ExitStatus::NotFulfilled, "no key " + inQuotes(*m_request.key) + " in " + m_request.domain);
     }
 
-    PrefsStatus fail(PrefsStatus status, const std::string& reason)
+    ExitStatus fail(ExitStatus status, const std::string& reason)
     {
         say(reason);
         return status;
@@ -152,7 +154,7 @@ private:
 
 } // namespace
 
-PrefsStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors)
+ExitStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors)
 {
     return Command(request, output, errors).run();
 }

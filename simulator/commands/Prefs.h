@@ -1,6 +1,8 @@
 /// The command `panotra prefs`: another process that looks at the settings and changes them.
 #pragma once
 
+#include "simulator/ExitStatus.h"
+
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -20,17 +22,9 @@ struct PrefsRequest {
     bool isForTerminal = false; ///< what is printed is read by a person, from a terminal
 };
 
-/// The exit statuses of the command.
-enum class PrefsStatus {
-    Done = 0,
-    KeyAbsent = 1,
-    WrongUsage = 2,
-    FileTrouble = 3, ///< the file could not be read or written, or was set aside before what was asked was done
-};
-
 /// `list` prints a line `KEY TYPE VALUE` for each key, strings, and keys with blanks, in double quotes; `get` prints
 /// the value alone, in quotes only if a terminal is to get control characters. A value that is no number, boolean or
 /// string is listed as `other` and cannot be got. What went wrong is one line on `errors`.
-PrefsStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors);
+sim::ExitStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors);
 
 } // namespace panotra::preferences

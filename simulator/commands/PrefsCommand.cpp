@@ -16,18 +16,17 @@ namespace {
 
 using preferences::PrefsAction;
 using preferences::PrefsRequest;
-using preferences::PrefsStatus;
 
 /// What was asked for must have reached whoever reads it.
 ExitStatus run(PrefsRequest request)
 {
     request.isForTerminal = ::isatty(STDOUT_FILENO) == 1;
-    const PrefsStatus status = preferences::runPrefsCommand(request, std::cout, std::cerr);
-    if (status == PrefsStatus::Done && !std::cout.flush()) {
+    const ExitStatus status = preferences::runPrefsCommand(request, std::cout, std::cerr);
+    if (status == ExitStatus::AllWell && !std::cout.flush()) {
         complain("standard output could not be written");
         return ExitStatus::FileFailed;
     }
-    return static_cast<ExitStatus>(status);
+    return status;
 }
 
 } // namespace

@@ -85,7 +85,7 @@ protected:
     {
         TracedProcess process([&] {
             std::ostringstream output, errors;
-            const PrefsStatus status = runPrefsCommand(request(place.folder, "0.75"), output, errors);
+            const sim::ExitStatus status = runPrefsCommand(request(place.folder, "0.75"), output, errors);
             return std::to_string(static_cast<int>(status)) + '\n' + errors.str();
         });
         interfere(process);
