@@ -6,8 +6,8 @@
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/preferences/DefaultFolder.h"
-#include "simulator/systems/Systems.h"
 #include "simulator/text/Printable.h"
+#include "simulator/window/Person.h"
 #include "simulator/window/PreferenceWatch.h"
 #include "simulator/window/WindowLoop.h"
 
@@ -98,14 +98,6 @@ std::unique_ptr<render::Renderer> makeRendererOf(const WindowOptions& options, s
         return nullptr;
     }
     return makeRenderer(std::move(*wallpaper), complain, failure);
-}
-
-/// From the oldest to the newest, then the phone of no system, then the oldest again.
-std::optional<int> nextSystem(const std::optional<int>& system)
-{
-    if (!system)
-        return systems::oldest;
-    return *system == systems::newest ? std::nullopt : std::optional(*system + 1);
 }
 
 } // namespace

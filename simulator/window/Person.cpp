@@ -1,6 +1,7 @@
 /// From spots and keys to lines.
 #include "simulator/window/Person.h"
 
+#include "simulator/systems/Systems.h"
 #include "simulator/window/Numerals.h"
 #include "simulator/window/SettingValues.h"
 
@@ -23,6 +24,13 @@ double inHundredths(double points)
 }
 
 } // namespace
+
+std::optional<int> nextSystem(const std::optional<int>& system)
+{
+    if (!system)
+        return systems::oldest;
+    return *system == systems::newest ? std::nullopt : std::optional(*system + 1);
+}
 
 void Person::see(const Sheet& sheet, const Layout& layout)
 {

@@ -12,6 +12,9 @@
 
 namespace panotra::sim {
 
+/// From the oldest to the newest, then the phone of no system, then the oldest again.
+std::optional<int> nextSystem(const std::optional<int>& system);
+
 class Person {
 public:
     Person(Session& session, Phone& phone)

@@ -217,6 +217,26 @@ a_recording_gives_the_same_trace() {
     cmp trace.jsonl again.jsonl || fail "another trace"
 }
 
+a_key_starts_the_next_system() {
+    open_display
+    # A phone that is recorded stays the one that it is.
+    "$panotra" window --ios 13 --prefs preferences --statistics 2>complaints &
+    window_process=$!
+    wait_for "the window" see_window
+    wait_for "its picture" shows_something
+    photograph before
+    xdotool key i
+    # Each phone tells its figures when it ends.
+    wait_for "the end of the first phone" has_line complaints
+    shows_its_name() {
+        photograph now
+        [[ $(differences before now 0 0 320 800) -gt 20 ]]
+    }
+    wait_for "the name of the next system" shows_its_name
+    close_window
+    [[ $(grep -c '^panotra: ' complaints) -eq 2 ]] || fail "not two phones"
+}
+
 the_indicator_without_the_mixer() {
     "$panotra" prefs set --prefs preferences $domain replaceHUD bool no
     open_window

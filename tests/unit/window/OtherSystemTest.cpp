@@ -70,6 +70,14 @@ TEST_F(OtherSystem, IsAskedForByItsButtonWhichNamesTheOneThatThereIs)
     EXPECT_TRUE(person.attention().wantsOtherSystem);
 }
 
+TEST_F(OtherSystem, IsTheNextNewerOneAndAfterTheNewestThatOfNoSystem)
+{
+    EXPECT_EQ(nextSystem(std::nullopt), 9);
+    EXPECT_EQ(nextSystem(9), 10);
+    EXPECT_EQ(nextSystem(15), 16);
+    EXPECT_EQ(nextSystem(16), std::nullopt);
+}
+
 TEST_F(OtherSystem, CannotBeHadWhileThePhoneIsRecorded)
 {
     start();
