@@ -3,6 +3,7 @@
 #   panotra_add_logic(NAME SOURCES … LIBRARIES …)    a static library of the logic: no exceptions, no RTTI
 #   panotra_add_library(NAME SOURCES … LIBRARIES …)  a static library of the simulator
 #   panotra_add_test(NAME SOURCES … LIBRARIES …)     a GoogleTest program, which is a test of ctest
+#   panotra_find_scenarios(VARIABLE)                 every scenario that is a test, an example or a picture
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -98,4 +99,12 @@ function(panotra_add_test name)
     if(name MATCHES "^unit_")
         add_dependencies(panotra_quick ${name})
     endif()
+endfunction()
+
+function(panotra_find_scenarios variable)
+    file(GLOB found CONFIGURE_DEPENDS
+        "${PROJECT_SOURCE_DIR}/tests/scenarios/*/*/scenario"
+        "${PROJECT_SOURCE_DIR}/tests/pictures/*/scenario"
+        "${PROJECT_SOURCE_DIR}/examples/*.scenario")
+    set(${variable} ${found} PARENT_SCOPE)
 endfunction()

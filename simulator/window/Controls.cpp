@@ -4,9 +4,6 @@
 #include "facts/AudioNames.h"
 #include "facts/PublicNames.h"
 
-#include "facts/AudioNames.h"
-#include "facts/PublicNames.h"
-
 #include <algorithm>
 #include <array>
 

@@ -9,6 +9,7 @@
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/SystemShape.h"
+#include "simulator/systems/Systems.h"
 #include "tests/hosts/HostLibrary.h"
 #include "tests/hosts/HostProcess.h"
 #include "tests/hosts/Imports.h"
@@ -62,7 +63,7 @@ int main(int argumentCount, char** arguments)
     std::string lacking;
     bool onThread = false;
     CLI::App app("The doctor's library in a process of Objective-C objects.", "panotra-doctor-host");
-    app.add_option("SYSTEM", system)->required()->check(CLI::Range(9, 16));
+    app.add_option("SYSTEM", system)->required()->check(CLI::Range(systems::oldest, systems::newest));
     app.add_option("DOCTOR", doctor)->required();
     app.add_option("--mixer", mixer);
     app.add_option("--lack", lacking);

@@ -1,4 +1,5 @@
 /// The mixer on each system: what is hooked, and the ways that it takes where an old one is gone.
+#include "simulator/systems/Systems.h"
 #include "hooks/HostTables.h"
 #include "simulator/device/SystemShape.h"
 #include "simulator/device/Values.h"
@@ -160,7 +161,7 @@ TEST_P(OnSystem, CornersAreRoundedAsTheLayersCan)
     EXPECT_EQ(view("_containerView").layer.continuousCorners, isLater(11));
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, OnSystem, ::testing::Range(9, 17));
+INSTANTIATE_TEST_SUITE_P(Each, OnSystem, ::testing::Range(systems::oldest, systems::newest + 1));
 
 // Where only memory supports a step, its failure harms nothing.
 
