@@ -16,6 +16,20 @@ double rotationDuration()
     return home.windowRotationDuration();
 }
 
+/// What the panel is divided into: the content view, which fills its backdrop. A host may size it no sooner than at the
+/// next layout of the backdrop, which is then asked for now.
+CGSize contentSizeOf(const UIBackdropView& backdrop)
+{
+    const CGSize whole = backdrop.bounds().size;
+    CGSize content = backdrop.contentView().frame().size;
+    if (content != whole) {
+        backdrop.layoutIfNeeded();
+        content = backdrop.contentView().frame().size;
+    }
+    const bool isEmpty = !(content.width > 0 && content.height > 0);
+    return isEmpty ? whole : content;
+}
+
 /// The bar beside which a banner in landscape stands; null while it is hidden.
 UIView shownStatusBar()
 {
@@ -79,7 +93,7 @@ void PNOController::layOutPanel(Aspect aspect) const
     self->_containerView.setTransform(CGAffineTransformIdentity);
     self->_containerView.setFrame(
         panelFrame(self->_containerView.superview().bounds().size, self->referenceSize(), aspect));
-    const MixerLayout layout = panelLayout(self->_rootBackdropView.contentView().frame().size, aspect);
+    const MixerLayout layout = panelLayout(contentSizeOf(self->_rootBackdropView), aspect);
     for (std::size_t group = 0; group < groupCount; ++group)
         self->_groupView[group].setFrame(layout.groups[group]);
     for (const VolumeSlot& slot : volumeSlots) {

@@ -3,6 +3,7 @@
 
 #include "controller/PNOController.h"
 #include "facts/PublicNames.h"
+#include "hooks/HookedMethod.h"
 #include "hooks/HostTables.h"
 #include "hooks/PreviousImplementations.h"
 #include "model/ProcessValues.h"
@@ -22,46 +23,47 @@ namespace {
 /// A function of ours, and where what it replaces is kept.
 struct HookFunction {
     Hook hook;
-    IMP implementation;
-    IMP* previous;
+    HookEntry entry;
 };
 
-template <typename Result, typename... Arguments>
-HookFunction function(Hook hook, Result (*implementation)(id, SEL, Arguments...) noexcept,
-    PreviousImplementation<Result(Arguments...)>& replaced)
+template <auto Function, auto Field> HookFunction function(Hook hook)
 {
-    return { hook, reinterpret_cast<IMP>(implementation), &replaced.implementation };
+    return { hook, HookedMethod<Function, Field>::entry() };
 }
+
+using Previous = PreviousImplementations;
 
 HookFunction functionOf(Hook hook)
 {
     const HookFunction functions[] = {
-        function(Hook::MotionBegan, hooks::motionBegan, previous.motionBegan),
-        function(Hook::ApplicationDidFinishLaunching, hooks::applicationDidFinishLaunching,
-            previous.applicationDidFinishLaunching),
-        function(Hook::GetActiveCategoryVolume, hooks::getActiveCategoryVolume, previous.getActiveCategoryVolume),
-        function(Hook::PostEffectiveVolumeNotification, hooks::postEffectiveVolumeNotification,
-            previous.postEffectiveVolumeNotification),
-        function(Hook::SetVolumeTo, hooks::setVolumeTo, previous.setVolumeTo),
-        function(Hook::PlaySound, hooks::playSound, previous.playSound),
-        function(Hook::SetRingerMuted, hooks::setRingerMuted, previous.setRingerMuted),
-        function(Hook::ActivateRingerHUDFromMuteSwitch, hooks::activateRingerHUDFromMuteSwitch,
-            previous.activateRingerHUDFromMuteSwitch),
-        function(Hook::ActivateRingerHUD, hooks::activateRingerHUD, previous.activateRingerHUD),
-        function(Hook::PresentHUDView, hooks::presentHUDView, previous.presentHUDView),
-        function(Hook::PresentHUD, hooks::presentHUD, previous.presentHUD),
-        function(Hook::ReorientHUDIfNeeded, hooks::reorientHUDIfNeeded, previous.reorientHUDIfNeeded),
-        function(Hook::NoteInterfaceOrientationChanged, hooks::noteInterfaceOrientationChanged,
-            previous.noteInterfaceOrientationChanged),
-        function(Hook::PresentVolumeHUDWithMode, hooks::presentVolumeHUDWithMode, previous.presentVolumeHUDWithMode),
-        function(Hook::PresentVolumeHUD, hooks::presentVolumeHUD, previous.presentVolumeHUD),
-        function(Hook::SetStatusBarFrame, hooks::setStatusBarFrame, previous.setStatusBarFrame),
-        function(Hook::SetModernStatusBarFrame, hooks::setModernStatusBarFrame, previous.setModernStatusBarFrame),
+        function<hooks::motionBegan, &Previous::motionBegan>(Hook::MotionBegan),
+        function<hooks::applicationDidFinishLaunching, &Previous::applicationDidFinishLaunching>(
+            Hook::ApplicationDidFinishLaunching),
+        function<hooks::getActiveCategoryVolume, &Previous::getActiveCategoryVolume>(Hook::GetActiveCategoryVolume),
+        function<hooks::postEffectiveVolumeNotification, &Previous::postEffectiveVolumeNotification>(
+            Hook::PostEffectiveVolumeNotification),
+        function<hooks::setVolumeTo, &Previous::setVolumeTo>(Hook::SetVolumeTo),
+        function<hooks::playSound, &Previous::playSound>(Hook::PlaySound),
+        function<hooks::setRingerMuted, &Previous::setRingerMuted>(Hook::SetRingerMuted),
+        function<hooks::activateRingerHUDFromMuteSwitch, &Previous::activateRingerHUDFromMuteSwitch>(
+            Hook::ActivateRingerHUDFromMuteSwitch),
+        function<hooks::activateRingerHUD, &Previous::activateRingerHUD>(Hook::ActivateRingerHUD),
+        function<hooks::presentHUDView, &Previous::presentHUDView>(Hook::PresentHUDView),
+        function<hooks::presentHUD, &Previous::presentHUD>(Hook::PresentHUD),
+        function<hooks::reorientHUDIfNeeded, &Previous::reorientHUDIfNeeded>(Hook::ReorientHUDIfNeeded),
+        function<hooks::noteInterfaceOrientationChanged, &Previous::noteInterfaceOrientationChanged>(
+            Hook::NoteInterfaceOrientationChanged),
+        function<hooks::presentVolumeHUDWithMode, &Previous::presentVolumeHUDWithMode>(Hook::PresentVolumeHUDWithMode),
+        function<hooks::presentVolumeHUD, &Previous::presentVolumeHUD>(Hook::PresentVolumeHUD),
+        function<hooks::setStatusBarFrame, &Previous::setStatusBarFrame>(Hook::SetStatusBarFrame),
+        function<hooks::setModernStatusBarFrame, &Previous::setModernStatusBarFrame>(Hook::SetModernStatusBarFrame),
     };
     return functions[static_cast<std::size_t>(hook)];
 }
 
-/// A class is looked up once for all its hooks that follow each other.
+/// A class is looked up once for all its hooks that follow each other. A class that inherits the method gets one of its
+/// own first: hooking frameworks differ, and one that hooks what it finds would hook the superclass, and with it every
+/// view of the process.
 void install(std::span<const HookRow> rows)
 {
     const char* className = nullptr;
@@ -79,9 +81,11 @@ void install(std::span<const HookRow> rows)
             className = row.className;
             hostClass = objc_getClass(className);
         }
-        const HookFunction function = functionOf(row.hook);
-        replaceMethod(hostClass, row.method, function.implementation, function.previous);
-        isAboveFound = *function.previous != nullptr;
+        const HookEntry entry = functionOf(row.hook).entry;
+        *entry.owner = hostClass;
+        overrideInherited(hostClass, row.method, entry.callInherited);
+        replaceMethod(hostClass, row.method, entry.implementation, entry.previous);
+        isAboveFound = *entry.previous != nullptr;
         isFound = isFound || isAboveFound;
     }
 }
@@ -107,7 +111,7 @@ void constructor() noexcept
 
 /// Settings are read for the first time here, after the host's own launch; the tear-down of nothing creates the
 /// controller.
-void hooks::applicationDidFinishLaunching(id self, SEL selector, id application) noexcept
+void hooks::applicationDidFinishLaunching(id self, SEL selector, id application)
 {
     previous.applicationDidFinishLaunching(self, selector, application);
     PNOController::sharedInstance().releaseObjects();

@@ -27,23 +27,23 @@ namespace hooks {
 
 // One function a hooked method; each has the signature of the method it replaces. In table order.
 
-void motionBegan(id self, SEL, std::int64_t motion, id event) noexcept;
-void applicationDidFinishLaunching(id self, SEL, id application) noexcept;
-bool getActiveCategoryVolume(id self, SEL, float* volume, id* name, id fallbackCategory) noexcept;
-void postEffectiveVolumeNotification(id self, SEL, id notification) noexcept;
-bool setVolumeTo(id self, SEL, float level, id category) noexcept;
-bool playSound(id self, SEL, id sound, std::int64_t environments, id completion) noexcept;
-void setRingerMuted(id self, SEL, bool muted) noexcept;
-void activateRingerHUDFromMuteSwitch(id self, SEL, std::int32_t source) noexcept;
-void activateRingerHUD(id self, SEL, std::int32_t kind, float volume, std::uint64_t source) noexcept;
-void presentHUDView(id self, SEL, id view, double autoDismissDelay) noexcept;
-void presentHUD(id self, SEL, id model, bool animated) noexcept;
-void reorientHUDIfNeeded(id self, SEL, bool flag) noexcept;
-void noteInterfaceOrientationChanged(id self, SEL, std::int64_t orientation, double duration, id logMessage) noexcept;
-void presentVolumeHUDWithMode(id self, SEL, std::int32_t mode, float volume) noexcept;
-void presentVolumeHUD(id self, SEL, float volume) noexcept;
-void setStatusBarFrame(id self, SEL, CGRect frame) noexcept;
-void setModernStatusBarFrame(id self, SEL, CGRect frame) noexcept;
+void motionBegan(id self, SEL, NSInteger motion, id event);
+void applicationDidFinishLaunching(id self, SEL, id application);
+bool getActiveCategoryVolume(id self, SEL, float* volume, id* name, id fallbackCategory);
+void postEffectiveVolumeNotification(id self, SEL, id notification);
+bool setVolumeTo(id self, SEL, float level, id category);
+bool playSound(id self, SEL, id sound, NSInteger environments, id completion);
+void setRingerMuted(id self, SEL, bool muted);
+void activateRingerHUDFromMuteSwitch(id self, SEL, std::int32_t source);
+void activateRingerHUD(id self, SEL, std::int32_t kind, float volume, NSUInteger source);
+void presentHUDView(id self, SEL, id view, double autoDismissDelay);
+void presentHUD(id self, SEL, id model, bool animated);
+void reorientHUDIfNeeded(id self, SEL, bool flag);
+void noteInterfaceOrientationChanged(id self, SEL, NSInteger orientation, double duration, id logMessage);
+void presentVolumeHUDWithMode(id self, SEL, std::int32_t mode, float volume);
+void presentVolumeHUD(id self, SEL, float volume);
+void setStatusBarFrame(id self, SEL, CGRect frame);
+void setModernStatusBarFrame(id self, SEL, CGRect frame);
 
 } // namespace hooks
 } // namespace panotra

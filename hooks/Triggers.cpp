@@ -28,7 +28,7 @@ void toggle()
 ///
 /// The name posted here is the sibling tool's, while the home screen observes one that nobody posts; and
 /// `handleShake` is only ever set in the home screen. So a shake counts only if the home screen handles it.
-void hooks::motionBegan(id, SEL, std::int64_t, id event) noexcept
+void hooks::motionBegan(id, SEL, NSInteger, id event)
 {
     if (retained<UIEvent>(event).type() != UIEventTypeMotion || !processValues.handleShake)
         return;

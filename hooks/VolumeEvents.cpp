@@ -4,6 +4,7 @@
 /// the user is remembered, presents the mixer and brings the pair's slider into focus.
 #include "controller/PNOController.h"
 #include "facts/AudioNames.h"
+#include "hooks/HookedMethod.h"
 #include "hooks/HostTables.h"
 #include "hooks/Panotra.h"
 #include "hooks/PreviousImplementations.h"
@@ -12,6 +13,8 @@
 #include "platform/Dispatch.h"
 #include "platform/SpringBoard.h"
 #include "platform/VolumeOverlays.h"
+
+#include <utility>
 
 namespace panotra {
 namespace {
@@ -110,7 +113,7 @@ void handleAnnouncement(const AVSystemController& audio, const NSDictionary& ann
 
 /// The announcement of a notification sound's own level is swallowed: neither the system's indicator nor any
 /// other listener sees the ringer at that level.
-void hooks::postEffectiveVolumeNotification(id self, SEL selector, id notification) noexcept
+void hooks::postEffectiveVolumeNotification(id self, SEL selector, id notification)
 {
     driveOtherOverlays();
     const auto audio = retained<AVSystemController>(self);
@@ -123,21 +126,25 @@ void hooks::postEffectiveVolumeNotification(id self, SEL selector, id notificati
     previous.postEffectiveVolumeNotification(self, selector, notification);
 }
 
-/// The first call in the life of the process that asks for a name seeds the category; later ones never touch it.
-bool hooks::getActiveCategoryVolume(id self, SEL selector, float* volume, id* name, id fallbackCategory) noexcept
+/// The first call in the life of the process that asks for a name seeds the category, and is spent whatever was
+/// answered; later ones never touch it. Without an answer nothing was written, and whatever stands in the place of the
+/// name is none.
+bool hooks::getActiveCategoryVolume(id self, SEL selector, float* volume, id* name, id fallbackCategory)
 {
-    const bool result = previous.getActiveCategoryVolume(self, selector, volume, name, fallbackCategory);
-    if (name != nullptr && !processValues.globalCategoryWasSeeded) {
-        processValues.globalCategoryWasSeeded = true;
-        processValues.globalCategory.set(NSString::checked(retained<NSObject>(*name)));
+    const bool isAnswered = previous.getActiveCategoryVolume(self, selector, volume, name, fallbackCategory);
+    if (name != nullptr) {
+        onMainThread([isAnswered, answer = retained<NSObject>(isAnswered ? *name : nullptr)] {
+            if (!std::exchange(processValues.globalCategoryWasSeeded, true) && isAnswered)
+                processValues.globalCategory.set(NSString::checked(answer));
+        });
     }
-    return result;
+    return isAnswered;
 }
 
 /// Sees every such call in the process, the mixer's own included.
-bool hooks::setVolumeTo(id self, SEL selector, float level, id category) noexcept
+bool hooks::setVolumeTo(id self, SEL selector, float level, id category)
 {
-    processValues.manualSet = true;
+    onMainThread([] { processValues.manualSet = true; });
     return previous.setVolumeTo(self, selector, level, category);
 }
 

@@ -39,7 +39,11 @@ public:
         std::swap(m_object, other.m_object);
         return *this;
     }
-    ~NSObject() { release(m_object); }
+    ~NSObject()
+    {
+        if (m_object != nullptr) // often known here, and not there
+            release(m_object);
+    }
 
     /// The object itself, borrowed.
     id get() const noexcept { return m_object; }

@@ -1,8 +1,11 @@
 /// The host's object system: the handles that cross the seam, classes by name, counting and pools.
 ///
-/// Everything under platform/ is called on the host's main thread, method replacement excepted: it runs on the
-/// thread that loads the library. Declarations only; a backend is chosen by the list of files linked.
+/// Everything under platform/ is called on the host's main thread. Excepted are method replacement, which runs on the
+/// thread that loads the library, and what says that it may be called from any thread. Declarations only; a backend is
+/// chosen by the list of files linked.
 #pragma once
+
+#include <cstdint>
 
 namespace panotra {
 
@@ -18,11 +21,14 @@ using SEL = const HostSelector*;
 using Class = HostClass*;
 /// A method's implementation. Cast to its true type, `R (*)(id self, SEL selector, …)`, before it is called.
 using IMP = void (*)();
+/// As wide as a pointer: most of the platform's integers.
+using NSInteger = std::intptr_t;
+using NSUInteger = std::uintptr_t;
 
 /// The class called `name`, or null if this process has none.
 Class objc_getClass(const char* name) noexcept;
 
-/// Counting. Null: nothing happens.
+/// Counting, from any thread. Null: nothing happens.
 void retain(id object) noexcept;
 void release(id object) noexcept;
 

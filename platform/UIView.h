@@ -27,6 +27,8 @@ public:
     /// Moves the centre to the middle of `frame` and fits the bounds to it through the inverse of the transform.
     void setFrame(CGRect frame) const noexcept;
     CGRect bounds() const noexcept;
+    /// Gives what is inside its place now, where that was put off.
+    void layoutIfNeeded() const noexcept;
     CGPoint center() const noexcept;
     void setCenter(CGPoint center) const noexcept;
     void setTransform(CGAffineTransform transform) const noexcept;

@@ -23,6 +23,7 @@ public:
     /// Not on every system: where windows know of no scenes, nothing happens.
     void setWindowScene(const UIWindowScene& scene) const noexcept;
     /// `[super initWithFrame:]` for an allocated object of a subclass of ours; answers what the superclass answers.
+    /// Where that has no such method the object is let go of, and null answered.
     static id superInitWithFrame(id self, const ClassDescription&, CGRect frame) noexcept;
     /// `[super hitTest:withEvent:]`: the view under `point` (in the window's points), null for none.
     UIView superHitTest(const ClassDescription&, CGPoint point, const NSObject& event) const noexcept;

@@ -8,10 +8,6 @@
 
 namespace panotra::ios {
 
-/// As wide as a pointer.
-using NSInteger = std::intptr_t;
-using NSUInteger = std::uintptr_t;
-
 /// The type in which a value crosses into the host: its own, but for truth values, which are a character on the
 /// 32-bit platform and under the runtime of the tests.
 template <typename T> struct WireType {

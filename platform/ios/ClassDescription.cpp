@@ -59,7 +59,7 @@ id allocateWithZone(id self, SEL, void* zone) noexcept
     ::Class const metaclassOfSuper = object_getClass(toRuntime(objectOf(registered->superclass())));
     id const object = sendAs(fromRuntime(metaclassOfSuper), self, selectors::allocWithZone, zone);
     if (object != nullptr)
-        registered->description->construct(registered->block(object));
+        shielded([=] { registered->description->construct(registered->block(object)); });
     return object;
 }
 
@@ -70,7 +70,7 @@ void deallocate(id self, SEL) noexcept
     if (registered == nullptr)
         return;
     void* const block = registered->block(self);
-    registered->description->destroy(self, block);
+    shielded([=] { registered->description->destroy(self, block); });
     std::memset(block, 0, registered->description->size);
     sendAs(registered->superclass(), self, selectors::dealloc);
 }
@@ -184,8 +184,16 @@ id superInit(id self, const ClassDescription& description) noexcept
 
 void* instanceVariables(id object, const ClassDescription& description) noexcept
 {
-    const RegisteredClass* const registered = findRegistered(object);
-    return registered != nullptr && registered->description == &description ? registered->block(object) : nullptr;
+    if (object == nullptr)
+        return nullptr;
+    ::Class const objectClass = object_getClass(toRuntime(object));
+    for (const RegisteredClass& registered : allRegistered()) {
+        if (registered.description == &description) {
+            const bool isOne = objectClass == registered.hostClass || findRegistered(objectClass) == &registered;
+            return isOne ? registered.block(object) : nullptr;
+        }
+    }
+    return nullptr;
 }
 
 } // namespace panotra

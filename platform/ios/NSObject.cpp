@@ -77,7 +77,7 @@ bool NSObject::respondsToSelector(const char* selector) const noexcept
 
 NSObject NSObject::valueForKey(const char* key) const noexcept
 {
-    if (get() == nullptr || key == nullptr || !hasReadableKey(get(), key))
+    if (get() == nullptr || key == nullptr || !shielded([&] { return hasReadableKey(get(), key); }))
         return nullptr;
     return ask<NSObject>(get(), selectors::valueForKey, NSString::stringWithUTF8String(key).get());
 }

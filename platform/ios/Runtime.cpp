@@ -1,4 +1,5 @@
 /// Classes by name, counting and pools.
+#include "platform/ios/Firewall.h"
 #include "platform/ios/Names.h"
 #include "platform/ios/ObjectiveC.h"
 
@@ -22,9 +23,10 @@ void retain(id object) noexcept
     objc_retain(toRuntime(object));
 }
 
+/// The last count runs the object's dealloc.
 void release(id object) noexcept
 {
-    objc_release(toRuntime(object));
+    ios::shielded([=] { objc_release(toRuntime(object)); });
 }
 
 id autorelease(id object) noexcept
@@ -39,7 +41,7 @@ void* objc_autoreleasePoolPush() noexcept
 
 void objc_autoreleasePoolPop(void* pool) noexcept
 {
-    ::objc_autoreleasePoolPop(pool);
+    ios::shielded([=] { ::objc_autoreleasePoolPop(pool); });
 }
 
 } // namespace panotra

@@ -64,6 +64,7 @@ inline constinit Selector<id(CGRect)> initWithFrame { "initWithFrame:" };
 inline constinit Selector<CGRect()> frame { "frame" };
 inline constinit Selector<void(CGRect)> setFrame { "setFrame:" };
 inline constinit Selector<CGRect()> bounds { "bounds" };
+inline constinit Selector<void()> layoutIfNeeded { "layoutIfNeeded" };
 inline constinit Selector<CGPoint()> center { "center" };
 inline constinit Selector<void(CGPoint)> setCenter { "setCenter:" };
 inline constinit Selector<void(CGAffineTransform)> setTransform { "setTransform:" };

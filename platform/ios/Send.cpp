@@ -6,16 +6,32 @@
 
 namespace panotra::ios {
 
+namespace {
+
 /// An object may also forward what its class has not got, and then says so when asked; only objects that are sure
-/// to answer the question are asked it.
+/// to answer the question are asked it. Seldom reached, and kept out of the way of what is.
+[[gnu::noinline, gnu::cold]] bool forwards(id object, SEL selector) noexcept
+{
+    return isKindOf(object, classes::NSObject) && shielded([=] {
+        return invoke<bool, SEL>(objc_msgSend, object, selectors::respondsToSelector.get(), selector);
+    });
+}
+
+} // namespace
+
+/// A class that lacks the method is asked by the runtime to make it, and may do so by code of its own.
+bool instancesAnswer(Class hostClass, SEL selector) noexcept
+{
+    return shielded([=] { return class_respondsToSelector(toRuntime(hostClass), toRuntime(selector)) != 0; });
+}
+
 bool answers(id object, SEL selector) noexcept
 {
     if (object == nullptr)
         return false;
-    if (class_respondsToSelector(object_getClass(toRuntime(object)), toRuntime(selector)) != 0)
-        return true;
-    return isKindOf(object, classes::NSObject)
-        && invoke<bool, SEL>(objc_msgSend, object, selectors::respondsToSelector.get(), selector);
+    const bool isAnswered = shielded(
+        [=] { return class_respondsToSelector(object_getClass(toRuntime(object)), toRuntime(selector)) != 0; });
+    return isAnswered || forwards(object, selector);
 }
 
 /// Asks the runtime, not the object: an object that only claims a kind is none.

@@ -10,17 +10,25 @@ namespace panotra::ios {
 /// The superclass of our class, if `self` is an object of it or of a class derived from it; else null.
 Class superclassOf(id self, const ClassDescription&) noexcept;
 
-/// Calls the implementation that `hostClass` has or inherits. Where it has none, nothing happens and zero is answered.
+/// Calls the implementation that `hostClass` is known to have or to inherit. What it raises ends there.
+template <typename Result, typename... Parameters>
+Result deliverAs(Class hostClass, id receiver, SEL selector, std::type_identity_t<Parameters>... arguments) noexcept
+{
+    static_assert(!isAnsweredThroughMemory<Result>());
+    return shielded([&] {
+        return invoke<Result, Parameters...>(
+            class_getMethodImplementation(toRuntime(hostClass), toRuntime(selector)), receiver, selector, arguments...);
+    });
+}
+
+/// The same of a class that may have none: then nothing happens and zero is answered.
 template <typename Result, typename... Parameters>
 Result sendAs(Class hostClass, id receiver, Selector<Result(Parameters...)>& selector,
     std::type_identity_t<Parameters>... arguments) noexcept
 {
-    static_assert(!isAnsweredThroughMemory<Result>());
-    const auto name = toRuntime(selector.get());
-    if (receiver == nullptr || hostClass == nullptr || class_respondsToSelector(toRuntime(hostClass), name) == 0)
+    if (receiver == nullptr || hostClass == nullptr || !instancesAnswer(hostClass, selector.get()))
         return Result();
-    return invoke<Result, Parameters...>(
-        class_getMethodImplementation(toRuntime(hostClass), name), receiver, selector.get(), arguments...);
+    return deliverAs<Result, Parameters...>(hostClass, receiver, selector.get(), arguments...);
 }
 
 /// `[super …]` in a method of ours.

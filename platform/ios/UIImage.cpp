@@ -30,7 +30,9 @@ NSData UIImagePNGRepresentation(const UIImage& image) noexcept
 {
     using Function = id (*)(id);
     const auto function = reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, "UIImagePNGRepresentation"));
-    return image && function != nullptr ? retained<NSData>(function(image.get())) : nullptr;
+    if (!image || function == nullptr)
+        return nullptr;
+    return retained<NSData>(shielded([&] { return function(image.get()); }));
 }
 
 UIImageView UIImageView::initWithImage(const UIImage& image) noexcept

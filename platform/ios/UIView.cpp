@@ -3,10 +3,12 @@
 
 #include "platform/UIGestureRecognizer.h"
 #include "platform/ios/Classes.h"
+#include "platform/ios/KeptWork.h"
 #include "platform/ios/Send.h"
 
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace panotra {
 
@@ -50,6 +52,11 @@ void UIView::setFrame(CGRect frame) const noexcept
 CGRect UIView::bounds() const noexcept
 {
     return send(get(), selectors::bounds);
+}
+
+void UIView::layoutIfNeeded() const noexcept
+{
+    send(get(), selectors::layoutIfNeeded);
 }
 
 CGPoint UIView::center() const noexcept
@@ -148,23 +155,26 @@ void UIView::removeGestureRecognizer(const UIGestureRecognizer& recognizer) cons
         send(get(), selectors::removeGestureRecognizer, recognizer.get());
 }
 
-/// The platform copies both blocks, and with them what they hold. Where it cannot animate at all, everything is done
-/// at once: what waits for the end of an animation must not wait for ever.
+/// Where the platform cannot animate at all, or raises, everything is done at once: what waits for the end of an
+/// animation must not wait for ever.
 void UIView::animateWithDuration(double duration, double delay, std::uint64_t options, std::function<void()> animations,
     std::function<void(bool finished)> completion) noexcept
 {
-    id const viewClass = objectOf(classes::UIView.get());
-    if (!answers(viewClass, selectors::animateWithDuration.get())) {
-        animations();
-        if (completion)
-            completion(true);
-        return;
-    }
-    void (^const animationBlock)() = ^{ animations(); };
+    const AnimationReference animation(new Animation(std::move(animations), std::move(completion)));
+    using AnimationBlock = void (^)();
     using CompletionBlock = void (^)(BOOL);
-    const CompletionBlock completionBlock = ^(BOOL finished) { completion(finished != 0); };
-    send(viewClass, selectors::animateWithDuration, duration, delay, static_cast<NSUInteger>(options), animationBlock,
-        completion ? completionBlock : CompletionBlock());
+    const AnimationBlock animationBlock = ^{ shielded([&] { animation->run(); }); };
+    const CompletionBlock completionBlock = ^(BOOL finished) { shielded([&] { animation->end(finished != 0); }); };
+    id const viewClass = objectOf(classes::UIView.get());
+    const bool isTaken = answers(viewClass, selectors::animateWithDuration.get()) && shielded([&] {
+        invoke<void, double, double, NSUInteger, AnimationBlock, CompletionBlock>(objc_msgSend, viewClass,
+            selectors::animateWithDuration.get(), duration, delay, static_cast<NSUInteger>(options), animationBlock,
+            animation->hasCompletion() ? completionBlock : CompletionBlock());
+        return true;
+    });
+    shielded([&] { animation->run(); });
+    if (!isTaken)
+        shielded([&] { animation->end(true); });
 }
 
 } // namespace panotra

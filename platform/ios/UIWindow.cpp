@@ -24,7 +24,12 @@ void UIWindow::setWindowScene(const UIWindowScene& scene) const noexcept
 
 id UIWindow::superInitWithFrame(id self, const ClassDescription& description, CGRect frame) noexcept
 {
-    return sendSuper(self, description, selectors::initWithFrame, frame);
+    Class const superclass = superclassOf(self, description);
+    const SEL initializer = selectors::initWithFrame.get();
+    if (superclass != nullptr && instancesAnswer(superclass, initializer))
+        return deliverAs<id, CGRect>(superclass, self, initializer, frame);
+    release(self); // nobody has taken it over
+    return nullptr;
 }
 
 UIView UIWindow::superHitTest(const ClassDescription& description, CGPoint point, const NSObject& event) const noexcept

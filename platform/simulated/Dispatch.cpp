@@ -1,4 +1,4 @@
-/// Blocks on the main queue.
+/// The main thread, and blocks on its queue.
 #include "platform/Dispatch.h"
 
 #include "simulator/device/RunLoop.h"
@@ -12,6 +12,18 @@ namespace {
 constexpr double nanosecondsPerSecond = 1e9;
 
 } // namespace
+
+bool isMainThread() noexcept
+{
+    const sim::Device* const device = sim::Device::current();
+    return device == nullptr || device->isMainThread();
+}
+
+void dispatch_async_f(void* context, void (*work)(void* context)) noexcept
+{
+    if (sim::Device* const device = sim::Device::current())
+        device->runLoop->post([context, work] { work(context); });
+}
 
 void dispatch_after(std::int64_t nanoseconds, std::function<void()> block) noexcept
 {

@@ -12,4 +12,13 @@ void replaceMethod(Class hostClass, const char* selector, IMP replacement, IMP* 
         device->classes->replace(*hostClass, sim::selector(selector), replacement, previous);
 }
 
+// Replacing a method of one of the device's classes leaves its superclass alone: there is nothing to prepare.
+
+void overrideInherited(Class, const char*, IMP) noexcept { }
+
+IMP inheritedImplementation(Class hostClass, SEL selector)
+{
+    return hostClass == nullptr || hostClass->superclass == nullptr ? nullptr : hostClass->superclass->find(selector);
+}
+
 } // namespace panotra

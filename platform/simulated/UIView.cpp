@@ -43,6 +43,9 @@ void UIView::setFrame(CGRect frame) const noexcept
         view->setFrame(simulated::toDevice(frame));
 }
 
+/// Nothing is ever put off.
+void UIView::layoutIfNeeded() const noexcept { }
+
 CGRect UIView::bounds() const noexcept
 {
     const sim::View* const view = viewOf(*this);

@@ -5,6 +5,7 @@
 #include "simulator/device/Saturated.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cassert>
 #include <cstring>
 #include <functional>
@@ -147,12 +148,13 @@ void ClassTable::adopt(HostObject* object, HostClass& isa)
 void ClassTable::retain(HostObject* object)
 {
     if (object != nullptr)
-        ++object->references;
+        std::atomic_ref(object->references).fetch_add(1, std::memory_order_relaxed);
 }
 
 void ClassTable::release(HostObject* object)
 {
-    if (object == nullptr || object->isDeallocating || --object->references > 0)
+    if (object == nullptr || object->isDeallocating
+        || std::atomic_ref(object->references).fetch_sub(1, std::memory_order_acq_rel) > 1)
         return;
     object->isDeallocating = true;
     const HostClass& isa = *object->isa;

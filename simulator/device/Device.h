@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 
 namespace panotra::sim {
 
@@ -41,6 +42,8 @@ public:
 
     /// The device that lives now, or null.
     static Device* current();
+    /// Whether the caller is the thread that made the device, which is the only one that may use it. From any thread.
+    bool isMainThread() const { return std::this_thread::get_id() == m_mainThread; }
 
     /// Who gets the trace: called with {"t": …, "event": …, fields…}. None: events cost nothing.
     std::function<void(const Json&)> traceSink;
@@ -79,6 +82,8 @@ public:
     Json nameOf(HostObject* object);
 
 private:
+    const std::thread::id m_mainThread = std::this_thread::get_id();
+
     void report(EventName event, Json fields);
 };
 

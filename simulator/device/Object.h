@@ -58,7 +58,7 @@ struct HostClass {
     bool inheritsFrom(std::string_view className) const;
 };
 
-/// Any object of the process, counted by hand. Made by sim::ClassTable only.
+/// Any object of the process, counted by hand, on any thread. Made by sim::ClassTable only.
 struct HostObject {
     HostClass* isa = nullptr;
     std::size_t references = 1;

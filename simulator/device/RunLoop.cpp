@@ -6,7 +6,9 @@
 #include "simulator/device/View.h"
 
 #include <algorithm>
+#include <atomic>
 #include <map>
+#include <mutex>
 #include <tuple>
 #include <utility>
 
@@ -56,6 +58,11 @@ struct RunLoop::Implementation {
     std::map<const Animation*, Running> running;
     std::vector<Animation*> blocks; ///< the blocks that run now, outermost first; null: a completion
 
+    // What other threads left.
+    std::mutex postedLock;
+    std::vector<std::function<void()>> posted;
+    std::atomic<bool> hasPosted = false; ///< asked without the lock, at every turn
+
     Place nextPlace(double delay) { return { now + (delay > 0 ? delay : 0), asked++ }; }
 
     Json performFields(const PerformKey& key) const
@@ -97,10 +104,29 @@ struct RunLoop::Implementation {
         device.classes->drainAutoreleasePool();
     }
 
+    void runPosted()
+    {
+        std::vector<std::function<void()>> taken;
+        {
+            const std::lock_guard lock(postedLock);
+            taken.swap(posted);
+            hasPosted = false;
+        }
+        for (std::function<void()>& work : taken) {
+            work();
+            work = nullptr;
+            endTurn();
+        }
+    }
+
     void runDueBy(double time)
     {
-        while (!queue.empty() && queue.begin()->first.first <= time)
-            runNext();
+        while (hasPosted || (!queue.empty() && queue.begin()->first.first <= time)) {
+            if (hasPosted)
+                runPosted();
+            else
+                runNext();
+        }
         endTurn();
     }
 
@@ -151,6 +177,8 @@ void RunLoop::wait(double seconds)
 
 std::optional<double> RunLoop::nextDue() const
 {
+    if (m_implementation->hasPosted)
+        return m_implementation->now;
     if (m_implementation->queue.empty())
         return std::nullopt;
     return m_implementation->queue.begin()->first.first;
@@ -198,6 +226,13 @@ void RunLoop::dispatch(double delay, std::function<void()> block)
             work();
     };
     m_implementation->queue.emplace(m_implementation->nextPlace(delay), Work { std::move(run), std::nullopt });
+}
+
+void RunLoop::post(std::function<void()> work)
+{
+    const std::lock_guard lock(m_implementation->postedLock);
+    m_implementation->posted.push_back(std::move(work));
+    m_implementation->hasPosted = true;
 }
 
 void RunLoop::defer(std::function<void()> work)

@@ -33,6 +33,9 @@ public:
     void cancelPerforms(HostObject* target, const HostSelector* selector, HostObject* object);
     /// A block on the main queue. Traced as `dispatch`.
     void dispatch(double delay, std::function<void()> block);
+    /// Work that another thread leaves on the main queue: done at the next turn, before whatever else is due, in the
+    /// order in which it was left. From any thread.
+    void post(std::function<void()> work);
     /// Work of the host's own, due now, without events and not listed as pending.
     void defer(std::function<void()> work);
 

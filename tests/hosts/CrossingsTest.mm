@@ -17,10 +17,11 @@ using ::testing::ElementsAre;
 
 /// Questions that change nothing and counts that are given back.
 const std::set<std::string> looksAndCounts = {
-    "class_getInstanceMethod",
-    "class_getMethodImplementation",
+    "class_copyMethodList",
     "class_getSuperclass",
     "class_respondsToSelector",
+    "method_getImplementation",
+    "method_getTypeEncoding",
     "object_getClass",
     "objc_autoreleasePoolPop",
     "objc_autoreleasePoolPush",
@@ -38,7 +39,9 @@ protected:
         hosts::recordCrossings(true);
         library.load();
         hosts::recordCrossings(false);
-        return hosts::crossings();
+        auto all = hosts::crossings();
+        std::erase(all, "method_getName"); // as many as the classes happen to have methods
+        return all;
     }
 
     static std::vector<std::string> withoutLooks(std::vector<std::string> all)
@@ -61,7 +64,7 @@ TEST_F(CrossingsTest, OutsideTheHomeScreenTheConstructorHooksTheShakeRegistersIt
             "+[NSBundle mainBundle]", "-[NSBundle bundleIdentifier]",
             "objc_getClass", // NSString
             "-[GSCInlineString UTF8String]", "-[GSCInlineString lengthOfBytesUsingEncoding:]"));
-    EXPECT_EQ(all.size(), 36u);
+    EXPECT_EQ(all.size(), 39u);
     EXPECT_EQ(std::ranges::count(all, "objc_retain"), std::ranges::count(all, "objc_release"));
     EXPECT_EQ(events.size(), 2u); // the hook and the registration
 }
@@ -78,11 +81,13 @@ TEST_F(CrossingsTest, InTheHomeScreenTheConstructorHooksObservesAndRegistersAndM
         expected.insert(expected.end(), calls.begin(), calls.end());
     };
     expect(shakeAndPlace);
-    for (const int hooksOfAClass : { 1, 3, 1, 1, 2, 1, 1, 1 }) {
+    for (const int hooksOfAClass : { 1, 3, 1, 1, 2, 1 }) {
         expect({ "objc_getClass" });
         for (int hook = 0; hook < hooksOfAClass; ++hook)
             expect({ "MSHookMessageEx" });
     }
+    for (int statusBar = 0; statusBar < 2; ++statusBar) // which inherit the method
+        expect({ "objc_getClass", "class_addMethod", "MSHookMessageEx" });
     expect(observe); // the settings
     expect(observe); // the sibling's
     expect({ "notify_register_check" });
@@ -91,7 +96,7 @@ TEST_F(CrossingsTest, InTheHomeScreenTheConstructorHooksObservesAndRegistersAndM
 
     const auto all = crossingsOfLoad();
     EXPECT_EQ(withoutLooks(all), expected);
-    EXPECT_EQ(all.size(), 139u);
+    EXPECT_EQ(all.size(), 173u);
     EXPECT_EQ(events.size(), 18u); // the hooks, the registrations and the observers
 }
 

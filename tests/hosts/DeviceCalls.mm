@@ -1,6 +1,7 @@
 /// The device's calls as messages.
 #include "tests/hosts/DeviceCalls.h"
 
+#include "tests/hosts/Hostility.h"
 #include "tests/hosts/Peers.h"
 
 #include <objc/message.h>
@@ -63,7 +64,7 @@ template <typename... Arguments> struct MessageOf<void(Arguments...)> {
 };
 
 /// The out-parameter is an object of the caller's own kind on either side.
-bool sendGetActiveCategoryVolume(
+bool askActiveCategoryVolume(
     HostObject* self, const HostSelector* name, float* level, HostObject** category, HostObject* fallback)
 {
     NSAutoreleasePool* const pool = [NSAutoreleasePool new];
@@ -73,10 +74,18 @@ bool sendGetActiveCategoryVolume(
     id answered = category == nullptr ? nil : hostObjectFor(*category);
     const BOOL result = reinterpret_cast<Method>(objc_msg_lookup(receiver, selector))(
         receiver, selector, level, category == nullptr ? nullptr : &answered, hostObjectFor(fallback));
-    if (category != nullptr)
+    if (category != nullptr && result != NO)
         *category = deviceObjectFor(answered);
     [pool drain];
     return result != NO;
+}
+
+bool sendGetActiveCategoryVolume(
+    HostObject* self, const HostSelector* name, float* level, HostObject** category, HostObject* fallback)
+{
+    bool result = false;
+    callFromOutside(name->name, [&] { result = askActiveCategoryVolume(self, name, level, category, fallback); });
+    return result;
 }
 
 template <typename Type> HostClass::Implementation message()
@@ -100,6 +109,28 @@ const TypedMessage typedMessages[] = {
     { "@@:{CGPoint=dd}@", message<HostObject*(sim::Point, HostObject*)>() },
 };
 
+/// The same as a call of a hooked method: from wherever the outside calls.
+template <typename Type> struct CallOf;
+template <typename Result, typename... Arguments> struct CallOf<Result(Arguments...)> {
+    static Result send(HostObject* self, const HostSelector* name, Arguments... arguments)
+    {
+        Result result {};
+        callFromOutside(name->name, [&] { result = MessageOf<Result(Arguments...)>::send(self, name, arguments...); });
+        return result;
+    }
+};
+template <typename... Arguments> struct CallOf<void(Arguments...)> {
+    static void send(HostObject* self, const HostSelector* name, Arguments... arguments)
+    {
+        callFromOutside(name->name, [&] { MessageOf<void(Arguments...)>::send(self, name, arguments...); });
+    }
+};
+
+template <typename Type> HostClass::Implementation call()
+{
+    return sim::implementation(CallOf<Type>::send);
+}
+
 struct DeviceCall {
     const char* className;
     const char* selector;
@@ -107,20 +138,19 @@ struct DeviceCall {
 };
 
 const DeviceCall deviceCalls[] = {
-    { "UIResponder", "motionBegan:withEvent:", message<void(std::int64_t, HostObject*)>() },
-    { "SpringBoard", "applicationDidFinishLaunching:", message<void(HostObject*)>() },
-    { "AVSystemController", "postEffectiveVolumeNotification:", message<void(HostObject*)>() },
+    { "UIResponder", "motionBegan:withEvent:", call<void(std::int64_t, HostObject*)>() },
+    { "SpringBoard", "applicationDidFinishLaunching:", call<void(HostObject*)>() },
+    { "AVSystemController", "postEffectiveVolumeNotification:", call<void(HostObject*)>() },
     { "AVSystemController",
         "getActiveCategoryVolume:andName:fallbackCategory:", sim::implementation(sendGetActiveCategoryVolume) },
-    { "AVSystemController", "setVolumeTo:forCategory:", message<bool(float, HostObject*)>() },
-    { "SBSoundController",
-        "playSound:environments:completion:", message<bool(HostObject*, std::int64_t, HostObject*)>() },
-    { "SBMediaController", "setRingerMuted:", message<void(bool)>() },
-    { "SBHUDController", "presentHUDView:autoDismissWithDelay:", message<void(HostObject*, double)>() },
-    { "SBHUDController", "reorientHUDIfNeeded:", message<void(bool)>() },
-    { "VolumeControl", "_presentVolumeHUDWithMode:volume:", message<void(std::int32_t, float)>() },
-    { "UIStatusBar", "setFrame:", message<void(sim::Rect)>() },
-    { "_UIStatusBar", "setFrame:", message<void(sim::Rect)>() },
+    { "AVSystemController", "setVolumeTo:forCategory:", call<bool(float, HostObject*)>() },
+    { "SBSoundController", "playSound:environments:completion:", call<bool(HostObject*, std::int64_t, HostObject*)>() },
+    { "SBMediaController", "setRingerMuted:", call<void(bool)>() },
+    { "SBHUDController", "presentHUDView:autoDismissWithDelay:", call<void(HostObject*, double)>() },
+    { "SBHUDController", "reorientHUDIfNeeded:", call<void(bool)>() },
+    { "VolumeControl", "_presentVolumeHUDWithMode:volume:", call<void(std::int32_t, float)>() },
+    { "UIStatusBar", "setFrame:", call<void(sim::Rect)>() },
+    { "_UIStatusBar", "setFrame:", call<void(sim::Rect)>() },
 };
 
 /// What came with later systems, and what a class inherits there that it has of its own in other processes.

@@ -164,6 +164,24 @@ TEST_P(CallsInside, OfAnyHookedMethodAllArrive)
     }
 }
 
+TEST_P(CallsInside, ThatRaiseReachTheCaller)
+{
+    haveAllClasses(device);
+    const HookedMethod& method = GetParam();
+    method.installBefore(method.className, method.selector);
+    launch();
+    device.home->setRingerMuted(false); // no program has just set a volume
+    pass();
+    method.before.inside = [] {
+        [NSException raise:@"HostileException" format:@"of a previous implementation"];
+    };
+    EXPECT_ANY_THROW(method.call(*device.home));
+    method.before.inside = nullptr;
+    method.before.calls = 0;
+    method.call(*device.home);
+    EXPECT_EQ(method.before.calls, 1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Hostile, HookedMethodTest, ::testing::ValuesIn(hookedMethods), nameOf);
 INSTANTIATE_TEST_SUITE_P(
     Hostile, CallsInside, ::testing::ValuesIn(std::begin(hookedMethods) + 1, std::end(hookedMethods)), nameOf);

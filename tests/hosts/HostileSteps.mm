@@ -66,6 +66,43 @@ NSDictionary* announcementOf(id category, id reason, id level)
     return made;
 }
 
+void liveADay(sim::Device& device, const std::function<void(double)>& pass)
+{
+    sim::HomeScreen& home = *device.home;
+    for (const bool replaces : { false, true }) {
+        for (const std::int64_t style : { 0, 1 }) {
+            device.preferences->set("net.qorvath.panotra", "replaceHUD", replaces);
+            device.preferences->set("net.qorvath.panotra", "activeStyle", style);
+            home.notify("net.qorvath.panotra.settingschanged");
+            home.getActiveCategoryVolume(true);
+            home.announce("Audio/Video", "RouteChange", 0.75f);
+            home.press(sim::Button::Up);
+            home.release(sim::Button::Up);
+            pass(1);
+            home.presentHUD(1);
+            home.reorientHUD(true);
+            home.setStatusBarFrame("UIStatusBar", 0, 0, 320, 20);
+            home.setRingerMuted(replaces);
+            home.playSound(1);
+            home.playSound(std::nullopt);
+            home.setVolume("Alarm", 0.5f);
+            home.motionBegan(1);
+            home.notify("net.qorvath.panotra.uikitshaken");
+            home.askActivator("title", "net.qorvath.panotra.mixer");
+            home.askActivator("icon", "net.qorvath.panotra.mixer");
+            home.sendActivatorEvent("net.qorvath.panotra.mixer");
+            home.pan(0, 1, 30);
+            home.pan(0, 2, 60);
+            home.pan(0, 3, 60);
+            device.touches->down(160, 240);
+            device.touches->move(190, 240);
+            device.touches->up();
+            home.notify("com.apple.springboard.screenchanged");
+            pass(100);
+        }
+    }
+}
+
 std::size_t doAnything(sim::Device& device, int count, const std::function<unsigned(unsigned sides)>& roll)
 {
     NSArray* const values = oddValues();

@@ -13,6 +13,11 @@ namespace panotra::hosts {
 /// platform's stand-ins nor this process has.
 void* importedSymbol(std::string_view name);
 
+/// Hooking frameworks give the class a method of its own, or replace what they find, wherever it is inherited from.
+enum class HookingFramework { AddsMethods, ReplacesInPlace };
+/// The one of this process from now on. The first, until it is said.
+void chooseHookingFramework(HookingFramework kind);
+
 /// From now on the library finds under the name a class that has of the one that it would find what that inherits, and
 /// nothing else.
 void emptyClass(const char* name);

@@ -10,6 +10,9 @@
 
 #import <Foundation/Foundation.h>
 
+#include <set>
+#include <string>
+
 namespace panotra::hosts {
 
 /// The Objective-C object for an object of the device, made at the first asking. Null gives nil.
@@ -27,6 +30,8 @@ template <typename Kind> Kind* peerAs(id object)
 
 /// Makes the two each other's; `object` brings its one count.
 void attachPeer(id hostObject, HostObject* object);
+/// The names of the classes of the host that were sent their `+initialize`, the first message to each.
+const std::set<std::string>& initializedClasses();
 /// A new object of the device of the kind that `hostClass` makes, attached to `hostObject`.
 void attachNewPeer(id hostObject);
 /// Hands an object that the caller counts to the device's pool, and answers its Objective-C object.

@@ -44,6 +44,12 @@ void endRegisteredObject(HostObject* object, void* hostObject)
     object->instanceVariables.reset();
 }
 
+std::set<std::string>& initialized()
+{
+    static std::set<std::string> all;
+    return all;
+}
+
 HostObject* peerHeldInField(void* held)
 {
     return peerOf(static_cast<id>(held));
@@ -109,6 +115,11 @@ void giveObjectsPeers(Class hostClass)
 }
 
 } // namespace
+
+const std::set<std::string>& initializedClasses()
+{
+    return initialized();
+}
 
 HostObject* peerOf(id object)
 {
@@ -183,6 +194,12 @@ void addRegisteredClass(Class hostClass)
 using namespace panotra;
 
 @implementation DeviceObject
+
+/// A class that has none inherits it, and is sent it all the same.
++ (void)initialize
+{
+    hosts::initialized().insert(class_getName(self));
+}
 
 /// Only asked whether it is there.
 + (void)makesPeers

@@ -2,6 +2,7 @@
 #include "tests/hosts/Crossings.h"
 #include "tests/hosts/Imports.h"
 #include "tests/hosts/Peers.h"
+#include "tests/hosts/Raising.h"
 #include "tests/hosts/classes/SystemClasses.h"
 
 #include <objc/message.h>
@@ -16,13 +17,10 @@ using hosts::noteCrossing;
 
 namespace {
 
-void noteMessage(id receiver, SEL selector)
+std::string nameOfMessage(Class receiverClass, SEL selector)
 {
-    if (!hosts::areCrossingsRecorded())
-        return;
-    const Class receiverClass = object_getClass(receiver);
-    noteCrossing((class_isMetaClass(receiverClass) ? "+[" : "-[") + std::string(hosts::nameOfClass(receiverClass)) + ' '
-        + sel_getName(selector) + ']');
+    return (class_isMetaClass(receiverClass) ? "+[" : "-[") + std::string(hosts::nameOfClass(receiverClass)) + ' '
+        + sel_getName(selector) + ']';
 }
 
 std::map<std::string, Class, std::less<>>& emptyClasses()
@@ -36,6 +34,13 @@ Class newClass(const char* name, Class superclass)
     const Class made = objc_allocateClassPair(superclass, name, 0);
     objc_registerClassPair(made);
     return made;
+}
+
+/// The platform asks a class to make a method that is missing. Whatever it answers: it was sent a message.
+void askToMakeMethod(Class hostClass)
+{
+    if (hostClass != Nil && !class_isMetaClass(hostClass))
+        [hostClass self];
 }
 
 /// A pool of the device's and one of Foundation's, pushed together.
@@ -61,8 +66,13 @@ void* __wrap_malloc(std::size_t size)
 
 IMP panotraFindMethod(id receiver, SEL selector)
 {
-    noteMessage(receiver, selector);
     hosts::tellListener(receiver, sel_getName(selector));
+    if (hosts::areCrossingsRecorded() || hosts::mayRaise()) {
+        const std::string name = nameOfMessage(object_getClass(receiver), selector);
+        noteCrossing(name);
+        if (const IMP raising = hosts::raisingInsteadOf(name))
+            return raising;
+    }
     return objc_msg_lookup(receiver, selector);
 }
 
@@ -108,19 +118,50 @@ SEL __wrap_sel_registerName(const char* name)
 BOOL __wrap_class_respondsToSelector(Class hostClass, SEL selector)
 {
     noteCrossing("class_respondsToSelector");
-    return class_respondsToSelector(hostClass, selector);
+    hosts::maybeRaise("class_respondsToSelector");
+    const BOOL responds = class_respondsToSelector(hostClass, selector);
+    if (responds == NO)
+        askToMakeMethod(hostClass);
+    return responds;
 }
 
 IMP __wrap_class_getMethodImplementation(Class hostClass, SEL selector)
 {
     noteCrossing("class_getMethodImplementation");
+    if (hosts::mayRaise()) {
+        if (const IMP raising = hosts::raisingInsteadOf("super " + nameOfMessage(hostClass, selector)))
+            return raising;
+    }
     return class_getMethodImplementation(hostClass, selector);
 }
 
 Method __wrap_class_getInstanceMethod(Class hostClass, SEL selector)
 {
     noteCrossing("class_getInstanceMethod");
-    return class_getInstanceMethod(hostClass, selector);
+    hosts::maybeRaise("class_getInstanceMethod");
+    const Method found = class_getInstanceMethod(hostClass, selector);
+    if (found == nullptr)
+        askToMakeMethod(hostClass);
+    return found;
+}
+
+Method* __wrap_class_copyMethodList(Class hostClass, unsigned* count)
+{
+    noteCrossing("class_copyMethodList");
+    return class_copyMethodList(hostClass, count);
+}
+
+/// A selector of this runtime also has the types of the method that it was read from; a name alone is what compares.
+SEL __wrap_method_getName(Method method)
+{
+    noteCrossing("method_getName");
+    return sel_registerName(sel_getName(method_getName(method)));
+}
+
+IMP __wrap_method_getImplementation(Method method)
+{
+    noteCrossing("method_getImplementation");
+    return method_getImplementation(method);
 }
 
 unsigned __wrap_method_getNumberOfArguments(Method method)
@@ -196,6 +237,7 @@ void __wrap_objc_release(id object)
     noteCrossing("objc_release");
     hosts::tellListener(object, "release");
     [object release];
+    hosts::maybeRaise("objc_release");
 }
 
 id __wrap_objc_autorelease(id object)
@@ -217,6 +259,7 @@ void __wrap_objc_autoreleasePoolPop(void* pushed)
     hosts::device().classes->popAutoreleasePool(pool->device);
     [pool->foundation drain];
     delete pool;
+    hosts::maybeRaise("objc_autoreleasePoolPop");
 }
 
 } // extern "C"

@@ -3,6 +3,7 @@
 #include "simulator/device/RunLoop.h"
 #include "tests/hosts/Blocks.h"
 #include "tests/hosts/Crossings.h"
+#include "tests/hosts/Imports.h"
 #include "tests/hosts/Peers.h"
 #include "tests/hosts/Values.h"
 
@@ -25,6 +26,8 @@ using NotificationCallback
 /// Stands for the one notification centre there is.
 int darwinNotifyCenter;
 
+hosts::HookingFramework framework = hosts::HookingFramework::AddsMethods;
+
 /// The device reports the hook, and goes on sending the message.
 void tellDevice(Class hostClass, SEL selector)
 {
@@ -35,9 +38,14 @@ void tellDevice(Class hostClass, SEL selector)
 
 } // namespace
 
+void hosts::chooseHookingFramework(HookingFramework kind)
+{
+    framework = kind;
+}
+
 extern "C" {
 
-/// An inherited method gets a replacement of the class's own. The previous implementation is known before the
+/// The previous implementation is known before the
 /// replacement can run.
 void __wrap_MSHookMessageEx(Class hostClass, SEL selector, IMP replacement, IMP* previous)
 {
@@ -47,9 +55,12 @@ void __wrap_MSHookMessageEx(Class hostClass, SEL selector, IMP replacement, IMP*
         return;
     if (previous != nullptr)
         *previous = method_getImplementation(method);
-    if (!class_addMethod(hostClass, selector, replacement, method_getTypeEncoding(method)))
+    const bool isAdded = framework == hosts::HookingFramework::AddsMethods
+        && class_addMethod(hostClass, selector, replacement, method_getTypeEncoding(method));
+    if (!isAdded)
         method_setImplementation(method, replacement);
-    __objc_update_dispatch_table_for_class(hostClass);
+    for (Class changed = hostClass; changed != Nil; changed = class_getSuperclass(changed))
+        __objc_update_dispatch_table_for_class(changed);
     tellDevice(hostClass, selector);
 }
 
@@ -95,12 +106,25 @@ void __wrap_CFNotificationCenterAddObserver(void* center, void* observer, Notifi
     hosts::device().darwin->addObserver(*text, [=] { callback(center, observer, kept, object, nullptr); });
 }
 
-// The main queue. Time does not pass between the two calls, so that the delay alone tells when.
+int __wrap_pthread_main_np()
+{
+    noteCrossing("pthread_main_np");
+    return hosts::device().isMainThread() ? 1 : 0;
+}
+
+// The main queue. Time does not pass between asking for one and handing it over, so that the delay alone tells
+// when.
 
 std::uint64_t __wrap_dispatch_time(std::uint64_t, std::int64_t nanoseconds)
 {
     noteCrossing("dispatch_time");
     return static_cast<std::uint64_t>(nanoseconds);
+}
+
+void __wrap_dispatch_async_f(void*, void* context, void (*work)(void* context))
+{
+    noteCrossing("dispatch_async_f");
+    hosts::device().runLoop->post([=] { work(context); });
 }
 
 void __wrap_dispatch_after(std::uint64_t nanoseconds, void*, void* block)

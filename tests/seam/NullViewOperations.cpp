@@ -31,6 +31,7 @@ std::vector<Operation> operationsOfViews()
         operation("setAlpha", [=] { view.setAlpha(1); }),
         operation("isHidden", [=] { return !view.isHidden(); }),
         operation("setHidden", [=] { view.setHidden(true); }),
+        operation("layoutIfNeeded", [=] { view.layoutIfNeeded(); }),
         operation("setBackgroundColor", [=] { view.setBackgroundColor(nullptr); }),
         operation("setUserInteractionEnabled", [=] { view.setUserInteractionEnabled(true); }),
         operation("tag", [=] { return view.tag() == 0; }),

@@ -10,13 +10,9 @@ typedef struct dl_info {
     void* dli_saddr;
 } Dl_info;
 
-#ifdef __cplusplus
 extern "C" {
-#endif
 
-void* dlsym(void* handle, const char* symbol);
-int dladdr(const void* address, Dl_info* information); // 0: no library holds it
+void* dlsym(void* handle, const char* symbol) noexcept;
+int dladdr(const void* address, Dl_info* information) noexcept; // 0: no library holds it
 
-#ifdef __cplusplus
-}
-#endif
+} // extern "C"

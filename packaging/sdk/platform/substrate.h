@@ -3,12 +3,8 @@
 
 #include <objc/objc.h>
 
-#ifdef __cplusplus
 extern "C" {
-#endif
 
-void MSHookMessageEx(Class, SEL message, IMP hook, IMP* old);
+void MSHookMessageEx(Class, SEL message, IMP hook, IMP* old) noexcept;
 
-#ifdef __cplusplus
-}
-#endif
+} // extern "C"

@@ -3,6 +3,7 @@
 
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
+#include "tests/hosts/Hostility.h"
 #include "tests/hosts/Peers.h"
 #include "tests/hosts/Values.h"
 
@@ -126,7 +127,8 @@ id bundleIdentifier(id self, SEL)
 /// Whatever a package of the device's may bring exists; elsewhere, what this machine has.
 id bundleWithPath(Class, SEL, id path)
 {
-    if (path == nil || !([path hasPrefix:@"/Library/"] || [[NSFileManager defaultManager] fileExistsAtPath:path]))
+    if (path == nil || hosts::isHostile()
+        || !([path hasPrefix:@"/Library/"] || [[NSFileManager defaultManager] fileExistsAtPath:path]))
         return nil;
     return [[[DeviceBundle alloc] initWithFolder:path] autorelease];
 }

@@ -5,6 +5,7 @@
 #include "simulator/device/Saturated.h"
 #include "simulator/device/SharedObjects.h"
 #include "tests/hosts/DeviceCalls.h"
+#include "tests/hosts/Hostility.h"
 #include "tests/hosts/Values.h"
 
 #include <objc/runtime.h>
@@ -68,6 +69,11 @@ id updatedButtons(id buttons)
     HostObject* category = nullptr;
     const bool result = hosts::callOwn<bool>("AVSystemController", hosts::peerOf(self), _cmd, level,
         name == nullptr ? nullptr : &category, hosts::deviceObjectFor(fallback));
+    if (hosts::refusesThisTime()) {
+        if (name != nullptr)
+            *name = reinterpret_cast<id>(std::uintptr_t { 0xdead });
+        return NO;
+    }
     if (name != nullptr)
         *name = hosts::hostObjectFor(category);
     return result;
@@ -172,11 +178,30 @@ id updatedButtons(id buttons)
 
 // The voice assistant.
 
+/// As it is on later systems.
+@interface AssistantServerWithoutOpening : NSObject
+@end
+
+@implementation AssistantServerWithoutOpening
+
+- (BOOL)isSiriVisible
+{
+    return NO;
+}
+
+- (void)dismissSiri
+{
+    hosts::device().trace("assistant", [] { return sim::Json { { "action", "dismissedUnopened" } }; });
+}
+
+@end
+
 @implementation AXSpringBoardServer
 
 + (id)server
 {
-    return sharedObject("AXSpringBoardServer");
+    static const id withoutOpening = [AssistantServerWithoutOpening new];
+    return hosts::isHostile() ? withoutOpening : sharedObject("AXSpringBoardServer");
 }
 
 - (BOOL)isSiriVisible

@@ -4,7 +4,12 @@
 #include "simulator/device/RunLoop.h"
 #include "tests/hosts/Blocks.h"
 #include "tests/hosts/DeviceCalls.h"
+#include "tests/hosts/Hostility.h"
 #include "tests/hosts/Values.h"
+
+#include <objc/runtime.h>
+
+#include <utility>
 
 using namespace panotra;
 
@@ -13,6 +18,22 @@ namespace {
 sim::View* viewOf(id view)
 {
     return hosts::peerAs<sim::View>(view);
+}
+
+bool isContentView(const sim::View& view)
+{
+    const auto* const backdrop = dynamic_cast<const sim::BackdropView*>(view.superview);
+    return backdrop != nullptr && backdrop->content == &view;
+}
+
+/// The class of the device's that a status bar is of; null for any other view.
+const char* statusBarClassOf(id view)
+{
+    for (const char* const name : { "UIStatusBar", "_UIStatusBar" }) {
+        if ([view isKindOfClass:objc_lookUpClass(name)])
+            return name;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -46,12 +67,24 @@ sim::View* viewOf(id view)
 
 - (DeviceRect)frame
 {
+    if (hosts::isHostile() && isContentView(*viewOf(self)))
+        return hosts::frameAtLastLayout(*viewOf(self));
     return viewOf(self)->frame();
 }
 
+/// Status bars have no method of their own on any system.
 - (void)setFrame:(DeviceRect)frame
 {
-    viewOf(self)->setFrame(frame);
+    if (const char* const statusBar = statusBarClassOf(self))
+        hosts::callOwn<void>(statusBar, hosts::peerOf(self), _cmd, frame);
+    else
+        viewOf(self)->setFrame(frame);
+}
+
+- (void)layoutIfNeeded
+{
+    if (const auto* const backdrop = hosts::peerAs<sim::BackdropView>(self))
+        hosts::layOut(*backdrop->content);
 }
 
 - (DeviceRect)bounds
@@ -175,8 +208,15 @@ sim::View* viewOf(id view)
                  animations:(void*)animations
                  completion:(void*)completion
 {
+    std::function<void(bool)> completes = hosts::completionOfBlock(completion);
+    if (hosts::isHostile() && completes) {
+        const std::function<void(bool)> inTime = completes;
+        completes = [=](bool finished) {
+            hosts::device().runLoop->defer([=] { inTime(finished); });
+        };
+    }
     hosts::device().runLoop->animate(
-        duration, delay, options, hosts::functionOfBlock(animations), hosts::completionOfBlock(completion));
+        duration, delay, options, hosts::functionOfBlock(animations), std::move(completes));
 }
 
 @end

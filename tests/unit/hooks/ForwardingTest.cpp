@@ -45,7 +45,7 @@ struct Forwarding : testing::MixerTest {
 
     template <typename Result, typename... Arguments>
     static void expectForwarded(PreviousImplementation<Result(Arguments...)>& replaced,
-        Result (*hook)(id, SEL, Arguments...) noexcept, Result answer, Arguments... arguments)
+        Result (*hook)(id, SEL, Arguments...), Result answer, Arguments... arguments)
     {
         using Stub = Expectation<Result(Arguments...)>;
         Stub::expected = std::tuple(arguments...);
@@ -60,7 +60,7 @@ struct Forwarding : testing::MixerTest {
 TEST_F(Forwarding, ASoundKeepsItsEnvironmentsItsCompletionAndItsAnswer)
 {
     for (const bool answer : { true, false })
-        expectForwarded<bool, id, std::int64_t, id>(
+        expectForwarded<bool, id, NSInteger, id>(
             previous.playSound, hooks::playSound, answer, nullptr, 0x0123'4567'89ab'cdef, completion);
 }
 

@@ -11,15 +11,11 @@ typedef CFIndex CFNotificationSuspensionBehavior;
 typedef void (*CFNotificationCallback)(
     CFNotificationCenterRef center, void* observer, CFStringRef name, const void* object, CFDictionaryRef userInfo);
 
-#ifdef __cplusplus
 extern "C" {
-#endif
 
-CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter(void);
+CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter(void) noexcept;
 void CFNotificationCenterAddObserver(CFNotificationCenterRef center, const void* observer,
     CFNotificationCallback callBack, CFStringRef name, const void* object,
-    CFNotificationSuspensionBehavior suspensionBehavior);
+    CFNotificationSuspensionBehavior suspensionBehavior) noexcept;
 
-#ifdef __cplusplus
-}
-#endif
+} // extern "C"

@@ -1,15 +1,11 @@
 /// Message dispatch. To be cast to the type of the method before it is called.
 #pragma once
 
-#ifdef __cplusplus
 extern "C" {
-#endif
 
 void objc_msgSend(void);
 #if !defined(__aarch64__)
 void objc_msgSend_stret(void); // answers structures through memory; the newer processors have no such entry
 #endif
 
-#ifdef __cplusplus
-}
-#endif
+} // extern "C"
