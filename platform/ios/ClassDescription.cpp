@@ -172,10 +172,12 @@ Class ios::superclassOf(id self, const ClassDescription& description) noexcept
 /// another object, or of none. Here it is given a count to take, and what it answers is left to the pool.
 id superInit(id self, const ClassDescription& description) noexcept
 {
-    if (superclassOf(self, description) == nullptr)
+    Class const superclass = superclassOf(self, description);
+    const SEL initializer = selectors::init.get();
+    if (superclass == nullptr || !instancesAnswer(superclass, initializer))
         return nullptr;
     retain(self);
-    id const answer = sendSuper(self, description, selectors::init);
+    id const answer = deliverAs<id>(superclass, self, initializer);
     if (answer != self)
         return autorelease(answer);
     release(self);
