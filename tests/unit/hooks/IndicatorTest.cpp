@@ -170,6 +170,24 @@ TEST_F(Indicator, TheAnnouncementOfTheBorrowedLevelFindsTheFlag)
     EXPECT_EQ(stored("volume7"), 0.5) << "the ringer's own level is not touched";
 }
 
+/// The audio service announces no level that is the present one. Required: the flag waits for whatever comes next.
+TEST_F(Indicator, ABorrowedLevelThatIsThePresentOneIsNotAnnouncedAndTheFlagMeetsTheNextAnnouncement)
+{
+    store("volume9", 0.5);
+    launch();
+    device.audio->echo = true;
+    ASSERT_EQ(systemLevel("Ringtone"), 0.5f);
+    device.home->playSound(1);
+    pass();
+    EXPECT_TRUE(processValues.isHackedRingtoneVolume);
+    forgetEvents();
+    announce("Audio/Video", "ExplicitVolumeChange", 0.25f);
+    EXPECT_EQ(countOf("announced"), 0u) << "swallowed, though it was not the ringer's";
+    EXPECT_FALSE(processValues.isHackedRingtoneVolume);
+    announce("Audio/Video", "ExplicitVolumeChange", 0.75f);
+    EXPECT_EQ(countOf("announced"), 1u);
+}
+
 TEST_F(Indicator, TheAnswerOfTheSystemsOwnMethodIsHandedOn)
 {
     launch();
