@@ -9,15 +9,42 @@
 #include <objc/runtime.h>
 
 #include <cstdlib>
+#include <mutex>
+#include <shared_mutex>
 #include <unordered_map>
 
 namespace panotra::hosts {
 
 namespace {
 
-std::unordered_map<void*, HostObject*>& peers()
+/// Any thread may count an object, and looks its peer up to do so.
+class Peers {
+public:
+    HostObject* find(void* hostObject) const
+    {
+        const std::shared_lock lock(m_lock);
+        const auto place = m_all.find(hostObject);
+        return place == m_all.end() ? nullptr : place->second;
+    }
+    void set(void* hostObject, HostObject* peer)
+    {
+        const std::unique_lock lock(m_lock);
+        m_all[hostObject] = peer;
+    }
+    void erase(void* hostObject)
+    {
+        const std::unique_lock lock(m_lock);
+        m_all.erase(hostObject);
+    }
+
+private:
+    mutable std::shared_mutex m_lock;
+    std::unordered_map<void*, HostObject*> m_all;
+};
+
+Peers& peers()
 {
-    static std::unordered_map<void*, HostObject*> all;
+    static Peers all;
     return all;
 }
 
@@ -33,7 +60,7 @@ void endHostObject(id object)
 void hostObjectEnds(std::byte* object)
 {
     const auto hostObject = reinterpret_cast<id>(object);
-    if (sim::Device::current() != nullptr && peers().contains(hostObject))
+    if (sim::Device::current() != nullptr && peers().find(hostObject) != nullptr)
         endHostObject(hostObject);
 }
 
@@ -123,8 +150,7 @@ const std::set<std::string>& initializedClasses()
 
 HostObject* peerOf(id object)
 {
-    const auto place = peers().find(object);
-    return place == peers().end() ? nullptr : place->second;
+    return peers().find(object);
 }
 
 id hostObjectFor(HostObject* object)
@@ -152,7 +178,7 @@ HostObject* deviceObjectFor(id object)
 
 void attachPeer(id hostObject, HostObject* object)
 {
-    peers()[hostObject] = object;
+    peers().set(hostObject, object);
     object->instanceVariables = Fields(reinterpret_cast<std::byte*>(hostObject), hostObjectEnds);
 }
 

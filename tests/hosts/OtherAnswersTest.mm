@@ -1,0 +1,164 @@
+/// Hosts that answer, and not as expected.
+#include "tests/hosts/MixerHostTest.h"
+
+#include "tests/hosts/Peers.h"
+#include "tests/hosts/Raising.h"
+
+#include <array>
+
+namespace panotra::testing {
+
+namespace {
+
+constexpr int landscape = 3;
+
+class OtherAnswers : public MixerHostTest {
+protected:
+    /// Of the groups and the sliders.
+    std::vector<std::array<double, 4>> frames()
+    {
+        std::vector<std::array<double, 4>> all;
+        const auto add = [&](const std::string& field) {
+            const sim::Rect frame = view(field)->frame();
+            all.push_back({ frame.x, frame.y, frame.width, frame.height });
+        };
+        for (int group = 0; group < 3; ++group)
+            add("_groupView" + std::to_string(group));
+        for (int slot = 0; slot < 12; ++slot)
+            add("_volumeView" + std::to_string(slot));
+        return all;
+    }
+};
+
+bool isLaidOut = false;
+bool laysOutWhenAsked = true;
+IMP frameBefore = nullptr;
+
+/// A content view has no size before the next layout.
+DeviceRect frameOfALateContentView(id self, SEL selector)
+{
+    const auto* const view = hosts::peerAs<sim::View>(self);
+    const auto* const backdrop = dynamic_cast<const sim::BackdropView*>(view->superview);
+    if (!isLaidOut && backdrop != nullptr && backdrop->content == view)
+        return {};
+    return reinterpret_cast<DeviceRect (*)(id, SEL)>(frameBefore)(self, selector);
+}
+
+void layOut(id, SEL)
+{
+    isLaidOut = laysOutWhenAsked;
+}
+
+id nothing(id, SEL)
+{
+    return nil;
+}
+
+id nothingFor(id, SEL, id)
+{
+    return nil;
+}
+
+int dismissals = 0;
+
+void countDismissal(id, SEL)
+{
+    ++dismissals;
+}
+
+} // namespace
+
+TEST_F(OtherAnswers, AContentViewThatIsSizedAtTheNextLayoutIsLaidOutFirst)
+{
+    launch();
+    show(panel);
+    const auto usual = frames();
+    dismiss();
+    frameBefore = hook("UIView", "frame", reinterpret_cast<IMP>(frameOfALateContentView));
+    hook("UIView", "layoutIfNeeded", reinterpret_cast<IMP>(layOut));
+    show(panel);
+    EXPECT_TRUE(isLaidOut);
+    EXPECT_EQ(frames(), usual);
+}
+
+TEST_F(OtherAnswers, AContentViewThatIsNeverSizedCountsAsItsBackdrop)
+{
+    laysOutWhenAsked = false;
+    launch();
+    show(panel);
+    const auto usual = frames();
+    dismiss();
+    frameBefore = hook("UIView", "frame", reinterpret_cast<IMP>(frameOfALateContentView));
+    hook("UIView", "layoutIfNeeded", reinterpret_cast<IMP>(layOut));
+    show(panel);
+    EXPECT_FALSE(isLaidOut);
+    EXPECT_EQ(frames(), usual);
+}
+
+TEST_F(OtherAnswers, ABannerBesideAStatusBarThatIsNotThereStandsAsBesideAHiddenOne)
+{
+    launch();
+    device.screen->orientation = landscape;
+    device.screen->statusBarHidden = true;
+    show(banner);
+    const double beside = view("_containerView")->center.x;
+    dismiss();
+    device.screen->statusBarHidden = false;
+    hook("UIApplication", "statusBar", reinterpret_cast<IMP>(nothing));
+    show(banner);
+    EXPECT_EQ(view("_containerView")->center.x, beside);
+}
+
+TEST_F(OtherAnswers, ABannerStandsSoTooWhereTheQuestionForTheStatusBarRaises)
+{
+    launch();
+    device.screen->orientation = landscape;
+    device.screen->statusBarHidden = true;
+    show(banner);
+    const double beside = view("_containerView")->center.x;
+    dismiss();
+    device.screen->statusBarHidden = false;
+    hosts::raiseWhere([](std::string_view asked) { return asked == "-[SpringBoard statusBar]"; });
+    show(banner);
+    EXPECT_EQ(hosts::raised(), 1u);
+    hosts::raiseWhere({});
+    EXPECT_EQ(view("_containerView")->center.x, beside);
+}
+
+TEST_F(OtherAnswers, AListenerWithoutABundleHasNoIconRatherThanOneOfTheProcess)
+{
+    const Class metaclass = object_getClass([NSBundle class]);
+    const Method method = class_getInstanceMethod(metaclass, @selector(bundleWithPath:));
+    class_replaceMethod(
+        metaclass, @selector(bundleWithPath:), reinterpret_cast<IMP>(nothingFor), method_getTypeEncoding(method));
+    launch();
+    events.clear();
+    device.home->askActivator("icon", "net.qorvath.panotra.presentmixer");
+    ASSERT_EQ(countOf("answer"), 1u);
+    EXPECT_TRUE(events.back()["value"].is_null());
+    show(banner);
+}
+
+/// What `AXSpringBoardServer` is since iOS 13.
+TEST_F(OtherAnswers, AnAssistantThatCannotBeOpenedIsLeftAloneAltogether)
+{
+    const Class server = objc_allocateClassPair([NSObject class], "ServerWithoutOpening", 0);
+    class_addMethod(server, sel_registerName("isSiriVisible"), reinterpret_cast<IMP>(nothing), "B@:");
+    class_addMethod(server, sel_registerName("dismissSiri"), reinterpret_cast<IMP>(countDismissal), "v@:");
+    objc_registerClassPair(server);
+    static id made = [server new];
+    const auto answer = +[](id, SEL) -> id {
+        return made;
+    };
+    class_replaceMethod(object_getClass(objc_lookUpClass("AXSpringBoardServer")), sel_registerName("server"),
+        reinterpret_cast<IMP>(answer), "@@:");
+    launch();
+    show(panel);
+    device.home->pan(10, 1, 30);
+    device.home->pan(10, 3, 60);
+    pass();
+    EXPECT_EQ(dismissals, 0);
+    EXPECT_EQ(countOf("assistant"), 0u);
+}
+
+} // namespace panotra::testing
