@@ -71,6 +71,11 @@ for section in __mod_term_func __objc_imageinfo __objc_nlclslist __interpose __i
     expect_refused "a section that does something at load" "has a section $section"
 done
 
+library -lobjc <<<"$constructor extern \"C\" void objc_msgSend(); [[gnu::used]] static void send() { objc_msgSend(); }"
+expect_refused "a message whose raise nothing ends" 'does not guard the call of _objc_msgSend at 0x'
+library <<<"$constructor"
+expect_refused "no message at all" 'sends no messages'
+
 # Names.
 
 usual_names=('-Wl,-x')
