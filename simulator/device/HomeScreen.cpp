@@ -13,6 +13,7 @@
 #include "simulator/device/View.h"
 
 #include <algorithm>
+#include <thread>
 #include <utility>
 
 namespace panotra::sim {
@@ -57,6 +58,22 @@ struct HomeScreen::Implementation {
     std::vector<std::pair<std::string, HostObject*>> listeners; ///< counted; in the order of registration
 
     ClassTable& classes() const { return *device.classes; }
+
+    /// Sends a message to the audio service where its system calls that method: on the main thread, or on a queue of
+    /// the service's own, for which the main thread waits. What is left to the main thread there is done at once.
+    template <typename Result, typename... Arguments>
+    void tellAudioService(HostObject* service, const char* method, Arguments... arguments) const
+    {
+        const auto tell = [=] {
+            send<Result, Arguments...>(service, selector(method), arguments...);
+        };
+        if (!isCalledOnAudioQueue(device, "AVSystemController", method)) {
+            tell();
+            return;
+        }
+        std::thread(tell).join();
+        device.runLoop->runPosted();
+    }
 
     /// The listener object: the one of that name, or else the first that registered at all, which then answers for
     /// any name. Null before, and without the framework.
@@ -169,7 +186,7 @@ void HomeScreen::announce(
     if (level.has_value())
         announcement->adopt(
             currentKey(device, announcementKey::level), classes.make<Number>("NSNumber", static_cast<double>(*level)));
-    send<void, HostObject*>(service, selector("postEffectiveVolumeNotification:"), announcement);
+    m_implementation->tellAudioService<void, HostObject*>(service, "postEffectiveVolumeNotification:", announcement);
 }
 
 void HomeScreen::announceChange(const std::string& category, float level)
@@ -181,14 +198,14 @@ void HomeScreen::getActiveCategoryVolume(bool named)
 {
     float level = 0;
     HostObject* name = nullptr;
-    send<bool, float*, HostObject**, HostObject*>(shared("AVSystemController"),
-        selector("getActiveCategoryVolume:andName:fallbackCategory:"), &level, named ? &name : nullptr, nullptr);
+    m_implementation->tellAudioService<bool, float*, HostObject**, HostObject*>(shared("AVSystemController"),
+        "getActiveCategoryVolume:andName:fallbackCategory:", &level, named ? &name : nullptr, nullptr);
 }
 
 void HomeScreen::setVolume(const std::string& category, float level)
 {
-    send<bool>(
-        shared("AVSystemController"), selector("setVolumeTo:forCategory:"), level, m_implementation->string(category));
+    m_implementation->tellAudioService<bool, float, HostObject*>(
+        shared("AVSystemController"), "setVolumeTo:forCategory:", level, m_implementation->string(category));
 }
 
 void HomeScreen::press(Button button)

@@ -235,6 +235,11 @@ void RunLoop::post(std::function<void()> work)
     m_implementation->hasPosted = true;
 }
 
+void RunLoop::runPosted()
+{
+    m_implementation->runPosted();
+}
+
 void RunLoop::defer(std::function<void()> work)
 {
     m_implementation->queue.emplace(m_implementation->nextPlace(0), Work { std::move(work), std::nullopt });

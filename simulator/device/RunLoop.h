@@ -36,6 +36,8 @@ public:
     /// Work that another thread leaves on the main queue: done at the next turn, before whatever else is due, in the
     /// order in which it was left. From any thread.
     void post(std::function<void()> work);
+    /// Does what other threads have left so far, and nothing else.
+    void runPosted();
     /// Work of the host's own, due now, without events and not listed as pending.
     void defer(std::function<void()> work);
 

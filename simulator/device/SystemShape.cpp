@@ -103,6 +103,14 @@ void setClassPresent(Device& device, const std::string& name, bool present)
     }
 }
 
+bool isCalledOnAudioQueue(const Device& device, const char* className, const char* method)
+{
+    return device.system && std::ranges::any_of(allRows(), [&](const Row& row) {
+        return row.isOn(*device.system) && row.caller == systems::Caller::AudioQueue
+            && std::string_view(row.owner) == className && std::string_view(row.name) == method;
+    });
+}
+
 const char* currentKey(const Device& device, const char* key)
 {
     if (!device.system)

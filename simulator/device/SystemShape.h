@@ -14,6 +14,9 @@ void takeShape(Device& device, int system);
 /// says of the buttons' class it says of the buttons.
 void setClassPresent(Device& device, const std::string& name, bool present);
 
+/// Whether the device's system calls the method on a queue of the audio service's own.
+bool isCalledOnAudioQueue(const Device& device, const char* className, const char* method);
+
 /// What the device's system calls the key of an announcement that was called `key` first.
 const char* currentKey(const Device& device, const char* key);
 

@@ -110,6 +110,28 @@ TEST_P(SystemShape, AnnouncementsCarryTheKeysOfTheSystem)
     EXPECT_EQ(event["level"], 0.25);
 }
 
+/// From 13 on the audio service has a queue of its own, for which the main thread waits.
+TEST_P(SystemShape, TheAudioServiceIsToldWhereItsSystemTellsIt)
+{
+    static bool isOnMainThread = false;
+    static int timesTold = 0;
+    timesTold = 0;
+    auto& methods = device.classes->platformClass("AVSystemController").methods;
+    methods[selector("postEffectiveVolumeNotification:")]
+        = implementation(+[](HostObject*, const HostSelector*, HostObject*) {
+              isOnMainThread = process().isMainThread();
+              ++timesTold;
+              process().runLoop->post([] { ++timesTold; });
+          });
+    device.home->announce("Alarm", "ExplicitVolumeChange", 0.25f);
+    EXPECT_EQ(isOnMainThread, !isLater(13));
+    EXPECT_EQ(timesTold, isLater(13) ? 2 : 1) << "what is left to the main thread there is done before anything else";
+    device.runLoop->turn();
+    EXPECT_EQ(timesTold, 2);
+    EXPECT_EQ(isCalledOnAudioQueue(device, "AVSystemController", "setVolumeTo:forCategory:"), isLater(13));
+    EXPECT_FALSE(isCalledOnAudioQueue(device, "AVSystemController", "getVolume:forCategory:"));
+}
+
 TEST_P(SystemShape, TheVolumeIndicatorIsAskedForWithWhatTheMethodTakes)
 {
     device.home->presentVolumeHUD(5'000'000'000, 0.25f);
