@@ -23,7 +23,7 @@ struct MessageRow {
     bool isToTheClass; ///< the method is one of the class itself
     const AnySelector* selector;
     const char* type; ///< the runtime's type code
-    int since; ///< the first system that has it
+    int since; ///< the first system that has it, counted from iOS 9; earlier only for what no served system has
     int until; ///< the last one, up to iOS 16
 
     const char* method() const noexcept { return selector->name(); }

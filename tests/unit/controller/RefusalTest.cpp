@@ -1,5 +1,6 @@
 /// Null controllers, superclasses that refuse, and names that another program has taken.
 #include "controller/PNOHelperController.h"
+#include "tests/support/KnownFacts.h"
 #include "tests/support/MixerTest.h"
 
 #include <functional>
@@ -120,13 +121,13 @@ TEST_F(Refusal, ANullHelperCarriesNothing)
     EXPECT_TRUE(events.empty());
 }
 
-TEST_F(Refusal, ThereAreSlidersForTheTwelveSlotsAndForNoOtherNumber)
+TEST_F(Refusal, ThereAreSlidersForTheSlotsAndForNoOtherNumber)
 {
     show(panel);
-    for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot)
+    for (SlotNumber slot = 0; slot < testing::knownSlotCount; ++slot)
         EXPECT_EQ(slider(slot).tag(), slot);
     EXPECT_TRUE(controller().volumeView(11));
-    for (int slot = 12; slot < 256; ++slot)
+    for (int slot = testing::knownSlotCount; slot < 256; ++slot)
         EXPECT_FALSE(controller().volumeView(static_cast<SlotNumber>(slot))) << slot;
 }
 
