@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -62,7 +63,7 @@ struct KeyMeant {
     std::size_t distance;
 };
 
-/// Those that are near, the nearest first, of equally near ones the longest.
+/// Those that are near, the nearest first, of equally near ones the longest, of equally long ones by their letters.
 std::vector<KeyMeant> keysMeant(const Json& object, std::string_view rest)
 {
     std::vector<KeyMeant> keys;
@@ -71,8 +72,8 @@ std::vector<KeyMeant> keysMeant(const Json& object, std::string_view rest)
         if (const auto distance = misspelling(word, key))
             keys.push_back({ key, word.size(), *distance });
     }
-    std::ranges::stable_sort(
-        keys, {}, [](const KeyMeant& meant) { return std::pair(meant.distance, -std::ssize(meant.key)); });
+    std::ranges::sort(
+        keys, {}, [](const KeyMeant& meant) { return std::tuple(meant.distance, -std::ssize(meant.key), meant.key); });
     return keys;
 }
 
