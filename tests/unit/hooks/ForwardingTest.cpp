@@ -13,8 +13,8 @@ template <typename Pointer> Pointer token(std::uintptr_t number)
     return reinterpret_cast<Pointer>(number * 64);
 }
 
-const id receiver = token<id>(1);
-const SEL selector = token<SEL>(2);
+const id target = token<id>(1);
+const SEL methodName = token<SEL>(2);
 const id completion = token<id>(3);
 const id fallback = token<id>(4);
 
@@ -29,8 +29,8 @@ template <typename Result, typename... Arguments> struct Expectation<Result(Argu
     static Result check(id self, SEL name, Arguments... arguments)
     {
         ++calls;
-        EXPECT_EQ(self, receiver);
-        EXPECT_EQ(name, selector);
+        EXPECT_EQ(self, target);
+        EXPECT_EQ(name, methodName);
         EXPECT_EQ(std::tuple(arguments...), expected);
         return answer;
     }
@@ -52,7 +52,7 @@ struct Forwarding : testing::MixerTest {
         Stub::answer = answer;
         replaced.implementation = reinterpret_cast<IMP>(&Stub::check);
         const int before = calls;
-        EXPECT_EQ(hook(receiver, selector, arguments...), answer);
+        EXPECT_EQ(hook(target, methodName, arguments...), answer);
         EXPECT_EQ(calls, before + 1);
     }
 };
@@ -82,9 +82,9 @@ TEST_F(Forwarding, AVolumeThatAProgramSetsKeepsItsLevelItsCategoryAndItsAnswer)
 TEST_F(Forwarding, AHookWithoutAPreviousImplementationAnswersNo)
 {
     previous.playSound.implementation = nullptr;
-    EXPECT_FALSE(hooks::playSound(receiver, selector, nullptr, 0, completion));
+    EXPECT_FALSE(hooks::playSound(target, methodName, nullptr, 0, completion));
     previous.setVolumeTo.implementation = nullptr;
-    EXPECT_FALSE(hooks::setVolumeTo(receiver, selector, 0.3f, nullptr));
+    EXPECT_FALSE(hooks::setVolumeTo(target, methodName, 0.3f, nullptr));
 }
 
 } // namespace
