@@ -10,7 +10,6 @@
 #include "platform/MethodReplacement.h"
 #include "platform/Notify.h"
 
-#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -20,45 +19,51 @@ constinit PreviousImplementations previous;
 
 namespace {
 
-/// A function of ours, and where what it replaces is kept.
-struct HookFunction {
-    Hook hook;
-    HookEntry entry;
-};
-
-template <auto Function, auto Field> HookFunction function(Hook hook)
-{
-    return { hook, HookedMethod<Function, Field>::entry() };
-}
-
 using Previous = PreviousImplementations;
 
-HookFunction functionOf(Hook hook)
+/// What is installed for a function of ours. Does not compile where one is forgotten.
+HookEntry entryOf(Hook hook)
 {
-    const HookFunction functions[] = {
-        function<hooks::motionBegan, &Previous::motionBegan>(Hook::MotionBegan),
-        function<hooks::applicationDidFinishLaunching, &Previous::applicationDidFinishLaunching>(
-            Hook::ApplicationDidFinishLaunching),
-        function<hooks::getActiveCategoryVolume, &Previous::getActiveCategoryVolume>(Hook::GetActiveCategoryVolume),
-        function<hooks::postEffectiveVolumeNotification, &Previous::postEffectiveVolumeNotification>(
-            Hook::PostEffectiveVolumeNotification),
-        function<hooks::setVolumeTo, &Previous::setVolumeTo>(Hook::SetVolumeTo),
-        function<hooks::playSound, &Previous::playSound>(Hook::PlaySound),
-        function<hooks::setRingerMuted, &Previous::setRingerMuted>(Hook::SetRingerMuted),
-        function<hooks::activateRingerHUDFromMuteSwitch, &Previous::activateRingerHUDFromMuteSwitch>(
-            Hook::ActivateRingerHUDFromMuteSwitch),
-        function<hooks::activateRingerHUD, &Previous::activateRingerHUD>(Hook::ActivateRingerHUD),
-        function<hooks::presentHUDView, &Previous::presentHUDView>(Hook::PresentHUDView),
-        function<hooks::presentHUD, &Previous::presentHUD>(Hook::PresentHUD),
-        function<hooks::reorientHUDIfNeeded, &Previous::reorientHUDIfNeeded>(Hook::ReorientHUDIfNeeded),
-        function<hooks::noteInterfaceOrientationChanged, &Previous::noteInterfaceOrientationChanged>(
-            Hook::NoteInterfaceOrientationChanged),
-        function<hooks::presentVolumeHUDWithMode, &Previous::presentVolumeHUDWithMode>(Hook::PresentVolumeHUDWithMode),
-        function<hooks::presentVolumeHUD, &Previous::presentVolumeHUD>(Hook::PresentVolumeHUD),
-        function<hooks::setStatusBarFrame, &Previous::setStatusBarFrame>(Hook::SetStatusBarFrame),
-        function<hooks::setModernStatusBarFrame, &Previous::setModernStatusBarFrame>(Hook::SetModernStatusBarFrame),
-    };
-    return functions[static_cast<std::size_t>(hook)];
+    switch (hook) {
+    case Hook::MotionBegan:
+        return HookedMethod<hooks::motionBegan, &Previous::motionBegan>::entry();
+    case Hook::ApplicationDidFinishLaunching:
+        return HookedMethod<hooks::applicationDidFinishLaunching, &Previous::applicationDidFinishLaunching>::entry();
+    case Hook::GetActiveCategoryVolume:
+        return HookedMethod<hooks::getActiveCategoryVolume, &Previous::getActiveCategoryVolume>::entry();
+    case Hook::PostEffectiveVolumeNotification:
+        return HookedMethod<hooks::postEffectiveVolumeNotification,
+            &Previous::postEffectiveVolumeNotification>::entry();
+    case Hook::SetVolumeTo:
+        return HookedMethod<hooks::setVolumeTo, &Previous::setVolumeTo>::entry();
+    case Hook::PlaySound:
+        return HookedMethod<hooks::playSound, &Previous::playSound>::entry();
+    case Hook::SetRingerMuted:
+        return HookedMethod<hooks::setRingerMuted, &Previous::setRingerMuted>::entry();
+    case Hook::ActivateRingerHUDFromMuteSwitch:
+        return HookedMethod<hooks::activateRingerHUDFromMuteSwitch,
+            &Previous::activateRingerHUDFromMuteSwitch>::entry();
+    case Hook::ActivateRingerHUD:
+        return HookedMethod<hooks::activateRingerHUD, &Previous::activateRingerHUD>::entry();
+    case Hook::PresentHUDView:
+        return HookedMethod<hooks::presentHUDView, &Previous::presentHUDView>::entry();
+    case Hook::PresentHUD:
+        return HookedMethod<hooks::presentHUD, &Previous::presentHUD>::entry();
+    case Hook::ReorientHUDIfNeeded:
+        return HookedMethod<hooks::reorientHUDIfNeeded, &Previous::reorientHUDIfNeeded>::entry();
+    case Hook::NoteInterfaceOrientationChanged:
+        return HookedMethod<hooks::noteInterfaceOrientationChanged,
+            &Previous::noteInterfaceOrientationChanged>::entry();
+    case Hook::PresentVolumeHUDWithMode:
+        return HookedMethod<hooks::presentVolumeHUDWithMode, &Previous::presentVolumeHUDWithMode>::entry();
+    case Hook::PresentVolumeHUD:
+        return HookedMethod<hooks::presentVolumeHUD, &Previous::presentVolumeHUD>::entry();
+    case Hook::SetStatusBarFrame:
+        return HookedMethod<hooks::setStatusBarFrame, &Previous::setStatusBarFrame>::entry();
+    case Hook::SetModernStatusBarFrame:
+        return HookedMethod<hooks::setModernStatusBarFrame, &Previous::setModernStatusBarFrame>::entry();
+    }
+    return {};
 }
 
 /// A class is looked up once for all its hooks that follow each other. A class that inherits the method gets one of its
@@ -81,7 +86,7 @@ void install(std::span<const HookRow> rows)
             className = row.className;
             hostClass = objc_getClass(className);
         }
-        const HookEntry entry = functionOf(row.hook).entry;
+        const HookEntry entry = entryOf(row.hook);
         *entry.owner = hostClass;
         overrideInherited(hostClass, row.method, entry.callInherited);
         replaceMethod(hostClass, row.method, entry.implementation, entry.previous);
