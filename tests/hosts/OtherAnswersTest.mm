@@ -28,6 +28,9 @@ protected:
             add("_volumeView" + std::to_string(slot));
         return all;
     }
+
+    /// A panel as usual, then one whose content view has no size before the next layout. Answers the usual frames.
+    std::vector<std::array<double, 4>> showPanelAsUsualAndLate();
 };
 
 bool isLaidOut = false;
@@ -47,6 +50,18 @@ DeviceRect frameOfALateContentView(id self, SEL selector)
 void layOut(id, SEL)
 {
     isLaidOut = laysOutWhenAsked;
+}
+
+std::vector<std::array<double, 4>> OtherAnswers::showPanelAsUsualAndLate()
+{
+    launch();
+    show(panel);
+    auto usual = frames();
+    dismiss();
+    frameBefore = hook("UIView", "frame", reinterpret_cast<IMP>(frameOfALateContentView));
+    hook("UIView", "layoutIfNeeded", reinterpret_cast<IMP>(layOut));
+    show(panel);
+    return usual;
 }
 
 id nothing(id, SEL)
@@ -70,13 +85,7 @@ void countDismissal(id, SEL)
 
 TEST_F(OtherAnswers, AContentViewThatIsSizedAtTheNextLayoutIsLaidOutFirst)
 {
-    launch();
-    show(panel);
-    const auto usual = frames();
-    dismiss();
-    frameBefore = hook("UIView", "frame", reinterpret_cast<IMP>(frameOfALateContentView));
-    hook("UIView", "layoutIfNeeded", reinterpret_cast<IMP>(layOut));
-    show(panel);
+    const auto usual = showPanelAsUsualAndLate();
     EXPECT_TRUE(isLaidOut);
     EXPECT_EQ(frames(), usual);
 }
@@ -84,13 +93,7 @@ TEST_F(OtherAnswers, AContentViewThatIsSizedAtTheNextLayoutIsLaidOutFirst)
 TEST_F(OtherAnswers, AContentViewThatIsNeverSizedCountsAsItsBackdrop)
 {
     laysOutWhenAsked = false;
-    launch();
-    show(panel);
-    const auto usual = frames();
-    dismiss();
-    frameBefore = hook("UIView", "frame", reinterpret_cast<IMP>(frameOfALateContentView));
-    hook("UIView", "layoutIfNeeded", reinterpret_cast<IMP>(layOut));
-    show(panel);
+    const auto usual = showPanelAsUsualAndLate();
     EXPECT_FALSE(isLaidOut);
     EXPECT_EQ(frames(), usual);
 }
