@@ -16,10 +16,12 @@ void play(const Scenario& scenario)
 {
     const auto discard = [](std::string_view) {
     };
-    const auto text = makeTraceWriter(TraceFormat::Text, discard);
+    const auto story = makeTraceWriter(TraceFormat::Story, discard);
+    const auto text = makeTraceWriter(TraceFormat::Verbose, discard);
     const auto json = makeTraceWriter(TraceFormat::JsonLines, discard);
     Device device;
     device.traceSink = [&](const Json& event) {
+        story->event(event);
         text->event(event);
         json->event(event);
     };
@@ -29,11 +31,16 @@ void play(const Scenario& scenario)
         .layoutMemory = [] { return LayoutMemory { .justCreated = true, .previousOrientation = -1 }; },
     };
     const Audience audience {
-        .commandBegins = [&text](const Command& command) { text->command(command); },
+        .commandBegins =
+            [&](const Command& command) {
+                story->command(command);
+                text->command(command);
+            },
         .expectationFailed = {},
         .fileFailed = {},
     };
     Player(device, library, audience).play(scenario);
+    story->finish();
     text->finish();
 }
 

@@ -70,7 +70,8 @@ void addMistakesOfPictures(Scenario& scenario, const PlayOptions& options, std::
 ExitStatus playOnDevice(const PlayOptions& options, const Library& library, const Scenario& scenario,
     OutputFile& output, Pictures* pictures)
 {
-    const auto writer = makeTraceWriter(options.format, [&output](std::string_view text) { output.write(text); });
+    const auto writer = makeTraceWriter(
+        options.format, [&output](std::string_view text) { output.write(text); }, options.look);
     Device device(options.preferencesFolder);
     device.resourceFolder = options.resourceFolder;
     device.traceSink = [&writer](const Json& event) {

@@ -14,7 +14,8 @@ namespace panotra::sim {
 struct PlayOptions {
     std::string scenarioFile; ///< "-": standard input
     std::optional<std::string> preferencesFolder; ///< none: domains live in memory
-    TraceFormat format = TraceFormat::Text;
+    TraceFormat format = TraceFormat::Story;
+    TextLook look {};
     std::optional<std::string> traceFile; ///< none: standard output
     std::string picturesFolder = ".";
     std::string resourceFolder {}; ///< the bundle with the mixer's own pictures; empty: it has none

@@ -3,6 +3,7 @@
 
 #include "simulator/Bundle.h"
 #include "simulator/Reference.h"
+#include "simulator/Terminal.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/systems/Systems.h"
 
@@ -28,12 +29,34 @@ void addAnswer(CLI::App& command, const char* name, std::string (*text)(), const
 struct PlayArguments {
     PlayOptions options;
     std::string format = "text";
+    bool isVerbose = false;
+    std::string only;
 };
+
+/// What the options of text ask for. Answers what is wrong with them, or nothing.
+std::string readTextOptions(PlayArguments& arguments)
+{
+    PlayOptions& options = arguments.options;
+    options.look = lookOfText(!options.traceFile);
+    if (arguments.format == "json") {
+        options.format = TraceFormat::JsonLines;
+        return arguments.isVerbose || !arguments.only.empty() ? "--verbose and --only are for text: JSON holds all"
+                                                              : "";
+    }
+    options.format = arguments.isVerbose ? TraceFormat::Verbose : TraceFormat::Story;
+    if (arguments.only.empty())
+        return {};
+    const auto mistake = options.look.only.add(arguments.only);
+    return mistake.empty() ? mistake : "--only: " + mistake;
+}
 
 ExitStatus run(PlayArguments& arguments, const Library& library)
 {
     PlayOptions& options = arguments.options;
-    options.format = arguments.format == "json" ? TraceFormat::JsonLines : TraceFormat::Text;
+    if (const auto mistake = readTextOptions(arguments); !mistake.empty()) {
+        complain(mistake);
+        return ExitStatus::WrongInput;
+    }
     options.resourceFolder = bundleBesideProgram();
     PictureFolder pictures(options.picturesFolder, complain);
     return play(options, library, &pictures);
@@ -55,6 +78,11 @@ CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
         ->check(CLI::IsMember({ "text", "json" }))
         ->type_name("FORMAT")
         ->capture_default_str();
+    command->add_flag("--verbose", arguments->isVerbose, "As text, every event instead of what happened in words");
+    command
+        ->add_option("--only", arguments->only,
+            "As text, tell of these events only, and of the commands that brought them about")
+        ->type_name("EVENT,...");
     command->add_option("--trace", options.traceFile, "Write the trace to OUT instead of standard output")
         ->type_name("OUT");
     command->add_option("--shots", options.picturesFolder, "Where shot puts its pictures")

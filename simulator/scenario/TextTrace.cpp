@@ -33,9 +33,14 @@ std::string laidOut(const TraceLine& line)
 
 } // namespace
 
-TextTrace::TextTrace(Sink sink)
+TextTrace::TextTrace(Sink sink, EventFilter only)
     : m_sink(std::move(sink))
+    , m_only(std::move(only))
     , m_lines([this](const TraceLine& line) {
+        if (!m_heading.empty()) {
+            m_sink(std::exchange(m_heading, {}));
+            m_wroteCommand = true;
+        }
         m_sink(laidOut(line));
         m_wroteEvents = true;
     })
@@ -49,14 +54,18 @@ void TextTrace::command(const Command& command)
     std::string text = m_wroteEvents || (m_wroteCommand && !command.remarks.empty()) ? "\n" : "";
     for (const auto remark : command.remarks)
         text += printable(remark) + '\n';
-    m_sink(text + printable(command.source) + '\n');
+    m_heading = text + printable(command.source) + '\n';
+    if (!m_only.takesAll())
+        return;
+    m_sink(std::exchange(m_heading, {}));
     m_wroteCommand = true;
     m_wroteEvents = false;
 }
 
 void TextTrace::event(const Json& event)
 {
-    m_lines.event(event);
+    if (m_only.takes(event.value("event", std::string())))
+        m_lines.event(event);
 }
 
 void TextTrace::finish()

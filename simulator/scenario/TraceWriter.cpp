@@ -1,6 +1,7 @@
 /// JSON Lines, and the choice between the formats.
 #include "simulator/scenario/TraceWriter.h"
 
+#include "simulator/scenario/StoryTrace.h"
 #include "simulator/scenario/TextTrace.h"
 
 #include <utility>
@@ -24,11 +25,17 @@ private:
 
 } // namespace
 
-std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Sink sink)
+std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Sink sink, TextLook look)
 {
-    if (format == TraceFormat::JsonLines)
-        return std::make_unique<JsonTrace>(std::move(sink));
-    return std::make_unique<TextTrace>(std::move(sink));
+    switch (format) {
+    case TraceFormat::Story:
+        return std::make_unique<StoryTrace>(std::move(sink), std::move(look));
+    case TraceFormat::Verbose:
+        return std::make_unique<TextTrace>(std::move(sink), std::move(look.only));
+    case TraceFormat::JsonLines:
+        break;
+    }
+    return std::make_unique<JsonTrace>(std::move(sink));
 }
 
 std::string jsonLine(const Json& event)

@@ -3,6 +3,7 @@
 
 #include "simulator/device/Device.h"
 #include "simulator/scenario/Grammar.h"
+#include "simulator/scenario/TextLook.h"
 
 #include <functional>
 #include <memory>
@@ -10,7 +11,11 @@
 
 namespace panotra::sim {
 
-enum class TraceFormat { Text, JsonLines };
+enum class TraceFormat {
+    Story, ///< for people: what happened, in words and once
+    Verbose, ///< for people: every event, rows of them told together
+    JsonLines, ///< for programs
+};
 
 class TraceWriter {
 public:
@@ -24,7 +29,8 @@ public:
     virtual void finish() { }
 };
 
-std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Sink sink);
+/// `look` is that of text; programs get all events.
+std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Sink sink, TextLook look = {});
 
 /// One object as a line of JSON Lines. Numbers read back as the very same; bytes that are no UTF-8 are replaced.
 std::string jsonLine(const Json& event);

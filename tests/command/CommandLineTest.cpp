@@ -1,9 +1,12 @@
 /// `panotra` as a person runs it: options, exit statuses, and one line for what goes wrong.
 #include "tests/command/CommandLine.h"
+#include "simulator/text/Columns.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -22,10 +25,70 @@ TEST_F(CommandLine, AScenarioThatGoesWellEndsWithZeroAndSaysNothingOfErrors)
     EXPECT_EQ(ended.errors, "");
 }
 
-TEST_F(CommandLine, TextIsTheDefault)
+TEST_F(CommandLine, TextInWordsIsTheDefault)
 {
-    EXPECT_THAT(run("play good").output, HasSubstr("\nlaunch\n     0.000  launched\n"));
+    EXPECT_THAT(run("play good").output, HasSubstr("\nlaunch\n  0.000  home screen launched, "));
     EXPECT_EQ(run("play good").output, run("play good --format text").output);
+}
+
+TEST_F(CommandLine, VerboseTextTellsEveryEvent)
+{
+    EXPECT_THAT(run("play good --verbose").output, HasSubstr("\nlaunch\n     0.000  launched\n"));
+}
+
+TEST_F(CommandLine, OnlyTheEventsAskedForAreToldOfWithTheCommandsThatBroughtThemAbout)
+{
+    write("two", "# First.\nload\n# Then.\nlaunch # up\nroute nil\n");
+    EXPECT_EQ(run("play two --only launched,shot").output, "# Then.\nlaunch # up\n  0.000  home screen launched\n");
+    EXPECT_EQ(run("play two --only launched --verbose").output, "# Then.\nlaunch # up\n     0.000  launched\n");
+    const auto ended = run("play two --only lunched");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(
+        ended.errors, "panotra: --only: found \"lunched\", expected the name of an event (did you mean launched?)\n");
+}
+
+TEST_F(CommandLine, AProgramGetsAllEvents)
+{
+    for (const auto* option : { "--verbose", "--only launched" }) {
+        const auto ended = run(std::string("play good --format json ") + option);
+        EXPECT_EQ(ended.status, 2) << option;
+        EXPECT_EQ(ended.output, "") << option;
+        EXPECT_EQ(ended.errors, "panotra: --verbose and --only are for text: JSON holds all\n") << option;
+    }
+}
+
+TEST_F(CommandLine, NoLineIsWiderThanTheTerminal)
+{
+    write("wide",
+        "# Eine Bemerkung über die Lautstärke, die weit über jeden Rand hinausreicht, wenn niemand sie umbricht.\n"
+        "pref net.qorvath.panotra replaceHUD bool yes\npref net.example.音量音量音量音量音量音量音量音量音量音量 ключ "
+        "string "
+        "\"значение\"\nload\nlaunch\npress up\nwait 1 # später\nset-volume "
+        "音量音量音量音量音量音量音量音量音量音量音量音量 0.25\nstate\ntree\nwait 9\n");
+    for (const std::size_t columns : { 40U, 80U, 120U }) {
+        const auto ended = runScript("COLUMNS=" + std::to_string(columns) + " \"$panotra\" play wide");
+        EXPECT_EQ(ended.status, 0);
+        std::istringstream lines(ended.output);
+        std::size_t widest = 0;
+        for (std::string line; std::getline(lines, line);)
+            widest = std::max(widest, panotra::columnsOf(line));
+        EXPECT_LE(widest, columns);
+        EXPECT_GE(widest, columns - 10) << "the room is used";
+    }
+}
+
+TEST_F(CommandLine, ATerminalGetsItsWidthAndColoursUnlessTheyAreNotWanted)
+{
+    const auto onTerminal = [this](const std::string& environment) {
+        write("script", "stty cols 40; " + environment + " \"$panotra\" play good");
+        return runScript("export panotra; TERM=xterm COLUMNS=200 script -qec \"sh script\" /dev/null").output;
+    };
+    const auto text = onTerminal("NO_COLOR=");
+    EXPECT_THAT(text, HasSubstr("\x1b[1mlaunch\x1b[0m"));
+    EXPECT_THAT(text, HasSubstr("launched, 3\r\n"));
+    EXPECT_THAT(onTerminal("NO_COLOR=1"), ::testing::Not(HasSubstr("\x1b")));
+    EXPECT_THAT(onTerminal("TERM=dumb"), ::testing::Not(HasSubstr("\x1b")));
 }
 
 TEST_F(CommandLine, ADashIsStandardInput)

@@ -19,7 +19,7 @@ using ::testing::HasSubstr;
 std::string textOf(std::initializer_list<const char*> events)
 {
     std::string text;
-    const auto writer = makeTraceWriter(TraceFormat::Text, [&text](std::string_view part) { text += part; });
+    const auto writer = makeTraceWriter(TraceFormat::Verbose, [&text](std::string_view part) { text += part; });
     for (const auto* event : events) {
         Json json { { "t", 0.0 } };
         json.update(Json::parse(event));
@@ -149,7 +149,7 @@ TEST(TextTrace, ALineThatRepeatsItselfIsCounted)
 TEST(TextTrace, CommandsStandAboveWhatTheyBroughtAbout)
 {
     std::string text;
-    const auto writer = makeTraceWriter(TraceFormat::Text, [&text](std::string_view part) { text += part; });
+    const auto writer = makeTraceWriter(TraceFormat::Verbose, [&text](std::string_view part) { text += part; });
     Command command { .line = 1, .source = "route nil", .remarks = {}, .form = nullptr, .arguments = {} };
     writer->command(command);
     command.source = "launch\t# up it goes";
@@ -170,7 +170,7 @@ TEST(TextTrace, CommandsStandAboveWhatTheyBroughtAbout)
 TEST(TextTrace, CommentsStandAboveTheirCommands)
 {
     std::string text;
-    const auto writer = makeTraceWriter(TraceFormat::Text, [&text](std::string_view part) { text += part; });
+    const auto writer = makeTraceWriter(TraceFormat::Verbose, [&text](std::string_view part) { text += part; });
     const auto scenario = parseScenario("# Morning.\n\n# Music.\n\nwait 1\nwait 2\n\n  # Noon.\r\nwait 3\n# Night.\n");
     for (const auto& command : scenario.commands)
         writer->command(command);
