@@ -2,6 +2,7 @@
 #include "doctor/HostMessages.h"
 
 #include "platform/ios/Classes.h"
+#include "platform/ios/Firewall.h"
 #include "platform/ios/ObjectiveC.h"
 #include "platform/ios/Send.h"
 
@@ -41,6 +42,33 @@ NSString systemVersion() noexcept
 bool isOnMainThread() noexcept
 {
     return send(NSThread, isMainThread);
+}
+
+bool hasClass(const char* className) noexcept
+{
+    return shielded([=] { return ::objc_getClass(className) != nullptr; });
+}
+
+const char* typeOfMethod(const char* className, const char* method, bool isOfClass) noexcept
+{
+    return shielded([=]() -> const char* {
+        ::Class const hostClass = ::objc_getClass(className);
+        if (hostClass == nullptr)
+            return nullptr;
+        ::SEL const selector = sel_registerName(method);
+        ::Method const found
+            = isOfClass ? class_getClassMethod(hostClass, selector) : class_getInstanceMethod(hostClass, selector);
+        return found != nullptr ? method_getTypeEncoding(found) : nullptr;
+    });
+}
+
+const char* typeOfVariable(const char* className, const char* variable) noexcept
+{
+    return shielded([=]() -> const char* {
+        ::Class const hostClass = ::objc_getClass(className);
+        ::Ivar const found = hostClass != nullptr ? class_getInstanceVariable(hostClass, variable) : nullptr;
+        return found != nullptr ? ivar_getTypeEncoding(found) : nullptr;
+    });
 }
 
 void addObserver(const NSObject& observer, const char* called, const NSObject& object) noexcept

@@ -1,4 +1,4 @@
-/// The messages that only the doctor sends. Whatever is missing answers null, zero or false. Any thread.
+/// What only the doctor asks of the process. Whatever is missing answers null, zero or false. Any thread.
 #pragma once
 
 #include "platform/NSString.h"
@@ -10,6 +10,15 @@ namespace panotra::doctor {
 /// "12.4.1".
 NSString systemVersion() noexcept;
 bool isOnMainThread() noexcept;
+
+// What the runtime says of a class. It may ask the class about a method that it does not find; a raise inside that
+// counts as "not there".
+
+bool hasClass(const char* className) noexcept;
+/// The runtime's code of a method that the class has or inherits, of its objects or its own; null where it has none.
+const char* typeOfMethod(const char* className, const char* method, bool isOfClass) noexcept;
+/// The same of an instance variable.
+const char* typeOfVariable(const char* className, const char* variable) noexcept;
 
 /// From now on `observer` is sent `observe:` with notifications of that name, null for any, that are posted in the name
 /// of `object`, null for anybody's.

@@ -1,6 +1,7 @@
 /// The mixer's own tables, row by row, against what the process has.
 #include "doctor/Examination.h"
 
+#include "doctor/HostMessages.h"
 #include "doctor/Report.h"
 #include "doctor/Text.h"
 #include "doctor/Types.h"
@@ -8,7 +9,6 @@
 #include "platform/ios/Messages.h"
 
 #include <algorithm>
-#include <objc/runtime.h>
 #include <string>
 #include <vector>
 
@@ -21,6 +21,14 @@ struct Finding {
     bool isThere = false;
     std::string type; ///< the runtime's code
 };
+
+/// Null: nothing.
+Finding findingOf(const char* type)
+{
+    if (type == nullptr)
+        return {};
+    return { true, type };
+}
 
 std::string systemsOf(int since, int until)
 {
@@ -71,31 +79,6 @@ private:
     int m_wellCount = 0;
 };
 
-Finding findingOf(const char* type)
-{
-    if (type == nullptr)
-        return {};
-    return { true, type };
-}
-
-Finding findMethod(const char* className, const char* name, bool isOfClass)
-{
-    ::Class const hostClass = ::objc_getClass(className);
-    if (hostClass == nullptr)
-        return {};
-    ::SEL const selector = sel_registerName(name);
-    ::Method const method
-        = isOfClass ? class_getClassMethod(hostClass, selector) : class_getInstanceMethod(hostClass, selector);
-    return method != nullptr ? findingOf(method_getTypeEncoding(method)) : Finding {};
-}
-
-Finding findVariable(const char* className, const char* name)
-{
-    ::Class const hostClass = ::objc_getClass(className);
-    ::Ivar const variable = hostClass != nullptr ? class_getInstanceVariable(hostClass, name) : nullptr;
-    return variable != nullptr ? findingOf(ivar_getTypeEncoding(variable)) : Finding {};
-}
-
 /// A class that some row names: expected wherever one of its rows is.
 struct ClassRow {
     std::string_view name;
@@ -129,7 +112,7 @@ void examineClasses(int system)
     writeLine({ "" });
     writeLine({ "classes" });
     for (const ClassRow& row : classRows(system)) {
-        const bool isThere = ::objc_getClass(std::string(row.name).c_str()) != nullptr;
+        const bool isThere = hasClass(std::string(row.name).c_str());
         writeLine({ isThere ? "  ok       " : row.isExpected ? "  MISSING  " : "  absent   ", row.name });
     }
 }
@@ -148,20 +131,20 @@ void examineTables(int system)
         Table table(system, "hooks");
         for (const HookRow& row : hookRows) {
             table.row(nameOfMethod(row.className, row.method, false), row.type, row.since, row.until,
-                findMethod(row.className, row.method, false));
+                findingOf(typeOfMethod(row.className, row.method, false)));
         }
     }
     {
         Table table(system, "messages");
         for (const ios::MessageRow& row : ios::messageRows) {
             table.row(nameOfMethod(row.className, row.method(), row.isToTheClass), row.type, row.since, row.until,
-                findMethod(row.className, row.method(), row.isToTheClass));
+                findingOf(typeOfMethod(row.className, row.method(), row.isToTheClass)));
         }
     }
     Table table(system, "variables");
     for (const VariableRow& row : variableRows) {
         table.row(joined({ row.className, " ", row.name }), row.type, row.since, row.until,
-            findVariable(row.className, row.name));
+            findingOf(typeOfVariable(row.className, row.name)));
     }
 }
 

@@ -13,6 +13,8 @@ void prepareForDoctor(sim::Device& device, int system);
 void noteLoaded(const std::string& path);
 /// The audio service announces a change, and posts a notification of it, on the thread that calls this.
 void announceByItself();
+/// From now on the class raises when the runtime asks it to make a method that it has not.
+void raiseOverMissingMethods(const std::string& className);
 /// What the doctor has written so far.
 std::string reportOfDoctor();
 

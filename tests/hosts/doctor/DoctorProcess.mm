@@ -5,6 +5,7 @@
 #include "simulator/device/SystemShape.h"
 #include "tests/hosts/Crossings.h"
 #include "tests/hosts/classes/SpringBoard.h"
+#include "tests/hosts/classes/SystemClasses.h"
 
 #include <objc/runtime.h>
 #include <sys/mman.h>
@@ -88,6 +89,16 @@ void announceByItself()
                                                         object:audio
                                                       userInfo:announcement];
     [pool drain];
+}
+
+void raiseOverMissingMethods(const std::string& className)
+{
+    const auto resolve = [](id, SEL, SEL) -> BOOL {
+        [NSException raise:@"HostileException" format:@"asked for a method"];
+        return NO;
+    };
+    class_addMethod(object_getClass(classNamed(className.c_str())), @selector(resolveInstanceMethod:),
+        reinterpret_cast<IMP>(+resolve), "B");
 }
 
 std::string reportOfDoctor()

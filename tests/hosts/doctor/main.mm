@@ -1,8 +1,9 @@
 /// The doctor's library in a process of Objective-C objects: what it writes there goes to standard output.
 ///
-///     panotra-doctor-host SYSTEM DOCTOR [--mixer FILE] [--lack CLASS] [--thread]
+///     panotra-doctor-host SYSTEM DOCTOR [--mixer FILE] [--lack CLASS] [--raise CLASS] [--thread]
 ///
-/// SYSTEM is the shape of the process, DOCTOR and FILE the libraries' files, CLASS is missing in it.
+/// SYSTEM is the shape of the process, DOCTOR and FILE the libraries' files, CLASS is missing in it,
+/// or raises when it is asked to make a method that it has not.
 /// The audio service announces a change within the minute that the doctor waits, with --thread on a thread of its own.
 /// Status 1: the report was not finished, or something of the process is not as it was; 3: a file could not be loaded.
 #include "simulator/device/Device.h"
@@ -61,12 +62,14 @@ int main(int argumentCount, char** arguments)
     std::string doctor;
     std::string mixer;
     std::string lacking;
+    std::string raising;
     bool onThread = false;
     CLI::App app("The doctor's library in a process of Objective-C objects.", "panotra-doctor-host");
     app.add_option("SYSTEM", system)->required()->check(CLI::Range(systems::oldest, systems::newest));
     app.add_option("DOCTOR", doctor)->required();
     app.add_option("--mixer", mixer);
     app.add_option("--lack", lacking);
+    app.add_option("--raise", raising);
     app.add_flag("--thread", onThread);
     CLI11_PARSE(app, argumentCount, arguments);
 
@@ -81,6 +84,8 @@ int main(int argumentCount, char** arguments)
         sim::setClassPresent(device, lacking, false);
     hosts::prepareProcess();
     hosts::prepareForDoctor(device, system);
+    if (!raising.empty())
+        hosts::raiseOverMissingMethods(raising);
     if (!mixer.empty()) {
         hosts::chooseLibrary(mixer);
         hosts::chosenLibrary().load();
