@@ -2,11 +2,12 @@
 /// have it.
 ///
 /// The rows are made of the very names and types with which the messages are sent (Classes.h, Selectors.h, private/).
-/// Methods of the public interface are not among them, nor are those of other people's libraries.
+/// Of the public interface only what later systems brought is among them; methods of other people's libraries are not.
 #pragma once
 
 #include "platform/MethodEntry.h"
 #include "platform/ios/Names.h"
+#include "platform/ios/Scenes.h"
 #include "platform/ios/private/AVSystemController.h"
 #include "platform/ios/private/AccessibilityUtilities.h"
 #include "platform/ios/private/QuartzCore.h"
@@ -60,6 +61,9 @@ inline constexpr std::array messageRows {
     message("SpringBoard", selectors::statusBarForEmbeddedDisplay, 16, 16),
     message("UIApplication", selectors::activeInterfaceOrientation, 9, 16),
     message("UIApplication", selectors::statusBar, 9, 16),
+    message("UIApplication", selectors::connectedScenes, 13, 16),
+    message("UIWindowScene", selectors::sceneScreen, 13, 16),
+    message("UIWindow", selectors::setWindowScene, 13, 16),
     messageToClass("SBAssistantController", selectors::sharedInstance, 9, 16),
     message("SBAssistantController", selectors::window, 9, 16),
     messageToClass("AXSpringBoardServer", selectors::server, 9, 16),

@@ -5,6 +5,7 @@
 #include "platform/CoreGraphics.h"
 #include "platform/ios/Abi.h"
 #include "platform/ios/Names.h"
+#include "platform/ios/Scenes.h"
 #include "platform/ios/private/SharedInstance.h"
 
 namespace panotra::ios::selectors {
@@ -55,9 +56,6 @@ inline constinit Selector<id()> sharedApplication { "sharedApplication" };
 inline constinit Selector<id()> mainScreen { "mainScreen" };
 inline constinit Selector<CGFloat()> scale { "scale" };
 inline constinit Selector<NSInteger()> type { "type" };
-/// UIApplication, a set, and what each of it may be asked. Since iOS 13.
-inline constinit Selector<id()> connectedScenes { "connectedScenes" };
-inline constinit Selector<id()> sceneScreen { "screen" };
 
 // UIView.
 inline constinit Selector<id(CGRect)> initWithFrame { "initWithFrame:" };
@@ -91,8 +89,6 @@ inline constinit Selector<void(double, double, NSUInteger, void (^)(), void (^)(
 // UIWindow.
 inline constinit Selector<void(CGFloat)> setWindowLevel { "setWindowLevel:" };
 inline constinit Selector<void()> makeKeyAndVisible { "makeKeyAndVisible" };
-/// Since iOS 13.
-inline constinit Selector<void(id)> setWindowScene { "setWindowScene:" };
 inline constinit Selector<id(CGPoint, id)> hitTest { "hitTest:withEvent:" };
 
 // CALayer.
