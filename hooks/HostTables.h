@@ -39,7 +39,9 @@ enum class Hook : std::uint8_t {
 enum class Turn : std::uint8_t {
     Always, ///< the oldest name that a method is known by
     OrElse, ///< only if none of the rows above it, back to the nearest `Always`, found its method
-    AndAlso, ///< only if the row above it found its method
+    /// Only if the row above it found its method; or if no row did, back to the nearest `Always`, and the class has not
+    /// what the row is there for as well.
+    AndAlso,
 };
 
 struct HookRow {
@@ -50,6 +52,7 @@ struct HookRow {
     int since; ///< the first system that has it, counted from iOS 9
     int until; ///< the last one, up to iOS 16
     Hook hook;
+    const char* insteadOf = nullptr; ///< an older method of the class, what it told comes with this one; null: none
 };
 
 using enum Turn;
@@ -72,8 +75,9 @@ inline constexpr std::array hookRows {
     HookRow { AndAlso, "SBRingerControl",    "activateRingerHUD:withInitialVolume:fromSource:",    "v@:ifQ",   16, 16, Hook::ActivateRingerHUD },
     HookRow { Always,  "SBHUDController",    "presentHUDView:autoDismissWithDelay:",               "v@:@d",     9, 12, Hook::PresentHUDView },
     HookRow { OrElse,  "SBHUDController",    "_presentHUD:animated:",                              "v@:@B",    13, 16, Hook::PresentHUD },
+    // Up to 12 the application has it, too, beside what it took the place of.
+    HookRow { AndAlso, "SpringBoard",        "noteInterfaceOrientationChanged:duration:logMessage:", "v@:qd@", 13, 16, Hook::NoteInterfaceOrientationChanged, "windowRotationDuration" },
     HookRow { Always,  "SBHUDController",    "reorientHUDIfNeeded:",                               "v@:B",      9, 12, Hook::ReorientHUDIfNeeded },
-    HookRow { OrElse,  "SpringBoard",        "noteInterfaceOrientationChanged:duration:logMessage:", "v@:qd@", 13, 16, Hook::NoteInterfaceOrientationChanged },
     HookRow { Always,  "VolumeControl",      "_presentVolumeHUDWithMode:volume:",                  "v@:if",     9, 12, Hook::PresentVolumeHUDWithMode },
     HookRow { OrElse,  "SBVolumeControl",    "_presentVolumeHUDWithVolume:",                       "v@:f",     13, 16, Hook::PresentVolumeHUD },
     HookRow { Always,  "UIStatusBar",        "setFrame:",    "v@:{CGRect={CGPoint=dd}{CGSize=dd}}",  9, 16, Hook::SetStatusBarFrame },

@@ -75,10 +75,22 @@ void install(std::span<const HookRow> rows)
     Class hostClass = nullptr;
     bool isFound = false; // a row since the last `Always` found its method
     bool isAboveFound = false; // the row above did
+    const auto isDue = [&](const HookRow& row) {
+        switch (row.turn) {
+        case Always:
+            return true;
+        case OrElse:
+            return !isFound;
+        case AndAlso:
+            return isAboveFound
+                || (!isFound && row.insteadOf != nullptr && !hasMethod(objc_getClass(row.className), row.insteadOf));
+        }
+        return false;
+    };
     for (const HookRow& row : rows) {
         if (row.turn == Always)
             isFound = isAboveFound = false;
-        if ((row.turn == OrElse && isFound) || (row.turn == AndAlso && !isAboveFound)) {
+        if (!isDue(row)) {
             isAboveFound = false;
             continue;
         }

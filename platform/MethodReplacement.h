@@ -19,4 +19,7 @@ void overrideInherited(Class hostClass, const char* selector, IMP callInherited)
 /// What an object of the class's superclass would run now. Null for a null class. From any thread.
 IMP inheritedImplementation(Class hostClass, SEL selector);
 
+/// Whether objects of the class have the instance method, inherited ones included. False for a null class.
+bool hasMethod(Class hostClass, const char* selector) noexcept;
+
 } // namespace panotra

@@ -74,4 +74,10 @@ IMP inheritedImplementation(Class hostClass, SEL selector)
     return superclass != nullptr ? class_getMethodImplementation(superclass, toRuntime(selector)) : nullptr;
 }
 
+bool hasMethod(Class hostClass, const char* selector) noexcept
+{
+    return hostClass != nullptr && selector != nullptr
+        && findMethod(toRuntime(hostClass), sel_registerName(selector)) != nullptr;
+}
+
 } // namespace panotra

@@ -21,4 +21,9 @@ IMP inheritedImplementation(Class hostClass, SEL selector)
     return hostClass == nullptr || hostClass->superclass == nullptr ? nullptr : hostClass->superclass->find(selector);
 }
 
+bool hasMethod(Class hostClass, const char* selector) noexcept
+{
+    return hostClass != nullptr && selector != nullptr && hostClass->find(sim::selector(selector)) != nullptr;
+}
+
 } // namespace panotra

@@ -105,6 +105,7 @@ std::vector<Operation> operationsOfTheRuntime()
                     nullptr, "init", [] {}, &previous);
                 return previous == nullptr;
             }),
+        operation("hasMethod", [] { return !hasMethod(nullptr, "init"); }),
         operation("retain", [] { retain(nullptr); }),
         operation("release", [] { release(nullptr); }),
         operation("autorelease", [] { return autorelease(nullptr) == nullptr; }),

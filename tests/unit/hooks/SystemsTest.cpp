@@ -231,6 +231,42 @@ TEST_F(OnTheNewest, TheHomeScreensMemoryOfTheRouteIsAskedWhereTheAudioServiceDoe
     EXPECT_TRUE(controller().pickedRoute().isEqualToString("HeadphonesBT"));
 }
 
+struct WithoutTheIndicatorsController : testing::MixerTest, ::testing::WithParamInterface<int> {
+    WithoutTheIndicatorsController()
+    {
+        takeShape(device, GetParam());
+        setClassPresent(device, "SBHUDController", false);
+        storeLevels(0.5);
+    }
+    bool isTurnHooked() const
+    {
+        return std::ranges::any_of(eventsOf("hook"), [](const sim::Json& event) {
+            return event["method"] == "noteInterfaceOrientationChanged:duration:logMessage:";
+        });
+    }
+};
+
+TEST_P(WithoutTheIndicatorsController, ATurnIsHookedOnlyWhereItsDurationComesWithIt)
+{
+    load();
+    EXPECT_EQ(isTurnHooked(), GetParam() >= 15);
+}
+
+TEST_P(WithoutTheIndicatorsController, ATurnTakesAsLongAsTheHomeScreenSaysAllTheSame)
+{
+    show(panel);
+    device.home->rotationDuration = 0.5;
+    device.screen->orientation = 3;
+    if (GetParam() >= 10)
+        sim::send<void, std::int64_t, double, HostObject*>(device.home->shared("SpringBoard"),
+            sim::selector("noteInterfaceOrientationChanged:duration:logMessage:"), 3, 0.5, nullptr);
+    forgetEvents();
+    controller().layoutSubviews();
+    EXPECT_EQ(durations().at(0), 0.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, WithoutTheIndicatorsController, ::testing::Range(systems::oldest, systems::newest + 1));
+
 using OnSystemsBetween = testing::HomeScreenTest;
 
 /// Old names come first: a later system's method beside them is not hooked as well.
