@@ -58,6 +58,14 @@ template <typename Handle> Handle askClass(const char* className, const char* se
     return retained<Handle>(sim::call<HostObject*>(method->second, nullptr, name));
 }
 
+/// The object that a class answers. A device that has taken no system's shape keeps no table of such methods: the
+/// shared object of the class stands for the answer.
+template <typename Handle> Handle sharedBy(const char* className, const char* selector)
+{
+    const sim::Device* const device = sim::Device::current();
+    return device != nullptr && device->system ? askClass<Handle>(className, selector) : shared<Handle>(className);
+}
+
 /// Sends a message to a handle's object. Null, and a method that the object does not have, answer Result().
 template <typename Result, typename... Arguments>
 Result send(const NSObject& receiver, const char* selector, Arguments... arguments)

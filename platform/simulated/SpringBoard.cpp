@@ -62,7 +62,7 @@ UIView SpringBoard::statusBarForEmbeddedDisplay() const noexcept
 
 VolumeControl VolumeControl::sharedVolumeControl() noexcept
 {
-    return simulated::shared<VolumeControl>("VolumeControl");
+    return simulated::sharedBy<VolumeControl>("VolumeControl", "sharedVolumeControl");
 }
 
 VolumeControl VolumeControl::sharedInstance() noexcept

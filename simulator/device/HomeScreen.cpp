@@ -138,7 +138,9 @@ HostObject* HomeScreen::statusBar()
 
 HostObject* HomeScreen::windowScene()
 {
-    return m_implementation->device.system ? shared("SBWindowScene") : nullptr;
+    const bool hasScenes = isOfTheSystem(m_implementation->device, "SBWindowScene")
+        && m_implementation->classes().find("UIWindowScene") != nullptr;
+    return hasScenes ? shared("SBWindowScene") : nullptr;
 }
 
 void HomeScreen::showIndicator(double level, double stay)

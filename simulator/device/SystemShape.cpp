@@ -15,6 +15,7 @@ namespace panotra::sim {
 namespace {
 
 using systems::allRows;
+using systems::Caller;
 using systems::Kind;
 using systems::Place;
 using systems::Row;
@@ -103,11 +104,18 @@ void setClassPresent(Device& device, const std::string& name, bool present)
     }
 }
 
+bool isOfTheSystem(const Device& device, const char* className)
+{
+    return device.system && std::ranges::any_of(allRows(), [&](const Row& row) {
+        return row.kind == Kind::Class && row.isOn(*device.system) && std::string_view(row.owner) == className;
+    });
+}
+
 bool isCalledOnAudioQueue(const Device& device, const char* className, const char* method)
 {
     return device.system && std::ranges::any_of(allRows(), [&](const Row& row) {
-        return row.isOn(*device.system) && row.caller == systems::Caller::AudioQueue
-            && std::string_view(row.owner) == className && std::string_view(row.name) == method;
+        return row.isOn(*device.system) && row.caller == Caller::AudioQueue && std::string_view(row.owner) == className
+            && std::string_view(row.name) == method;
     });
 }
 

@@ -14,6 +14,9 @@ void takeShape(Device& device, int system);
 /// says of the buttons' class it says of the buttons.
 void setClassPresent(Device& device, const std::string& name, bool present);
 
+/// Whether the device has taken a shape, and that system has the class.
+bool isOfTheSystem(const Device& device, const char* className);
+
 /// Whether the device's system calls the method on a queue of the audio service's own.
 bool isCalledOnAudioQueue(const Device& device, const char* className, const char* method);
 

@@ -219,6 +219,23 @@ TEST_P(SystemShape, WhatIsLackingIsLackingWithWhatTookItsPlace)
     EXPECT_THAT(eventNames(), ElementsAre("indicator", "ringer", "indicator", "reoriented"));
 }
 
+TEST_P(SystemShape, AClassOfOtherSystemsIsThereWithoutWhatItDoesThere)
+{
+    setClassPresent(device, "VolumeControl", true);
+    const HostClass& buttons = classNamed("VolumeControl");
+    EXPECT_EQ(buttons.classMethods.contains(selector("sharedVolumeControl")), !isLater(13));
+    setClassPresent(device, "SBWindowScene", true);
+    EXPECT_EQ(device.home->windowScene() != nullptr, isLater(16)) << "below, windows belong to no scenes";
+}
+
+TEST_P(SystemShape, AWindowIsSeenWithoutASceneWhereScenesAreLacking)
+{
+    setClassPresent(device, "UIWindowScene", false);
+    Window& window = make<Window>("UIWindow");
+    window.makeKeyAndVisible();
+    EXPECT_TRUE(window.shown);
+}
+
 INSTANTIATE_TEST_SUITE_P(Each, SystemShape, ::testing::Range(systems::oldest, systems::newest + 1));
 
 /// A process that takes no shape has nothing that a later system brought.
