@@ -56,7 +56,7 @@ void joinScene(const UIWindow& window)
 {
     if (objc_getClass("UIWindowScene") == nullptr)
         return;
-    if (const UIWindowScene scene = UIApplication::sharedApplication().connectedWindowScene())
+    if (const UIWindowScene scene = UIApplication::current().connectedWindowScene())
         window.setWindowScene(scene);
 }
 

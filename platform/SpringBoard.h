@@ -32,6 +32,8 @@ public:
     using NSObject::NSObject;
 
     static UIApplication sharedApplication() noexcept;
+    /// The same object by the name of whichever of its classes the process knows: this one, or the home screen's own.
+    static UIApplication current() noexcept;
     /// Private. 1 portrait, 2 upside down, 3 and 4 the two landscapes; 0 unknown.
     std::int64_t activeInterfaceOrientation() const noexcept;
     /// Private.
@@ -77,13 +79,20 @@ public:
     UIWindow window() const noexcept;
 };
 
+inline UIApplication UIApplication::current() noexcept
+{
+    if (UIApplication application = sharedApplication())
+        return application;
+    return SpringBoard::sharedApplication();
+}
+
 inline VolumeControl VolumeControl::current() noexcept
 {
     if (VolumeControl buttons = sharedVolumeControl())
         return buttons;
     if (VolumeControl buttons = sharedInstance())
         return buttons;
-    return UIApplication::sharedApplication().volumeControl();
+    return UIApplication::current().volumeControl();
 }
 
 } // namespace panotra

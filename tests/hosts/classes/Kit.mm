@@ -8,6 +8,7 @@
 #include "tests/hosts/DeviceCalls.h"
 #include "tests/hosts/Hostility.h"
 #include "tests/hosts/Values.h"
+#include "tests/hosts/classes/SystemClasses.h"
 
 #include <objc/runtime.h>
 
@@ -167,7 +168,7 @@ extern "C" NSData* UIImagePNGRepresentation(id image)
 
 + (id)sharedApplication
 {
-    return hosts::hostObjectFor(hosts::device().home->shared("UIApplication"));
+    return hosts::hostObjectFor(hosts::device().home->shared(hosts::nameOfClass(self)));
 }
 
 - (long)activeInterfaceOrientation
