@@ -230,12 +230,13 @@ void HomeScreen::release(Button button)
 void HomeScreen::presentHUD(double autoDismissDelay)
 {
     requestedStay = autoDismissDelay;
-    HostObject* const view = m_implementation->autoreleased<View>("UIView");
     HostObject* const controller = shared("SBHUDController");
     if (knows(controller, "presentHUDView:autoDismissWithDelay:"))
-        send<void>(controller, selector("presentHUDView:autoDismissWithDelay:"), view, autoDismissDelay);
-    else
-        send<void>(controller, selector("_presentHUD:animated:"), view, true);
+        send<void>(controller, selector("presentHUDView:autoDismissWithDelay:"),
+            m_implementation->autoreleased<View>("UIView"), autoDismissDelay);
+    else if (knows(controller, "_presentHUD:animated:"))
+        send<void>(controller, selector("_presentHUD:animated:"),
+            m_implementation->autoreleased<HostObject>("_SBHUDModel"), true);
 }
 
 void HomeScreen::presentVolumeHUD(std::int64_t mode, float level)

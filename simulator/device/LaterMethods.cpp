@@ -69,8 +69,6 @@ HostObject* statusBarForEmbeddedDisplay(HostObject*, Selector)
     return process().home->statusBar();
 }
 
-void addActiveOrientationObserver(HostObject*, Selector, HostObject*) { }
-
 HostObject* activeAudioRoute(HostObject*, Selector)
 {
     HostObject* const attribute = autoreleasedString("AVController_ActiveAudioRouteAttribute");
@@ -96,11 +94,6 @@ HostObject* screenOfScene(HostObject*, Selector)
 void setWindowScene(HostObject* self, Selector, HostObject* scene)
 {
     static_cast<Window*>(self)->setScene(scene);
-}
-
-HostObject* windowScene(HostObject* self, Selector)
-{
-    return static_cast<Window*>(self)->scene;
 }
 
 // Ways to shared objects
@@ -132,14 +125,9 @@ HostClass::Implementation laterImplementation(std::string_view className, std::s
         { "SBRingerControl", "activateRingerHUD:withInitialVolume:fromSource:", implementation(activateRingerHUD) },
         { "SpringBoard",
             "noteInterfaceOrientationChanged:duration:logMessage:", implementation(noteInterfaceOrientationChanged) },
-        { "SpringBoard", "addActiveOrientationObserver:", implementation(addActiveOrientationObserver) },
         { "SpringBoard", "activeInterfaceOrientation", implementation(screenOrientation) },
-        { "SpringBoard", "statusBarOrientationForEmbeddedDisplay", implementation(screenOrientation) },
         { "SpringBoard", "statusBarForEmbeddedDisplay", implementation(statusBarForEmbeddedDisplay) },
         { "SpringBoard", "volumeControl", implementation(sharedObject<"SBVolumeControl">) },
-        { "SpringBoard", "ringerControl", implementation(sharedObject<"SBRingerControl">) },
-        { "SBMainWorkspace", "sharedInstance", implementation(sharedObject<"SBMainWorkspace">) },
-        { "SBMainWorkspace", "ringerControl", implementation(sharedObject<"SBRingerControl">) },
         { "SBAVSystemControllerCache", "sharedInstance", implementation(sharedObject<"SBAVSystemControllerCache">) },
         { "SBAVSystemControllerCache", "activeAudioRoute", implementation(activeAudioRoute) },
         { "VolumeControl", "sharedVolumeControl", implementation(sharedObject<"VolumeControl">) },
@@ -150,7 +138,6 @@ HostClass::Implementation laterImplementation(std::string_view className, std::s
         { "UIApplication", "connectedScenes", implementation(connectedScenes) },
         { "UIWindowScene", "screen", implementation(screenOfScene) },
         { "UIWindow", "setWindowScene:", implementation(setWindowScene) },
-        { "UIWindow", "windowScene", implementation(windowScene) },
     };
     const auto row = std::ranges::find_if(
         methods, [&](const PlatformMethod& each) { return className == each.className && method == each.selector; });

@@ -41,6 +41,12 @@ void shapeClasses(ClassTable& classes, int system)
     }
 }
 
+/// Of methods that are there and that nobody calls.
+std::int64_t answerNothing(HostObject*, const HostSelector*)
+{
+    return 0;
+}
+
 void shapeMethod(ClassTable& classes, const Row& row, int system)
 {
     HostClass& owner = classes.platformClass(row.owner);
@@ -48,8 +54,12 @@ void shapeMethod(ClassTable& classes, const Row& row, int system)
     const HostSelector* const name = selector(row.name);
     if (!isOn(row, system) || row.place == Place::Inherited)
         methods.erase(name);
-    else if (const auto implementation = laterImplementation(row.owner, row.name))
-        methods[name] = implementation;
+    else if (!row.isOn(system))
+        return; // another row of the same method is
+    else if (row.caller == Caller::Nobody)
+        methods[name] = implementation(answerNothing);
+    else if (const auto later = laterImplementation(row.owner, row.name))
+        methods[name] = later;
 }
 
 /// What the device keeps for an instance variable of the buttons' object.

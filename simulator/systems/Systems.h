@@ -27,8 +27,9 @@ enum class Kind {
 
 enum class Place { Own, Inherited };
 
-/// Who calls a method: the main thread, or a queue of the audio service's own.
-enum class Caller { Main, AudioQueue };
+/// Who calls a method: the main thread, a queue of the audio service's own, or, as far as the mixer and its host go,
+/// nobody. What nobody calls is there all the same, and answers nothing.
+enum class Caller { Main, AudioQueue, Nobody };
 
 struct Row {
     const char* owner; ///< the class

@@ -64,23 +64,6 @@ using namespace panotra;
 
 @end
 
-@interface LaterSBMainWorkspace : DeviceObject
-@end
-
-@implementation LaterSBMainWorkspace
-
-+ (id)sharedInstance
-{
-    return sharedObject("SBMainWorkspace");
-}
-
-- (id)ringerControl
-{
-    return sharedObject("SBRingerControl");
-}
-
-@end
-
 // The application.
 
 @interface LaterSpringBoard : DeviceObject
@@ -94,16 +77,7 @@ using namespace panotra;
         hosts::deviceObjectFor(message));
 }
 
-- (void)addActiveOrientationObserver:(id)observer
-{
-}
-
 - (long)activeInterfaceOrientation
-{
-    return hosts::device().screen->orientation;
-}
-
-- (long)statusBarOrientationForEmbeddedDisplay
 {
     return hosts::device().screen->orientation;
 }
@@ -116,11 +90,6 @@ using namespace panotra;
 - (id)volumeControl
 {
     return updatedButtons(sharedObject("SBVolumeControl"));
-}
-
-- (id)ringerControl
-{
-    return sharedObject("SBRingerControl");
 }
 
 @end
@@ -179,11 +148,6 @@ using namespace panotra;
 - (void)setWindowScene:(id)scene
 {
     hosts::peerAs<sim::Window>(self)->setScene(hosts::peerOf(scene));
-}
-
-- (id)windowScene
-{
-    return hosts::hostObjectFor(hosts::peerAs<sim::Window>(self)->scene);
 }
 
 @end

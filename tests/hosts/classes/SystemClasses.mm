@@ -21,6 +21,7 @@ namespace panotra::hosts {
 namespace {
 
 using systems::allRows;
+using systems::Caller;
 using systems::Kind;
 using systems::Place;
 using systems::Row;
@@ -77,6 +78,13 @@ void addMethods(Class target, Class source, Kind kind, const char* owner, int sy
     std::free(methods);
 }
 
+/// Of methods that are there and that nobody calls.
+id answerNothing(id, SEL)
+{
+    return nil;
+}
+
+/// Every method that the process of the system gives the class of that name.
 void addMethods(Class target, const char* owner, int system)
 {
     for (const std::string& source : { "Later" + std::string(owner), std::string(owner) }) {
@@ -84,6 +92,11 @@ void addMethods(Class target, const char* owner, int system)
         addMethods(target, compiled, Kind::Method, owner, system);
         addMethods(object_getClass(target), compiled == Nil ? Nil : object_getClass(compiled), Kind::ClassMethod, owner,
             system);
+    }
+    for (const Row& row : allRows()) {
+        if (isMethod(row) && row.isOn(system) && row.caller == Caller::Nobody && std::string_view(row.owner) == owner)
+            class_addMethod(row.kind == Kind::Method ? target : object_getClass(target), sel_registerName(row.name),
+                reinterpret_cast<IMP>(answerNothing), row.type);
     }
 }
 

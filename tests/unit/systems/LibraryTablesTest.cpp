@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <string_view>
@@ -145,6 +146,25 @@ TEST(TablesOfTheLibrary, HookOneMethodOfEachKindOnEverySystem)
                 ++inTurn;
         }
         conclude();
+    }
+}
+
+/// What nobody calls is marked so, and nothing else is. The host calls two by itself: an override, and a public method.
+TEST(TablesOfTheLibrary, SayOfEveryMethodOfTheSystemsWhetherAnybodyCallsIt)
+{
+    std::vector<Claim> claims = claimsOfHooks();
+    for (Claim& claim : claimsOfMessages())
+        claims.push_back(std::move(claim));
+    claims.push_back({ Kind::Method, "SpringBoard", "activeInterfaceOrientation", "", oldest, newest });
+    claims.push_back({ Kind::Method, "UIEvent", "type", "", oldest, newest });
+    for (const Row& row : allRows()) {
+        if (row.kind != Kind::Method && row.kind != Kind::ClassMethod)
+            continue;
+        const bool isCalled = std::ranges::any_of(claims, [&row](const Claim& claim) {
+            return claim.kind == row.kind && claim.owner == row.owner && claim.name == row.name
+                && claim.since <= row.until && row.since <= claim.until;
+        });
+        EXPECT_EQ(isCalled, row.caller != Caller::Nobody) << row.owner << ' ' << row.name << ' ' << row.since;
     }
 }
 
