@@ -3,7 +3,7 @@
 #   panotra_add_logic(NAME SOURCES … LIBRARIES …)    a static library of the logic: no exceptions, no RTTI
 #   panotra_add_library(NAME SOURCES … LIBRARIES …)  a static library of the simulator
 #   panotra_add_test(NAME SOURCES … LIBRARIES …)     a GoogleTest program, which is a test of ctest
-#   panotra_find_scenarios(VARIABLE)                 every scenario that is a test, an example or a picture
+#   panotra_find_scenarios(VARIABLE)                 every scenario that is a test, an example or a picture, or of an odd process
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -105,6 +105,7 @@ function(panotra_find_scenarios variable)
     file(GLOB found CONFIGURE_DEPENDS
         "${PROJECT_SOURCE_DIR}/tests/scenarios/*/*/scenario"
         "${PROJECT_SOURCE_DIR}/tests/pictures/*/scenario"
-        "${PROJECT_SOURCE_DIR}/examples/*.scenario")
+        "${PROJECT_SOURCE_DIR}/examples/*.scenario"
+        "${PROJECT_SOURCE_DIR}/tests/systems/processes/*.scenario")
     set(${variable} ${found} PARENT_SCOPE)
 endfunction()

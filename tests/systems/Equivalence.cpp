@@ -1,6 +1,8 @@
 /// The differences, each in its place.
 #include "tests/systems/Equivalence.h"
 
+#include <algorithm>
+#include <array>
 #include <optional>
 #include <sstream>
 #include <string_view>
@@ -24,20 +26,92 @@ bool isLine(const std::string& line, std::initializer_list<std::string_view> beg
     return words.size() >= beginning.size() && std::equal(beginning.begin(), beginning.end(), words.begin());
 }
 
-bool hasLine(const std::string& scenario, std::initializer_list<std::string_view> beginning)
+/// The last word on a class.
+bool isLacking(const std::string& scenario, std::string_view className)
 {
+    bool lacking = false;
     std::istringstream stream(scenario);
     for (std::string line; std::getline(stream, line);) {
-        if (isLine(line, beginning))
-            return true;
+        if (isLine(line, { "lack", className }))
+            lacking = true;
+        else if (isLine(line, { "have", className }))
+            lacking = false;
     }
-    return false;
+    return lacking;
 }
 
-/// A change of the orientation is told to a method of the application's class.
+/// A change of the orientation is told to a method of the application's class, if to anybody.
 bool isReorientationUnheard(const std::string& scenario, int system)
 {
-    return system >= 13 && hasLine(scenario, { "lack", "SpringBoard" });
+    return system >= 13 && (isLacking(scenario, "SpringBoard") || isLacking(scenario, "SBHUDController"));
+}
+
+// Hooks of later systems.
+
+struct Successor {
+    const char* className;
+    const char* method;
+    int since = 13;
+};
+
+constexpr Successor turning { "SpringBoard", "noteInterfaceOrientationChanged:duration:logMessage:" };
+
+struct MovedHook {
+    const char* className;
+    const char* method;
+    std::array<Successor, 3> successors; ///< as many as have names
+};
+
+constexpr MovedHook movedHooks[] = {
+    { "SBMediaController", "setRingerMuted:",
+        { { { "SBRingerControl", "setRingerMuted:" }, { "SBRingerControl", "activateRingerHUDFromMuteSwitch:" },
+            { "SBRingerControl", "activateRingerHUD:withInitialVolume:fromSource:", 16 } } } },
+    { "SBHUDController",
+        "presentHUDView:autoDismissWithDelay:", { { { "SBHUDController", "_presentHUD:animated:" }, turning, {} } } },
+    { "SBHUDController", "reorientHUDIfNeeded:", {} },
+    { "VolumeControl",
+        "_presentVolumeHUDWithMode:volume:", { { { "SBVolumeControl", "_presentVolumeHUDWithVolume:" }, {}, {} } } },
+};
+
+/// What is hooked on a later system where other systems hook `event`.
+std::vector<sim::Json> successorsOf(const sim::Json& event, const std::string& scenario, int system)
+{
+    const auto moved = std::ranges::find_if(movedHooks, [&](const MovedHook& each) {
+        return system >= 13 && event["class"] == each.className && event["method"] == each.method;
+    });
+    if (moved == std::end(movedHooks))
+        return { event };
+    std::vector<sim::Json> hooks;
+    for (const Successor& each : moved->successors) {
+        if (each.className == nullptr || system < each.since || isLacking(scenario, each.className))
+            continue;
+        hooks.push_back(event);
+        hooks.back()["class"] = each.className;
+        hooks.back()["method"] = each.method;
+    }
+    return hooks;
+}
+
+/// Where the duration of a rotation comes with the change of the orientation alone, that change is hooked also without
+/// an indicator: behind the hooks of what stands before the indicator in the library's table.
+void addTurningWithoutIndicator(std::vector<sim::Json>& events, const std::string& scenario, int system)
+{
+    if (system < 15 || !isLacking(scenario, "SBHUDController"))
+        return;
+    constexpr std::string_view classesBefore[]
+        = { "SpringBoard", "AVSystemController", "SBSoundController", "SBRingerControl" };
+    const auto last = std::find_if(events.rbegin(), events.rend(), [&](const sim::Json& event) {
+        return event["event"] == "hook"
+            && std::ranges::count(classesBefore, event["class"].get_ref<const std::string&>()) > 0;
+    });
+    const bool isInHomeScreen = std::ranges::any_of(
+        events, [](const sim::Json& event) { return event["event"] == "hook" && event["class"] == turning.className; });
+    if (!isInHomeScreen)
+        return;
+    sim::Json hook = *last;
+    hook["class"] = turning.className;
+    hook["method"] = turning.method;
+    events.insert(last.base(), std::move(hook));
 }
 
 void flattenCorners(sim::Json& node)
@@ -94,9 +168,14 @@ std::string equivalentOf(const std::string& scenario, int system)
 
 std::vector<sim::Json> expectedOn(const std::vector<sim::Json>& events, const std::string& scenario, int system)
 {
-    const bool isAssistantReached = system < 13 || hasLine(scenario, { "lack", "AXSpringBoardServer" });
+    const bool isAssistantReached = system < 13 || isLacking(scenario, "AXSpringBoardServer");
     std::vector<sim::Json> expected;
-    for (sim::Json event : withoutHooks(events)) {
+    for (sim::Json event : events) {
+        if (event["event"] == "hook") {
+            for (sim::Json& hook : successorsOf(event, scenario, system))
+                expected.push_back(std::move(hook));
+            continue;
+        }
         if (event["event"] == "assistant" && !isAssistantReached)
             continue;
         if (event["event"] == "indicator" && system >= 13)
@@ -105,17 +184,8 @@ std::vector<sim::Json> expectedOn(const std::vector<sim::Json>& events, const st
             flattenCorners(event["root"]);
         expected.push_back(std::move(event));
     }
+    addTurningWithoutIndicator(expected, scenario, system);
     return expected;
-}
-
-std::vector<sim::Json> withoutHooks(const std::vector<sim::Json>& events)
-{
-    std::vector<sim::Json> others;
-    for (const sim::Json& event : events) {
-        if (event["event"] != "hook")
-            others.push_back(event);
-    }
-    return others;
 }
 
 } // namespace panotra::testing

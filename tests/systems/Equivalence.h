@@ -17,9 +17,8 @@ std::string onSystem(const std::string& scenario, int system);
 /// the rotation is told with the change of the orientation where it comes with it.
 std::string equivalentOf(const std::string& scenario, int system);
 
-/// What the system makes of the events of that other scenario. Which hooks are installed is the system's own affair:
-/// they are left out on both sides.
+/// What the system makes of the events of that other scenario. What is hooked there is hooked here, or, from 13 on,
+/// what took its place.
 std::vector<sim::Json> expectedOn(const std::vector<sim::Json>& events, const std::string& scenario, int system);
-std::vector<sim::Json> withoutHooks(const std::vector<sim::Json>& events);
 
 } // namespace panotra::testing
