@@ -1,13 +1,16 @@
-/// Each of the twelve hooks among hooks of other libraries, and called from inside one another.
+/// Each hook among hooks of other libraries, and called from inside one another: those of a process that has taken no
+/// system's shape, and those that later systems have instead.
 #include "tests/hosts/HostTest.h"
 
 #include "tests/hosts/LibraryImage.h"
 #include "tests/hosts/classes/UIKit.h"
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <optional>
 #include <ostream>
+#include <span>
 #include <string_view>
 
 namespace panotra::testing {
@@ -41,6 +44,7 @@ struct Hooking<Method, Place, Result(Arguments...)> {
 };
 
 struct HookedMethod {
+    std::optional<int> system; ///< whose process has it
     const char* name;
     const char* className;
     const char* selector;
@@ -59,11 +63,12 @@ void PrintTo(const HookedMethod& method, std::ostream* stream)
 
 template <int Method, typename Type>
 HookedMethod method(const char* name, const char* className, const char* selector, const char* event,
-    void (*call)(sim::HomeScreen& home))
+    void (*call)(sim::HomeScreen& home), std::optional<int> system = std::nullopt)
 {
     using Before = Hooking<Method, 0, Type>;
     using After = Hooking<Method, 1, Type>;
-    return { name, className, selector, event, call, Before::other, After::other, Before::install, After::install };
+    return { system, name, className, selector, event, call, Before::other, After::other, Before::install,
+        After::install };
 }
 
 const HookedMethod hookedMethods[] = {
@@ -94,6 +99,46 @@ const HookedMethod hookedMethods[] = {
         [](sim::HomeScreen& home) { home.setStatusBarFrame("_UIStatusBar", 0, 0, 320, 20); }),
 };
 
+/// What took the place of others, where all of it is there.
+template <int Method, typename Type>
+HookedMethod later(const char* name, const char* className, const char* selector, const char* event,
+    void (*call)(sim::HomeScreen& home))
+{
+    return method<Method, Type>(name, className, selector, event, call, 16);
+}
+
+void sendToRinger(sim::HomeScreen& home, const char* method, auto... arguments)
+{
+    sim::send<void>(home.shared("SBRingerControl"), sim::selector(method), arguments...);
+}
+
+const HookedMethod laterMethods[] = {
+    later<12, void(BOOL)>("LaterRinger", "SBRingerControl", "setRingerMuted:", "ringer",
+        [](sim::HomeScreen& home) { home.setRingerMuted(true); }),
+    later<13, void(int)>("RingerIndicator", "SBRingerControl", "activateRingerHUDFromMuteSwitch:", "indicator",
+        [](sim::HomeScreen& home) { sendToRinger(home, "activateRingerHUDFromMuteSwitch:", std::int32_t { 1 }); }),
+    later<14, void(int, float, unsigned long)>("RingerIndicatorWithLevel", "SBRingerControl",
+        "activateRingerHUD:withInitialVolume:fromSource:", "indicator",
+        [](sim::HomeScreen& home) {
+            sendToRinger(
+                home, "activateRingerHUD:withInitialVolume:fromSource:", std::int32_t { 1 }, 0.5f, std::uint64_t { 2 });
+        }),
+    later<15, void(id, BOOL)>("LaterIndicator", "SBHUDController", "_presentHUD:animated:", "indicator",
+        [](sim::HomeScreen& home) { home.presentHUD(1); }),
+    later<16, void(long, double, id)>("Turn", "SpringBoard", "noteInterfaceOrientationChanged:duration:logMessage:",
+        "reoriented", [](sim::HomeScreen& home) { home.reorientHUD(true); }),
+    later<17, void(float)>("LaterVolumeIndicator", "SBVolumeControl", "_presentVolumeHUDWithVolume:", "indicator",
+        [](sim::HomeScreen& home) { home.presentVolumeHUD(0, 0.5f); }),
+};
+
+/// The methods that stand in one process with this one.
+std::span<const HookedMethod> methodsBeside(const HookedMethod& method)
+{
+    if (method.system)
+        return laterMethods;
+    return hookedMethods;
+}
+
 const HookedMethod& shake = hookedMethods[0];
 const HookedMethod& setVolume = hookedMethods[4];
 
@@ -109,7 +154,13 @@ std::string nameOf(const ::testing::TestParamInfo<HookedMethod>& info)
     return info.param.name;
 }
 
-class HookedMethodTest : public HostTest, public ::testing::WithParamInterface<HookedMethod> { };
+class HookedMethodTest : public HostTest, public ::testing::WithParamInterface<HookedMethod> {
+protected:
+    HookedMethodTest()
+        : HostTest(GetParam().system)
+    {
+    }
+};
 
 /// The shake's own implementation is never run, so that nothing can be called from inside it.
 class CallsInside : public HookedMethodTest { };
@@ -137,10 +188,10 @@ TEST_P(CallsInside, OfAnyHookedMethodAllArrive)
     constexpr int deepest = 20;
     haveAllClasses(device);
     const HookedMethod& outer = GetParam();
-    for (const HookedMethod& method : hookedMethods)
+    for (const HookedMethod& method : methodsBeside(outer))
         method.installBefore(method.className, method.selector);
     launch();
-    for (const HookedMethod& inner : hookedMethods) {
+    for (const HookedMethod& inner : methodsBeside(outer)) {
         SCOPED_TRACE(inner.name);
         device.home->setRingerMuted(false); // no program has just set a volume
         pass();
@@ -185,6 +236,32 @@ TEST_P(CallsInside, ThatRaiseReachTheCaller)
 INSTANTIATE_TEST_SUITE_P(Hostile, HookedMethodTest, ::testing::ValuesIn(hookedMethods), nameOf);
 INSTANTIATE_TEST_SUITE_P(
     Hostile, CallsInside, ::testing::ValuesIn(std::begin(hookedMethods) + 1, std::end(hookedMethods)), nameOf);
+INSTANTIATE_TEST_SUITE_P(Later, HookedMethodTest, ::testing::ValuesIn(laterMethods), nameOf);
+INSTANTIATE_TEST_SUITE_P(Later, CallsInside, ::testing::ValuesIn(laterMethods), nameOf);
+
+/// A hook that nobody tries is missing above.
+struct HooksOfEachSystem : HostTest, ::testing::WithParamInterface<int> {
+    HooksOfEachSystem()
+        : HostTest(GetParam())
+    {
+    }
+};
+
+TEST_P(HooksOfEachSystem, AreAmongThoseThatAreTried)
+{
+    load();
+    EXPECT_GT(countOf("hook"), 10u);
+    for (const sim::Json& event : events) {
+        const auto isTried = [&event](const HookedMethod& method) {
+            return event["class"] == method.className && event["method"] == method.selector;
+        };
+        EXPECT_TRUE(event["event"] != "hook" || std::ranges::any_of(hookedMethods, isTried)
+            || std::ranges::any_of(laterMethods, isTried))
+            << event;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Later, HooksOfEachSystem, ::testing::Values(9, 13, 16));
 
 using LibraryLoadedAgain = HostTest;
 
