@@ -29,6 +29,7 @@ class HomeScreen;
 class PreferenceDomains;
 class RunLoop;
 class Screen;
+class SoundService;
 class Touches;
 
 class Device {
@@ -72,7 +73,8 @@ public:
     std::unique_ptr<ClassTable> classes; ///< classes by name, registration, live objects
     std::unique_ptr<PreferenceDomains> preferences; ///< domains in memory or as files
     std::unique_ptr<DarwinNotifications> darwin; ///< names, tokens, states, observers
-    std::unique_ptr<AudioService> audio; ///< levels by category, route, active category, echo
+    std::unique_ptr<AudioService> audio; ///< levels by category, route, active category, echo: in memory
+    SoundService* sound; ///< who makes the sound: `audio`, unless whoever drives the device says otherwise
     std::unique_ptr<Screen> screen; ///< size, scale, orientation, status bar
     std::unique_ptr<HomeScreen> home; ///< the process's own classes, and the events that drive them
     std::unique_ptr<Touches> touches; ///< fingers, hit tests and recognisers

@@ -213,11 +213,11 @@ void HomeScreen::setVolume(const std::string& category, float level)
 void HomeScreen::press(Button button)
 {
     (button == Button::Up ? volumeUpIsDown : volumeDownIsDown) = true;
-    AudioService& audio = *m_implementation->device.audio;
-    const std::string category = audio.activeCategory;
+    SoundService& sound = *m_implementation->device.sound;
+    const std::string category = sound.categoryInUse();
     const double step = button == Button::Up ? volumeStep : -volumeStep;
-    const auto level = static_cast<float>(std::clamp(double { audio.level(category) } + step, 0.0, 1.0));
-    audio.store(category, level);
+    const auto level = static_cast<float>(std::clamp(double { sound.level(category) } + step, 0.0, 1.0));
+    sound.store(category, level);
     announceChange(category, level);
     presentVolumeHUD(volumeMode, level);
 }

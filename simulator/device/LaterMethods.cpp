@@ -21,7 +21,7 @@ namespace {
 void presentHUD(HostObject*, Selector self, HostObject*, bool)
 {
     process().trace("indicator", [self] { return Json { { "by", self->name } }; });
-    const double level = process().audio->level(process().audio->activeCategory);
+    const double level = process().sound->level(process().sound->categoryInUse());
     process().home->showIndicator(level, process().home->requestedStay);
 }
 
@@ -36,7 +36,7 @@ void presentVolumeHUDWithVolume(HostObject*, Selector self, float level)
 void activateRingerHUDFromMuteSwitch(HostObject*, Selector self, std::int32_t)
 {
     process().trace("indicator", [self] { return Json { { "by", self->name } }; });
-    process().home->showIndicator(process().audio->level("Ringtone"));
+    process().home->showIndicator(process().sound->level("Ringtone"));
 }
 
 void activateRingerHUD(HostObject*, Selector self, std::int32_t, float level, std::uint64_t)

@@ -45,11 +45,12 @@ void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announce
 
 bool getActiveCategoryVolume(HostObject*, Selector, float* level, HostObject** name, HostObject*)
 {
-    const AudioService& audio = *process().audio;
+    const SoundService& sound = *process().sound;
+    const std::string category = sound.categoryInUse();
     if (level != nullptr)
-        *level = audio.level(audio.activeCategory);
+        *level = sound.level(category);
     if (name != nullptr)
-        *name = autoreleasedString(audio.activeCategory);
+        *name = autoreleasedString(category);
     process().trace("activeVolume", [name] { return Json { { "named", name != nullptr } }; });
     return true;
 }
@@ -62,10 +63,10 @@ bool setVolume(HostObject*, Selector, float level, HostObject* categoryObject)
     const std::string* const category = textOf(categoryObject);
     if (category == nullptr)
         return true;
-    AudioService& audio = *process().audio;
-    const bool isNew = !audio.hasLevel(*category) || audio.level(*category) != level;
-    audio.store(*category, level);
-    if (audio.echo && isNew) {
+    SoundService& sound = *process().sound;
+    const bool isNew = !sound.hasLevel(*category) || sound.level(*category) != level;
+    sound.store(*category, level);
+    if (sound.announcesSetLevels() && isNew) {
         HomeScreen& home = *process().home;
         process().runLoop->defer([&home, category = *category, level] { home.announceChange(category, level); });
     }
@@ -77,14 +78,14 @@ bool getVolume(HostObject*, Selector, float* level, HostObject* categoryObject)
     const std::string* const category = textOf(categoryObject);
     if (category == nullptr || level == nullptr)
         return false;
-    *level = process().audio->level(*category);
+    *level = process().sound->level(*category);
     return true;
 }
 
 HostObject* attributeForKey(HostObject*, Selector, HostObject* key)
 {
     const std::string* const name = textOf(key);
-    const auto& route = process().audio->route;
+    const auto route = process().sound->activeRoute();
     if (name == nullptr || *name != "AVController_ActiveAudioRouteAttribute" || !route.has_value())
         return nullptr;
     return autoreleasedString(*route);
@@ -106,7 +107,7 @@ void presentVolumeHUD(HostObject*, Selector self, std::int32_t mode, float level
 void presentHUDView(HostObject*, Selector self, HostObject*, double delay)
 {
     process().trace("indicator", [&] { return Json { { "by", self->name }, { "delay", delay } }; });
-    process().home->showIndicator(process().audio->level(process().audio->activeCategory), delay);
+    process().home->showIndicator(process().sound->level(process().sound->categoryInUse()), delay);
 }
 
 void reorientHUDIfNeeded(HostObject*, Selector, bool flag)

@@ -36,9 +36,9 @@ std::string labelOf(const VolumeSlot& slot)
     return std::string(slot.group == Group::PhoneCall ? "Call " : "") + slot.name;
 }
 
-bool isActive(const VolumeSlot& slot, const AudioService& audio)
+bool isActive(const VolumeSlot& slot, const SoundService& sound)
 {
-    return audio.activeCategory == slot.category && slot.takesRoute(audio.route.value_or(std::string()));
+    return sound.categoryInUse() == slot.category && slot.takesRoute(sound.activeRoute().value_or(std::string()));
 }
 
 /// How high a card with that many meters below each other is.
@@ -90,17 +90,17 @@ void addSetting(Sheet& sheet, const Subject& subject, std::size_t index, Area ro
     }
 }
 
-void addSystemLevels(Sheet& sheet, const AudioService& audio, Area inside, const Area& card)
+void addSystemLevels(Sheet& sheet, const SoundService& sound, Area inside, const Area& card)
 {
     constexpr double labelWidth = 96;
-    const std::string pair = audio.activeCategory + "  \u00b7  " + audio.route.value_or("no route");
+    const std::string pair = sound.categoryInUse() + "  \u00b7  " + sound.activeRoute().value_or("no route");
     addText(sheet, { card.x + 120, card.y + 8, card.width - 134, 24 }, pair, palette::accent, smallText + 0.5,
         TextAlignment::Right, render::TextWeight::Medium);
-    for (const auto& [category, level] : audio.levels) {
+    for (const auto& [category, level] : sound.allLevels()) {
         if (inside.height < meterHeight)
             return;
         addMeter(sheet, inside.takeTop(meterHeight), labelWidth, category, level,
-            category == audio.activeCategory ? Emphasis::On : Emphasis::None);
+            category == sound.categoryInUse() ? Emphasis::On : Emphasis::None);
     }
 }
 
@@ -108,7 +108,7 @@ void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
 {
     constexpr double labelWidth = 90;
     constexpr double columnGap = 20;
-    const AudioService& audio = *subject.session.device().audio;
+    const SoundService& sound = *subject.session.device().sound;
     Area column = inside.takeLeft((inside.width - columnGap) / 2);
     inside.takeLeft(columnGap);
     for (SlotNumber number = 0; number < volumeSlotCount; ++number) {
@@ -118,7 +118,7 @@ void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
         const Json* const stored = subject.session.setting(ownDomain, slot.preferenceKey);
         addMeter(sheet, column.takeTop(meterHeight), labelWidth, labelOf(slot),
             stored != nullptr ? std::optional(numberOf(*stored)) : std::nullopt,
-            isActive(slot, audio) ? Emphasis::On : Emphasis::None);
+            isActive(slot, sound) ? Emphasis::On : Emphasis::None);
     }
 }
 
@@ -167,9 +167,9 @@ void addPanel(Sheet& sheet, const Subject& subject, Area area)
         addSetting(sheet, subject, index, inside.takeTop(settingHeight));
     area.takeTop(cardGap);
 
-    const AudioService& audio = *subject.session.device().audio;
+    const SoundService& sound = *subject.session.device().sound;
     const Area system = area.takeTop(cardOfMeters(audioCategories.size()));
-    addSystemLevels(sheet, audio, addCard(sheet, system, "System levels"), system);
+    addSystemLevels(sheet, sound, addCard(sheet, system, "System levels"), system);
     area.takeTop(cardGap);
 
     addRememberedLevels(

@@ -118,7 +118,7 @@ void Phone::changeRoute(Lines& lines, const std::string& route) const
 std::string Phone::announcement(const std::string& category, const char* reason) const
 {
     // A level that was stored by hand may be more than a float holds, and the language has no word for infinity.
-    const float level = m_device.audio->level(category);
+    const float level = m_device.sound->level(category);
     return "announce " + category + ' ' + reason + ' ' + (std::isfinite(level) ? numeral(level) : "nil");
 }
 
@@ -148,7 +148,7 @@ Lines Phone::beginOrEndCall()
 
 bool Phone::isActive(const std::string& route) const
 {
-    return m_device.audio->route == route;
+    return m_device.sound->activeRoute() == route;
 }
 
 bool Phone::isPluggedIn(const std::string& accessory) const
@@ -158,7 +158,7 @@ bool Phone::isPluggedIn(const std::string& accessory) const
 
 std::string Phone::category() const
 {
-    return m_device.audio->activeCategory;
+    return m_device.sound->categoryInUse();
 }
 
 } // namespace panotra::sim

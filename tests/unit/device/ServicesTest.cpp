@@ -30,6 +30,32 @@ TEST(AudioService, ACategoryWithoutALevelReadsAsZeroUntilSomethingIsStored)
     EXPECT_EQ(audio.levels.back().first, "Ambient");
 }
 
+/// Another maker of sound, of which the device knows nothing but what it may ask.
+class QuietService final : public SoundService {
+public:
+    float level(const std::string& category) const override { return category == "Alarm" ? 0.25f : 0.0f; }
+    bool hasLevel(const std::string&) const override { return true; }
+    std::vector<std::pair<std::string, float>> allLevels() const override { return {}; }
+    std::optional<std::string> activeRoute() const override { return "Headset"; }
+    std::string categoryInUse() const override { return "Alarm"; }
+    bool announcesSetLevels() const override { return false; }
+    void store(const std::string& category, float level) override { stored.emplace_back(category, level); }
+
+    std::vector<std::pair<std::string, float>> stored;
+};
+
+TEST(SoundServiceTest, WhoeverMakesTheSoundIsAskedAndToldInPlaceOfTheMemory)
+{
+    Device device;
+    QuietService quiet;
+    device.sound = &quiet;
+    const auto inMemory = device.audio->levels;
+    device.home->press(Button::Up);
+    device.home->setVolume("Ringtone", 0.75f);
+    EXPECT_THAT(quiet.stored, ElementsAre(std::pair("Alarm", 0.3125f), std::pair("Ringtone", 0.75f)));
+    EXPECT_EQ(device.audio->levels, inMemory);
+}
+
 TEST(Screen, TheStatusBarsCentreFollowsTheOrientationUntilItIsSet)
 {
     Screen screen;
