@@ -1,6 +1,8 @@
 /// The program `panotra`.
 #include "simulator/LinkedLibrary.h"
 #include "simulator/commands/Commands.h"
+#include "simulator/commands/DesktopProgram.h"
+#include "simulator/desktop/OpenDesktop.h"
 
 using namespace panotra::sim;
 
@@ -13,5 +15,6 @@ int main(int argumentCount, char** arguments)
     addPictureCommand(app, status);
     addPrefsCommand(app, status);
     addWindowCommand(app, status);
+    addDesktopCommand(app, status, [arguments](const DesktopOptions&) { return becomeDesktopProgram(arguments); });
     return runCommandLine(app, status, argumentCount, arguments);
 }

@@ -5,12 +5,19 @@
 
 #include <CLI/CLI.hpp>
 
+#include <functional>
+
 namespace panotra::sim {
+
+struct DesktopOptions;
 
 // If its command stands on the command line, parsing runs it and puts into `status` how it ended.
 void addPictureCommand(CLI::App& app, ExitStatus& status);
 void addPrefsCommand(CLI::App& app, ExitStatus& status);
 void addWindowCommand(CLI::App& app, ExitStatus& status);
+/// `open` runs it.
+void addDesktopCommand(
+    CLI::App& app, ExitStatus& status, const std::function<ExitStatus(DesktopOptions options)>& open);
 /// `library` is what its scenarios load. Answers the command, to which options may be added.
 CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library);
 

@@ -29,7 +29,6 @@ simulator/window            | any      | simulator/window simulator/picture simu
 simulator/sound             | any      | simulator/sound simulator/device facts
 simulator/desktop           | any      | simulator/desktop simulator/sound simulator/window simulator/render simulator/picture simulator/scenario simulator/device simulator/preferences simulator facts simulator/text
 simulator/desktop/main.cpp  | any      | simulator/desktop simulator/commands simulator
-simulator/sound             | any      | simulator/sound simulator/device facts
 simulator/commands          | any      | simulator/commands simulator/desktop simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
 simulator                   | any      | simulator simulator/scenario simulator/device simulator/preferences facts simulator/text
 simulator/main.cpp          | any      | simulator simulator/commands simulator/desktop facts

@@ -1,0 +1,33 @@
+/// The command line of `panotra desktop`.
+#include "simulator/commands/Commands.h"
+
+#include "simulator/desktop/OpenDesktop.h"
+
+#include <memory>
+
+namespace panotra::sim {
+
+void addDesktopCommand(CLI::App& app, ExitStatus& status, const std::function<ExitStatus(DesktopOptions options)>& open)
+{
+    const auto options = std::make_shared<DesktopOptions>();
+    CLI::App* const command = app.add_subcommand("desktop", "Be the mixer of this computer's own sound");
+    command
+        ->add_option("--prefs", options->preferencesFolder,
+            "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
+            "~/.local/share/panotra/preferences)")
+        ->type_name("DIR");
+    constexpr double percent = 100;
+    command->add_option("--limit", options->limit, "Never put a level back that is louder than that, 0 to 100")
+        ->check(CLI::Range(0.0, percent))
+        ->type_name("PERCENT");
+    command->add_flag("--headless", options->isHeadless, "Remember and put back, and show nothing");
+    command->add_flag("--status", options->wantsStatus, "Print what the one that runs knows, and nothing else");
+    command->footer(
+        "It runs until it is told to end (Ctrl-C). There is one a session: a second one brings up the mixer of the "
+        "first.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
+        "Exit status: 0 all went well, 1 with --status: none runs; else: one runs already and shows nothing, 2 the "
+        "command\nline is wrong, 3 a file could not be read or written, or there is no session.");
+    command->callback([options, open, &status] { status = open(*options); });
+}
+
+} // namespace panotra::sim

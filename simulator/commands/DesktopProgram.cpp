@@ -1,0 +1,23 @@
+/// One process: whoever started it, a service manager for one, watches the same one on.
+#include "simulator/commands/DesktopProgram.h"
+
+#include "simulator/Play.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include <unistd.h>
+
+namespace panotra::sim {
+
+ExitStatus becomeDesktopProgram(char** arguments)
+{
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "panotra-desktop";
+    ::execv(program.c_str(), arguments);
+    complain(program.string() + ": " + std::strerror(errno));
+    return ExitStatus::FileFailed;
+}
+
+} // namespace panotra::sim

@@ -1,0 +1,62 @@
+/// The loop of the mixer that runs: it sleeps until the sound server, the clock, a setting, a request or a signal
+/// wakes it.
+#pragma once
+
+#include "simulator/desktop/DesktopMixer.h"
+#include "simulator/desktop/DesktopPhone.h"
+#include "simulator/desktop/DesktopRequests.h"
+#include "simulator/preferences/FileDescriptor.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace panotra::sim {
+
+/// Wakes the loop. From any thread.
+class DesktopBell {
+public:
+    DesktopBell();
+    bool works() const { return m_event.isOpen(); }
+    void ring() const;
+    /// Somebody has changed settings; rings, too.
+    void ringForSettings() const;
+
+    int descriptor() const { return m_event.get(); }
+    struct Rung {
+        bool hasRung = false;
+        bool isForSettings = false;
+    };
+    Rung silence() const;
+
+private:
+    preferences::FileDescriptor m_event;
+};
+
+class DesktopLoop {
+public:
+    /// `present`: shows the mixer, and answers whether it can.
+    DesktopLoop(
+        DesktopPhone& phone, DesktopMixer& mixer, const DesktopBell& bell, int door, std::function<bool()> present);
+
+    /// Does what there is to be done, then waits for more of it: at most `longest` milliseconds; negative: as long as
+    /// it takes. Answers false once a signal has asked for the end.
+    bool turn(int longest = -1);
+
+private:
+    void wait(int longest);
+    DesktopRequests::Answer answerTo(const std::string& request);
+
+    DesktopPhone& m_phone;
+    DesktopMixer& m_mixer;
+    const DesktopBell& m_bell;
+    std::function<bool()> m_present;
+    preferences::FileDescriptor m_signals;
+    DesktopRequests m_requests;
+    bool m_isOver = false;
+};
+
+/// Has the signals that end a program wait until the loop asks for them. Before any thread is made.
+void holdEndingSignals();
+
+} // namespace panotra::sim
