@@ -58,7 +58,7 @@ std::string absentValueOf(const MixerSetting& setting)
 
 } // namespace
 
-Json globalsReport(const ProcessValues& values, Json category)
+Json globalsReport(const ProcessValues& values, const Json& category)
 {
     auto report = Json::object();
     forEachHeldSetting([&](const MixerSetting& setting, auto held) { report[setting.valueName] = values.*held; });

@@ -70,7 +70,8 @@ std::int64_t NSObject::integerValue() const noexcept
 {
     const sim::Json value = valueOf(*this);
     // Not by way of a double, which has no room for 64 bits.
-    return value.is_number_integer() ? value.get<std::int64_t>() : wrappedInteger(sim::numberOf(value));
+    const auto* const whole = value.get_ptr<const sim::Json::number_integer_t*>();
+    return whole != nullptr ? *whole : wrappedInteger(sim::numberOf(value));
 }
 
 std::uint16_t NSObject::unsignedShortValue() const noexcept

@@ -51,7 +51,7 @@ std::optional<std::string> mistakeInWords(const CLI::App& app)
     const auto words = place.remaining();
     if (words.empty())
         return std::nullopt;
-    const std::string word = words.front();
+    const std::string& word = words.front();
     const auto found = "found " + inQuotes(word) + ", expected ";
     if (word.starts_with('-')) {
         const auto owner = isBeforeCommand ? app.get_name() : app.get_name() + ' ' + place.get_name();

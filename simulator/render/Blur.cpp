@@ -157,7 +157,7 @@ void blurRows(Plane& plane, const Box& box)
         std::fill_n(line.end() - margin, margin, row[plane.width() - 1]);
         Floats sum {};
         for (int x = 0; x < 2 * box.radius + 1; ++x)
-            sum += line[static_cast<std::size_t>(x + 1)].lanes;
+            sum += line[static_cast<std::size_t>(x) + 1].lanes;
         const Pixel* before = line.data();
         const Pixel* after = line.data() + 2 * margin;
         for (int x = 0; x < plane.width(); ++x, ++before, ++after) {

@@ -170,7 +170,8 @@ void drawHomeScreen(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wall
     const int places = std::clamp(layout.rows * columns, 0, static_cast<int>(pageTiles.size()));
     for (int i = 0; i < places; ++i) {
         const Tile& tile = pageTiles[static_cast<std::size_t>(i)];
-        atTile(context.get(), layout.columnX(i % columns), layout.firstRow + i / columns * layout.rowPitch, [&] {
+        const int row = i / columns;
+        atTile(context.get(), layout.columnX(i % columns), layout.firstRow + row * layout.rowPitch, [&] {
             drawTile(context.get(), tile, layout.tile, glyphs);
             drawTileName(context.get(), tile, layout, isBlack, typesetter);
         });

@@ -82,10 +82,9 @@ std::string printable(std::string_view text)
 
 std::string inQuotes(std::string_view text)
 {
-    constexpr const char* replacement = "\xEF\xBF\xBD";
     return '"' + shown(text, [](std::string_view character, bool isCharacter) -> std::string {
         if (!isCharacter)
-            return replacement;
+            return "\xEF\xBF\xBD"; // U+FFFD, the character that stands for none
         if (character == "\"" || character == "\\")
             return '\\' + std::string(character);
         return isControl(character) ? escapedControl(character) : std::string(character);
