@@ -63,6 +63,11 @@ test-device-arm64: device ## play every scenario with the phone's own library, o
 	@scripts/install-dependencies arm64
 	@scripts/test-device-arm64 $(build) $(jobs) $(quiet)
 
+.PHONY: lint
+lint: ## read the sources and the scripts for mistakes: clang-tidy, cppcheck, shellcheck
+	@scripts/install-dependencies build lint
+	@scripts/lint $(build)/lint $(jobs)
+
 .PHONY: fuzz
 fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
 	@scripts/install-dependencies build test fuzz
@@ -87,6 +92,11 @@ bench: build ## measure: instructions of the logic, time of the pictures
 format: ## format all sources
 	@scripts/install-dependencies test
 	@. tests/checks/rooms.sh && sources . | xargs clang-format-14 -i
+
+.PHONY: dist
+dist: ## the sources that are committed as an archive, build/panotra-VERSION.tar.xz
+	@scripts/install-dependencies dist
+	@scripts/make-dist $(build)
 
 .PHONY: clean
 clean: ## remove everything that was built, remembered levels included
