@@ -45,13 +45,14 @@ bool readWord(std::string_view source, std::size_t& position, Word& word)
     return !isOpen;
 }
 
-void readWords(Line& line, std::string_view source)
+/// Answers where the words end: at a comment, or at the end of the line.
+std::size_t readWords(Line& line, std::string_view source)
 {
     std::size_t position = 0;
     while (true) {
-        position = source.find_first_not_of(blanks, position);
-        if (position == source.npos || source[position] == '#')
-            return;
+        position = std::min(source.find_first_not_of(blanks, position), source.size());
+        if (position == source.size() || source[position] == '#')
+            return position;
         if (!readWord(source, position, line.words.emplace_back()) && !line.mistake)
             line.mistake = "found a quote that is not closed, expected \" before the end of the line";
     }
@@ -98,6 +99,12 @@ std::vector<Line> readLines(std::string_view text)
         lines.push_back(std::move(line));
     }
     return lines;
+}
+
+std::string_view commentIn(std::string_view source)
+{
+    Line line {};
+    return source.substr(readWords(line, source));
 }
 
 std::string asWord(std::string_view text)

@@ -30,6 +30,9 @@ struct Line {
 /// The lines of `text` that hold words or a mistake. `text` must outlive them.
 std::vector<Line> readLines(std::string_view text);
 
+/// The comment behind the words of a line as written, its hash mark included; empty if there is none.
+std::string_view commentIn(std::string_view source);
+
 /// The word that is read as `text`, in quotes where it needs them, or always. No word is read as a text with a line end
 /// in it.
 std::string asWord(std::string_view text);

@@ -24,15 +24,19 @@ Player::Player(Device& device, Library library, Audience audience, Pictures* pic
 
 void Player::play(const Scenario& scenario)
 {
-    for (const auto& command : scenario.commands) {
-        m_line = command.line;
-        if (m_audience.commandBegins)
-            m_audience.commandBegins(command);
-        command.form->play(*this, command.arguments);
-        m_device.runLoop->turn();
-        m_device.classes->drainAutoreleasePool();
-        passOnWarnings();
-    }
+    for (const auto& command : scenario.commands)
+        play(command);
+}
+
+void Player::play(const Command& command)
+{
+    m_line = command.line;
+    if (m_audience.commandBegins)
+        m_audience.commandBegins(command);
+    command.form->play(*this, command.arguments);
+    m_device.runLoop->turn();
+    m_device.classes->drainAutoreleasePool();
+    passOnWarnings();
 }
 
 void Player::reportState()

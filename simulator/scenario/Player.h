@@ -29,6 +29,8 @@ public:
 
     /// `scenario` must be free of mistakes.
     void play(const Scenario& scenario);
+    /// One command of such a scenario.
+    void play(const Command& command);
 
     bool expectationsHeld() const { return m_expectationsHeld; }
     bool filesWorked() const { return m_filesWorked; }
