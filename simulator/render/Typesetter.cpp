@@ -96,6 +96,7 @@ void Typesetter::draw(cairo_t* context, const std::string& text, const TextStyle
     pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
     pango_layout_set_attributes(layout.get(), attributes.get());
     pango_layout_set_width(layout.get(), pangoUnits(size.width));
+    pango_layout_set_height(layout.get(), -style.lines); // below zero: lines
     pango_layout_set_text(layout.get(), text.data(), static_cast<int>(text.size()));
     int height = 0;
     pango_layout_get_size(layout.get(), nullptr, &height);

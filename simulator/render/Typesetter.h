@@ -1,4 +1,5 @@
-/// Text as labels show it: one line, centred in its height, cut short with an ellipsis where it is too long.
+/// Text as labels show it: one line unless more are asked for, centred in its height, cut short with an ellipsis where
+/// it is too long.
 #pragma once
 
 #include "simulator/render/Handles.h"
@@ -17,6 +18,7 @@ struct TextStyle {
     double size; ///< points
     TextWeight weight = TextWeight::Regular;
     TextAlignment alignment = TextAlignment::Left;
+    std::uint8_t lines = 1; ///< at most; more words than they hold are cut short
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
