@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <filesystem>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -62,6 +63,11 @@ OutputFile OutputFile::named(const std::string& name)
     return { std::fopen(name.c_str(), "we"), name };
 }
 
+OutputFile OutputFile::fresh(const std::string& name)
+{
+    return { std::fopen(name.c_str(), "wxe"), name };
+}
+
 void OutputFile::write(std::string_view text)
 {
     if (!m_error && std::fwrite(text.data(), 1, text.size(), m_stream.get()) != text.size())
@@ -89,6 +95,28 @@ void OutputFile::noteError(int reason)
 {
     if (!m_error)
         m_error = fileError(m_name, reason);
+}
+
+std::optional<std::string> makeFreshFile(
+    const std::string& folder, const std::string& stem, const std::string& ending, std::string& failure)
+{
+    constexpr int mostFiles = 100000;
+    for (int number = 1; number < mostFiles; ++number) {
+        const std::string name = (std::filesystem::path(folder) / (stem + "-" + std::to_string(number) + ending))
+                                     .lexically_normal()
+                                     .string();
+        OutputFile file = OutputFile::fresh(name);
+        file.close();
+        if (!file.error())
+            return name;
+        // Whatever else is there, what is in the way may be a link that leads nowhere.
+        if (std::error_code error; !std::filesystem::exists(std::filesystem::symlink_status(name, error))) {
+            failure = file.error()->message;
+            return std::nullopt;
+        }
+    }
+    failure = printable(folder) + ": too many files " + stem + "-N" + ending;
+    return std::nullopt;
 }
 
 void keepStandardStreams()

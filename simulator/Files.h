@@ -24,6 +24,8 @@ public:
     static OutputFile standardOutput();
     /// Empties the file, or makes it.
     static OutputFile named(const std::string& name);
+    /// Makes the file; one that is there already is an error, and stays as it is.
+    static OutputFile fresh(const std::string& name);
 
     void write(std::string_view text);
     /// Passes on what was written: whoever reads the file sees it.
@@ -40,6 +42,11 @@ private:
     std::string m_name;
     std::optional<FileError> m_error;
 };
+
+/// Makes a file that is not there yet, empty: `folder`/`stem`-1`ending`, or with the next number that is free. Answers
+/// its name; none and the reason in `failure`, as "NAME: reason", if it cannot be made.
+std::optional<std::string> makeFreshFile(
+    const std::string& folder, const std::string& stem, const std::string& ending, std::string& failure);
 
 /// Gives standard input, output and error something to be if the caller left them closed: otherwise a file that is
 /// opened later would take their place, and the trace would end up in it.

@@ -30,17 +30,33 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
     command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
         ->type_name("FILE.png")
         ->capture_default_str();
+    CLI::Option* const playFile
+        = command
+              ->add_option("--play", options->playFile,
+                  "Play a scenario in the window, its comments as captions; - is standard input")
+              ->type_name("FILE");
+    // A scenario says itself which phone it is for.
+    playFile->excludes("--screen")->excludes("--ios");
+    command->add_flag("--watch", options->isPlayedWhenSaved, "Play it anew whenever the file is saved")
+        ->needs(playFile);
     command->add_option("--record", options->recordFile, "Save what is done as a scenario that does it again")
         ->type_name("FILE");
     command->add_option("--trace", options->traceFile, "Write the trace to OUT, a line of JSON an event")
         ->type_name("OUT");
+    command->add_flag("--force", options->mayOverwrite, "Overwrite what --record and --trace name");
+    command->add_option("--shots", options->shotsFolder, "Where the pictures and recordings of F12 and F9 go")
+        ->type_name("DIR")
+        ->capture_default_str();
     command->add_flag(
         "--statistics", options->wantsStatistics, "At the end, tell of turns of the loop and frame times");
     command->footer(
         "Press ? in the window for its keys; I starts the phone anew as one of the next system, unless it is recorded "
         "or traced.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
-        "Exit status: 0 all went well, 2 the command line is wrong, 3 there is no display or no font, or a "
-        "file\ncould not be read or written.");
+        "A scenario keeps its settings in memory unless --prefs names a folder, and its `shot` leaves no picture. It "
+        "plays until\nit is over or somebody touches the phone, who has it from then on. What it does is recorded and "
+        "traced like everything else.\n"
+        "Exit status: 0 all went well, 1 an expectation of the scenario failed, 2 the command line or the scenario is "
+        "wrong,\n3 there is no display or no font, or a file could not be read or written.");
     command->callback([options, &status] {
         options->resourceFolder = bundleBesideProgram();
         status = openWindow(*options, loadedLibrary());

@@ -75,23 +75,22 @@ struct KeyRow {
     const char* label;
 };
 
-constexpr double keyRowHeight = 26;
+constexpr double keyRowHeight = 25;
 constexpr double keyGroupHeight = 24;
 constexpr double keyGroupGap = 8;
 
-/// Two columns: what the phone has; what happens to it, and the window's own keys.
+/// Two columns: what the phone has, and what it plays; gestures, and the window's own keys.
 std::pair<std::vector<KeyRow>, std::vector<KeyRow>> columnsOfHelp()
 {
     std::pair<std::vector<KeyRow>, std::vector<KeyRow>> columns;
-    const std::size_t split = indexOf("C");
+    const std::size_t split = indexOf("G");
     const auto controls = allControls();
     for (std::size_t index = 0; index < controls.size(); ++index) {
         const Control& control = controls[index];
         (index < split ? columns.first : columns.second).push_back({ control.group, control.cap, control.label });
     }
-    columns.second.push_back({ "Window", "?", "This list" });
-    columns.second.push_back({ "Window", "I", "Next system" });
-    columns.second.push_back({ "Window", "Q", "Quit" });
+    for (const WindowKey& key : windowKeys())
+        columns.second.push_back({ key.group, key.cap, key.label });
     return columns;
 }
 
@@ -113,7 +112,7 @@ double heightOf(const std::vector<KeyRow>& rows)
 
 void addHelpColumn(Sheet& sheet, const std::vector<KeyRow>& rows, Area area)
 {
-    constexpr double capWidth = 22;
+    constexpr double capWidth = 46;
     constexpr double capGap = 12;
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const Area heading = area.takeTop(headingAbove(rows, index));
@@ -121,7 +120,9 @@ void addHelpColumn(Sheet& sheet, const std::vector<KeyRow>& rows, Area area)
             addText(sheet, { heading.x, heading.bottom() - keyGroupHeight, heading.width, keyGroupHeight },
                 std::string(rows[index].group), palette::dim, smallText, TextAlignment::Left, TextWeight::Medium);
         Area row = area.takeTop(keyRowHeight);
-        addKeyCap(sheet, row.takeLeft(capWidth).inset(0, 2), rows[index].cap, Emphasis::None);
+        Area cap = row.takeLeft(capWidth).inset(0, 2);
+        cap.width = widthOfCap(rows[index].cap, cap.height);
+        addKeyCap(sheet, cap, rows[index].cap, Emphasis::None);
         row.takeLeft(capGap);
         addText(sheet, row, rows[index].label, palette::text);
     }
@@ -142,6 +143,7 @@ void addPhone(Sheet& sheet, const Subject& subject)
     constexpr double homeButton = 32;
     constexpr double slitWidth = 52;
     constexpr double slitHeight = 5;
+    constexpr double fingerTip = 40;
     const PhonePlace& place = subject.layout.phone;
     const double points = place.unitsPerPoint();
     const ScreenSize& screen = place.screenSize();
@@ -158,15 +160,19 @@ void addPhone(Sheet& sheet, const Subject& subject)
         return;
     }
     sheet.add(ScreenPicture { place.screen(), place.orientation() });
+    if (const auto& finger = subject.phone.finger(); finger && subject.session.isPlaying()) {
+        const Area tip = place.onSheet({ finger->x - fingerTip / 2, finger->y - fingerTip / 2, fingerTip, fingerTip });
+        sheet.add(Box { tip, palette::finger, tip.width / 2, palette::fingerEdge });
+    }
     sheet.spots.push_back({ place.screen(), Purpose::Screen });
 }
 
 void addControls(Sheet& sheet, const Subject& subject, Area area)
 {
-    constexpr double headingHeight = 24;
-    constexpr double buttonHeight = 28;
-    constexpr double gap = 4;
-    constexpr double groupGap = 8;
+    constexpr double headingHeight = 20;
+    constexpr double buttonHeight = 27;
+    constexpr double gap = 3;
+    constexpr double groupGap = 7;
     const char* group = "";
     const auto controls = allControls();
     for (std::size_t index = 0; index < controls.size(); ++index) {
@@ -194,8 +200,20 @@ void addControls(Sheet& sheet, const Subject& subject, Area area)
     const Spot system { row, Purpose::System };
     addButton(
         sheet, system.area, "I", nameOfSystem(subject.session.device().system), "", subject.emphasisOf(system, false));
-    if (subject.session.canStartAnew())
+    if (subject.session.canChangeSystem())
         sheet.spots.push_back(system);
+    area.takeTop(gap);
+    row = area.takeTop(buttonHeight);
+    const bool isRecording = subject.session.isRecording();
+    const Spot record { row.takeLeft((row.width - gap) / 2), Purpose::Act,
+        static_cast<std::size_t>(WindowAct::Recording) };
+    addButton(sheet, record.area, keyOf(WindowAct::Recording).cap, isRecording ? "End" : "Record", "",
+        subject.emphasisOf(record, isRecording));
+    sheet.spots.push_back(record);
+    row.takeLeft(gap);
+    const Spot picture { row, Purpose::Act, static_cast<std::size_t>(WindowAct::Picture) };
+    addButton(sheet, picture.area, keyOf(WindowAct::Picture).cap, "Picture", "", subject.emphasisOf(picture, false));
+    sheet.spots.push_back(picture);
 }
 
 void addHelp(Sheet& sheet, const Subject& subject)
@@ -235,6 +253,9 @@ Sheet makeSheet(const Subject& subject)
         addControls(sheet, subject, *subject.layout.controls);
     if (subject.layout.panel)
         addPanel(sheet, subject, *subject.layout.panel);
+    if (subject.layout.player)
+        addPlayer(sheet, subject, *subject.layout.player);
+    addNotices(sheet, subject);
     if (subject.attention.wantsHelp)
         addHelp(sheet, subject);
     return sheet;

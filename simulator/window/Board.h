@@ -1,6 +1,8 @@
-/// Everything that a window shows, put together: the phone, the buttons beside it, the panel, the list of keys.
+/// Everything that a window shows, put together: the phone, the buttons beside it, the panel, the player of
+/// scenarios, the list of keys.
 #pragma once
 
+#include "simulator/window/Desk.h"
 #include "simulator/window/Layout.h"
 #include "simulator/window/Phone.h"
 #include "simulator/window/Session.h"
@@ -24,6 +26,7 @@ struct Subject {
     const Phone& phone;
     const Layout& layout;
     const Attention& attention;
+    const Desk* desk = nullptr; ///< null: time, files and notices are nothing to show
 
     Emphasis emphasisOf(const Spot& spot, bool isOn) const;
 };
@@ -32,6 +35,10 @@ void addPhone(Sheet& sheet, const Subject& subject);
 void addControls(Sheet& sheet, const Subject& subject, Area area);
 void addPanel(Sheet& sheet, const Subject& subject, Area area);
 void addHelp(Sheet& sheet, const Subject& subject);
+/// The scenario that is played: its comments, how far it is, and the buttons that rule its time.
+void addPlayer(Sheet& sheet, const Subject& subject, Area area);
+/// The red mark of a recording and the last notice, over the phone.
+void addNotices(Sheet& sheet, const Subject& subject);
 
 Sheet makeSheet(const Subject& subject);
 

@@ -12,6 +12,7 @@ namespace {
 constexpr double margin = 24;
 constexpr double controlsWidth = 228;
 constexpr double panelWidth = 392;
+constexpr double playerHeight = 124;
 constexpr double sideButtonDepth = 4; ///< of what stands out of the body, points
 
 /// Below this many pixels a unit, text is too small to be read.
@@ -86,7 +87,7 @@ Area PhonePlace::body() const
     return onSheet(Area { 0, 0, m_screen.width, m_screen.height }.inset(-bodyBeside, -bodyAbove));
 }
 
-Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation)
+Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation, Footer footer)
 {
     Layout layout;
     const Arrangement* arrangement = &arrangements.back();
@@ -109,6 +110,12 @@ Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientati
         layout.panel = rest.takeRight(panelWidth);
         rest.takeRight(margin);
     }
+
+    if (footer == Footer::Player) {
+        layout.player = rest.takeBottom(playerHeight);
+        rest.takeBottom(margin / 2);
+    }
+    layout.stand = rest;
 
     // As many pixels a point as fit, and a whole number of them on the screen's long side.
     const double bodyWidth = screen.width + 2 * (bodyBeside + sideButtonDepth);

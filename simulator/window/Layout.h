@@ -55,12 +55,17 @@ struct Layout {
     Area sheet;
     std::optional<Area> controls;
     std::optional<Area> panel;
+    std::optional<Area> player; ///< below the phone, where a scenario is played
+    Area stand; ///< where the phone has room
     PhonePlace phone;
 
     Point onSheet(double pixelX, double pixelY) const { return { pixelX / unit, pixelY / unit }; }
 };
 
+/// What stands below the phone.
+enum class Footer { None, Player };
+
 /// The phone's screen lies on whole pixels.
-Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation);
+Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation, Footer footer = Footer::None);
 
 } // namespace panotra::sim

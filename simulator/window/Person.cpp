@@ -108,6 +108,10 @@ void Person::pointerDown(Point point)
     case Purpose::System:
         chooseNextSystem();
         break;
+    case Purpose::Act:
+        if (m_perform)
+            m_perform(static_cast<WindowAct>(spot.index));
+        break;
     }
 }
 

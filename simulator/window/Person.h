@@ -5,6 +5,7 @@
 #include "simulator/window/Controls.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -17,9 +18,11 @@ std::optional<int> nextSystem(const std::optional<int>& system);
 
 class Person {
 public:
-    Person(Session& session, Phone& phone)
+    /// `perform` does what is the window's to do; none: nobody does.
+    Person(Session& session, Phone& phone, std::function<void(WindowAct)> perform = {})
         : m_session(session)
         , m_phone(phone)
+        , m_perform(std::move(perform))
     {
     }
 
@@ -34,7 +37,7 @@ public:
     void switchHelp() { m_attention.wantsHelp = !m_attention.wantsHelp; }
     void putHelpAway() { m_attention.wantsHelp = false; }
     /// Asks for the phone of the next system, where the phone can be started anew.
-    void chooseNextSystem() { m_attention.wantsOtherSystem = m_session.canStartAnew(); }
+    void chooseNextSystem() { m_attention.wantsOtherSystem = m_session.canChangeSystem(); }
 
     // On the sheet.
     void pointerDown(Point point);
@@ -59,6 +62,7 @@ private:
 
     Session& m_session;
     Phone& m_phone;
+    std::function<void(WindowAct)> m_perform;
     const Sheet* m_sheet = nullptr;
     const Layout* m_layout = nullptr;
     Attention m_attention;

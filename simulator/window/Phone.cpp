@@ -5,6 +5,7 @@
 #include "facts/PublicNames.h"
 #include "simulator/device/Services.h"
 #include "simulator/render/HomePicture.h"
+#include "simulator/scenario/Forms.h"
 #include "simulator/window/Numerals.h"
 
 #include <algorithm>
@@ -144,6 +145,31 @@ Lines Phone::beginOrEndCall()
         lines.push_back("route " + ownRoute());
     lines.push_back(announcement(next, changeReason::category));
     return lines;
+}
+
+void Phone::follow(const Command& command)
+{
+    const Arguments& words = command.arguments;
+    const std::string_view name = command.form->syntax.command();
+    if (name == "ringer") {
+        m_isRingerMuted = words.is(0, "muted");
+    } else if (name == "route") {
+        const auto route = words.optionalText(0);
+        if (route && *route != route::speaker && *route != route::receiver && !isPluggedIn(*route))
+            m_accessories.push_back(*route);
+    } else if (name == "category") {
+        if (words.text(0) != category::phoneCall)
+            m_categoryBeforeCall.reset();
+        else if (!isInCall())
+            m_categoryBeforeCall = category();
+    } else if (name == "darwin" && words.text(0) == notification::screenChanged) {
+        m_isScreenOn = words.state(1) != 0;
+    } else if (name == "touch") {
+        if (command.form->syntax.text() == "touch up")
+            m_finger.reset();
+        else
+            m_finger = Point { words.number(0), words.number(1) };
+    }
 }
 
 bool Phone::isActive(const std::string& route) const

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/device/Geometry.h"
 #include "simulator/device/HomeScreen.h"
+#include "simulator/scenario/Grammar.h"
 
 #include <optional>
 #include <string>
@@ -35,10 +37,15 @@ public:
     Lines playNotificationSound() const { return { "sound 1" }; }
     Lines sendGesture(const std::string& listener) const { return { "activator " + listener }; }
 
+    /// Takes over what a line of a scenario makes of the phone, before it is played.
+    void follow(const Command& command);
+
     bool isHeld(Button button) const;
     bool isRingerMuted() const { return m_isRingerMuted; }
     bool isScreenOn() const { return m_isScreenOn; }
     bool isInCall() const { return m_categoryBeforeCall.has_value(); }
+    /// Where the finger of a scenario is on the screen, in points; none if it is lifted.
+    const std::optional<Point>& finger() const { return m_finger; }
     bool isActive(const std::string& route) const;
     bool isPluggedIn(const std::string& accessory) const;
     std::string category() const;
@@ -52,6 +59,7 @@ private:
     const Device& m_device;
     std::vector<std::string> m_accessories; ///< the last one plugged in last
     std::optional<std::string> m_categoryBeforeCall; ///< none: there is no call
+    std::optional<Point> m_finger;
     bool m_isRingerMuted = false;
     bool m_isScreenOn = true;
 };

@@ -24,6 +24,17 @@ namespace {
 /// Levels that tell the categories apart at a glance.
 constexpr std::array<double, audioCategories.size()> pleasantLevels { 0.5625, 0.625, 0.75, 0.875, 0.4375, 0.5 };
 
+/// A window shows the screen; what `shot` would write is for those who play the file for its pictures.
+struct UntakenPictures : Pictures {
+    std::optional<std::string> write(Device&, const std::string&) override { return std::nullopt; }
+};
+
+Pictures* untakenPictures()
+{
+    static UntakenPictures pictures;
+    return &pictures;
+}
+
 } // namespace
 
 /// A line is checked as one of a whole scenario, in which the library has been loaded before.
@@ -47,8 +58,9 @@ Session::Session(SessionSetup setup, const Library& library)
     , m_lines([this](const TraceLine& line) { keep(line); })
     , m_player(m_device, library,
           Audience { .commandBegins = [this](const Command& command) { tell(command); },
-              .expectationFailed = {},
-              .fileFailed = m_setup.fileFailed })
+              .expectationFailed = m_setup.expectationFailed,
+              .fileFailed = m_setup.fileFailed },
+          untakenPictures())
 {
     if (m_setup.trace)
         m_json = makeTraceWriter(TraceFormat::JsonLines, m_setup.trace);
@@ -56,7 +68,12 @@ Session::Session(SessionSetup setup, const Library& library)
     m_device.traceSink = [this](const Json& event) {
         observe(event);
     };
-    start();
+    if (m_setup.scenario != nullptr) {
+        readSettings();
+        m_playback.emplace(*m_setup.scenario, static_cast<Stage&>(*this));
+    } else {
+        start();
+    }
 }
 
 void Session::start()
@@ -65,10 +82,7 @@ void Session::start()
     if (m_setup.system)
         play("ios " + std::to_string(*m_setup.system));
     play("screen " + numeral(screen.width) + ' ' + numeral(screen.height) + ' ' + numeral(screen.scale));
-    m_settings = m_device.preferences->all();
-    // What is in the files already is nothing to be done, but the scenario has to know it.
-    for (const std::string& line : linesOfChanges(Json::object(), m_settings))
-        record(line);
+    readSettings();
     constexpr const char* replacesIndicator = mixerSetting("replaceHUD").key;
     if (setting(ownDomain, replacesIndicator) == nullptr) {
         play(lineOfSetting(ownDomain, replacesIndicator, true));
@@ -79,17 +93,48 @@ void Session::start()
     playAll({ "echo on", "load", "launch" });
 }
 
+/// What is in the files already is nothing to be done, but a recording has to know it.
+void Session::readSettings()
+{
+    m_settings = m_device.preferences->all();
+    for (const std::string& line : linesOfChanges(Json::object(), m_settings))
+        record(line);
+}
+
 void Session::play(const std::string& line)
 {
-    record(line);
-    run(line);
-    m_lineTime = m_device.runLoop->now();
+    takeOver();
+    act(line);
 }
 
 void Session::playAll(const std::vector<std::string>& lines)
 {
     for (const std::string& line : lines)
         play(line);
+}
+
+void Session::act(const std::string& line)
+{
+    record(line);
+    run(line);
+    m_lineTime = m_device.runLoop->now();
+}
+
+void Session::takeOver()
+{
+    if (!m_playback)
+        return;
+    m_isTakenOver = true;
+    if (m_isLoaded)
+        return;
+    act("load");
+    act("launch");
+}
+
+void Session::playNextLine()
+{
+    if (isPlaying())
+        m_playback->playLine();
 }
 
 void Session::set(const std::string& domain, const std::string& key, const Json& value)
@@ -121,12 +166,21 @@ void Session::lookForForeignChanges()
             tell(command);
     }
     for (const std::string& domain : changedDomains(before, m_settings)) {
-        if (const auto announcement = announcementOf(domain))
-            play("notify " + *announcement);
+        // Before the library is there nobody hears of it.
+        if (const auto announcement = announcementOf(domain); announcement && m_isLoaded)
+            act("notify " + *announcement);
     }
 }
 
 void Session::advance(std::chrono::microseconds time)
+{
+    if (isPlaying())
+        time = m_playback->passTime(time);
+    if (!isPlaying())
+        passTime(time);
+}
+
+void Session::passTime(std::chrono::microseconds time)
 {
     m_sinceLine += time;
     moveClockTo(m_lineTime + static_cast<double>(m_sinceLine.count()) / 1e6);
@@ -154,7 +208,8 @@ std::chrono::microseconds Session::untilDue() const
     due = std::min(due, m_device.runLoop->nextDue().value_or(due));
     if (indicator && now < indicator->fadesAt())
         due = std::min(due, indicator->fadesAt());
-    return std::chrono::microseconds(std::llround(std::ceil((due - now) * 1e6)));
+    const auto rest = std::chrono::microseconds(std::llround(std::ceil((due - now) * 1e6)));
+    return isPlaying() ? std::min(rest, m_playback->untilNextLine().value_or(rest)) : rest;
 }
 
 bool Session::isMoving() const
@@ -165,6 +220,19 @@ bool Session::isMoving() const
     return isFading || m_device.runLoop->runningAnimations() > 0;
 }
 
+void Session::beginRecording(std::function<void(std::string_view)> record)
+{
+    recordTime();
+    m_recorder = std::move(record);
+    m_recorder(m_history);
+}
+
+void Session::endRecording()
+{
+    recordTime();
+    m_recorder = nullptr;
+}
+
 void Session::finish()
 {
     recordTime();
@@ -172,8 +240,8 @@ void Session::finish()
 
 void Session::recordTime()
 {
-    if (m_sinceLine.count() > 0 && m_setup.record)
-        m_setup.record("wait " + inSeconds(m_sinceLine) + '\n');
+    if (m_sinceLine.count() > 0)
+        remember("wait " + inSeconds(m_sinceLine));
     m_sinceLine = {};
     m_lineTime = m_device.runLoop->now();
 }
@@ -181,8 +249,17 @@ void Session::recordTime()
 void Session::record(const std::string& line)
 {
     recordTime();
+    remember(line);
+}
+
+void Session::remember(std::string_view text)
+{
+    const std::string line = std::string(text) + '\n';
+    m_history += line;
     if (m_setup.record)
-        m_setup.record(line + '\n');
+        m_setup.record(line);
+    if (m_recorder)
+        m_recorder(line);
 }
 
 void Session::run(const std::string& line)

@@ -23,7 +23,7 @@ struct Area {
     double bottom() const { return y + height; }
     bool contains(Point point) const { return point.x >= x && point.x < right() && point.y >= y && point.y < bottom(); }
     Area inset(double dx, double dy) const { return { x + dx, y + dy, width - 2 * dx, height - 2 * dy }; }
-    /// Cuts `size` off the top or the left and answers it.
+    /// Cuts `size` off one of the sides and answers it.
     Area takeTop(double size)
     {
         const Area taken { x, y, width, size };
@@ -42,6 +42,11 @@ struct Area {
     {
         width -= size;
         return { right(), y, size, height };
+    }
+    Area takeBottom(double size)
+    {
+        height -= size;
+        return { x, bottom(), width, size };
     }
 };
 
@@ -73,11 +78,11 @@ using Element = std::variant<Box, Text, ScreenPicture>;
 
 /// A place that answers to the pointer.
 struct Spot {
-    enum class Purpose { Screen, Control, Choice, Switch, Range, Help, System };
+    enum class Purpose { Screen, Control, Choice, Switch, Range, Help, System, Act };
 
     Area area;
     Purpose purpose;
-    std::size_t index = 0; ///< of the control or the setting in its table
+    std::size_t index = 0; ///< of the control or the setting in its table, or the number of an act
     std::size_t choice = 0;
 
     bool isSameAs(const Spot& other) const

@@ -66,13 +66,24 @@ void addKeyCap(Sheet& sheet, const Area& area, const std::string& cap, Emphasis 
         TextWeight::Medium);
 }
 
+double widthOfCap(std::string_view cap, double height)
+{
+    constexpr double characterWidth = 7;
+    constexpr double rims = 10;
+    // Bytes that go on with a character are none of their own.
+    const auto count
+        = std::ranges::count_if(cap, [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0U) != 0x80U; });
+    return count > 1 ? std::max(height, static_cast<double>(count) * characterWidth + rims) : height;
+}
+
 void addButton(Sheet& sheet, const Area& area, const std::string& cap, const std::string& label,
     const std::string& state, Emphasis emphasis)
 {
     constexpr double capSize = 20;
     sheet.add(Box { area, fillOf(emphasis), 7 });
     Area inside = area.inset(4, 0);
-    addKeyCap(sheet, middle(inside.takeLeft(capSize), capSize, capSize), cap, emphasis);
+    const double capWidth = widthOfCap(cap, capSize);
+    addKeyCap(sheet, middle(inside.takeLeft(capWidth), capWidth, capSize), cap, emphasis);
     inside.takeLeft(8);
     inside.takeRight(6);
     addText(sheet, inside, label, palette::text);

@@ -5,6 +5,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace panotra::sim {
 
@@ -23,6 +24,8 @@ Area addCard(Sheet& sheet, const Area& area, const std::string& heading);
 void addButton(Sheet& sheet, const Area& area, const std::string& cap, const std::string& label,
     const std::string& state, Emphasis emphasis);
 void addKeyCap(Sheet& sheet, const Area& area, const std::string& cap, Emphasis emphasis);
+/// How wide a key of that height is: square, unless there is more than one character on it.
+double widthOfCap(std::string_view cap, double height);
 void addSwitch(Sheet& sheet, const Area& area, bool isOn, Emphasis emphasis);
 /// One of a row of choices.
 void addChoice(Sheet& sheet, const Area& area, const std::string& label, Emphasis emphasis);

@@ -14,7 +14,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto frameInterval = 16667us;
+constexpr auto frameInterval = Desk::frameInterval;
+constexpr auto progressInterval = 100ms;
+constexpr auto noticeTime = 4s;
 
 /// The digit that stands at that place, also where it needs the shift key; null if none does.
 const char* digitAt(SDL_Scancode place)
@@ -30,23 +32,33 @@ std::uint32_t WindowLoop::preferencesEvent()
     return event;
 }
 
+std::uint32_t WindowLoop::scenarioEvent()
+{
+    static const std::uint32_t event = SDL_RegisterEvents(1);
+    return event;
+}
+
 WindowLoop::WindowLoop(
-    Display& display, Session& session, Phone& phone, render::Renderer& renderer, Statistics statistics)
+    Display& display, Session& session, Phone& phone, Desk& desk, render::Renderer& renderer, Statistics statistics)
     : m_display(display)
     , m_session(session)
     , m_phone(phone)
+    , m_desk(desk)
     , m_picture(renderer)
-    , m_person(session, phone)
+    , m_person(session, phone, [this](WindowAct act) { perform(act); })
     , m_clock(now())
     , m_lastFrame(m_clock - frameInterval)
     , m_statistics(statistics)
 {
+    // What a scenario begins with is there at the first look, unless somebody wants to see each of its lines.
+    if (!m_desk.pace().isPaused())
+        m_session.advance(0us);
 }
 
 bool WindowLoop::run(std::string& failure)
 {
     bool isWell = true;
-    while (m_isOpen && !wantsOtherSystem()) {
+    while (!isOver()) {
         isWell = draw(failure) != Display::Shown::Failed;
         if (!isWell)
             break;
@@ -65,19 +77,41 @@ bool WindowLoop::run(std::string& failure)
 /// than a frame: of a hundred moves of the mouse between two frames only the last is to be seen.
 void WindowLoop::waitForSomething()
 {
-    if (!m_session.isMoving() && !m_movedLastFrame) {
-        const auto milliseconds
-            = std::chrono::ceil<std::chrono::milliseconds>(m_clock + m_session.untilDue() - now()).count();
-        if (milliseconds > 0)
+    const bool isMoving = m_session.isMoving() && !m_desk.pace().isPaused();
+    if (!isMoving && !m_movedLastFrame) {
+        constexpr int forEver = -1;
+        const auto due = untilDue();
+        const auto milliseconds = due ? std::chrono::ceil<std::chrono::milliseconds>(*due).count() : forEver;
+        if (milliseconds != 0)
             SDL_WaitEventTimeout(nullptr, static_cast<int>(milliseconds));
     }
     std::this_thread::sleep_until(m_lastFrame + frameInterval);
 }
 
+/// Not below zero; none if nothing will happen by itself.
+std::optional<std::chrono::microseconds> WindowLoop::untilDue()
+{
+    const Moment moment = now();
+    std::optional<Moment> due;
+    if (const auto time = m_desk.pace().realTimeFor(m_session.untilDue())) {
+        due = m_clock + *time;
+        // Whoever watches a scenario sees how far it is.
+        if (m_session.isPlaying())
+            due = std::min(*due, moment + progressInterval);
+    }
+    if (m_desk.notice() && !m_desk.notice()->stays)
+        due = std::min(due.value_or(m_noticeEnd), m_noticeEnd);
+    return due ? std::optional(std::max(*due - moment, 0us)) : std::nullopt;
+}
+
 void WindowLoop::letTimePass()
 {
     const Moment moment = now();
-    m_session.advance(moment - m_clock);
+    if (m_desk.notice() && !m_desk.notice()->stays && moment >= m_noticeEnd)
+        m_desk.beSilent();
+    // Even without any time the lines would be played that are due.
+    if (!m_desk.pace().isPaused())
+        m_session.advance(m_desk.pace().pass(moment - m_clock));
     m_clock = moment;
 }
 
@@ -95,8 +129,8 @@ void WindowLoop::handle(const SDL_Event& event)
         handleKey(event.key);
         break;
     case SDL_TEXTINPUT:
-        if (event.text.text[0] == '?')
-            m_person.switchHelp();
+        if (const WindowKey* const key = findWindowKey(event.text.text); key != nullptr && isTyped(*key))
+            perform(key->act);
         break;
     case SDL_MOUSEBUTTONDOWN:
         if (event.button.button == SDL_BUTTON_LEFT) {
@@ -116,6 +150,8 @@ void WindowLoop::handle(const SDL_Event& event)
     default:
         if (event.type == preferencesEvent())
             m_session.lookForForeignChanges();
+        else if (event.type == scenarioEvent() && m_scenarioSaved)
+            m_scenarioSaved();
         break;
     }
 }
@@ -143,14 +179,26 @@ void WindowLoop::handleKey(const SDL_KeyboardEvent& event)
 void WindowLoop::handleKeyDown(const SDL_Keysym& key)
 {
     const char* const digit = digitAt(key.scancode);
-    if (key.sym == SDLK_q)
-        m_isOpen = false;
-    else if (key.sym == SDLK_i)
-        m_person.chooseNextSystem();
+    const WindowKey* const own = findWindowKey(SDL_GetKeyName(key.sym));
+    if (own != nullptr && !isTyped(*own))
+        perform(own->act);
     else if (key.sym == SDLK_ESCAPE)
         m_person.putHelpAway();
     else if (!m_person.keyDown(SDL_GetKeyName(key.sym)) && digit != nullptr)
         m_person.keyDown(digit);
+}
+
+void WindowLoop::perform(WindowAct act)
+{
+    m_person.settle();
+    if (act == WindowAct::Quit)
+        m_isOpen = false;
+    else if (act == WindowAct::Help)
+        m_person.switchHelp();
+    else if (act == WindowAct::OtherSystem)
+        m_person.chooseNextSystem();
+    else
+        m_desk.perform(act);
 }
 
 Point WindowLoop::onSheet(int x, int y) const
@@ -165,9 +213,13 @@ Display::Shown WindowLoop::draw(std::string& failure)
     m_lastFrame = std::chrono::floor<std::chrono::microseconds>(begin);
     const Device& device = m_session.device();
     const PixelSize size = m_display.size();
-    m_layout = layOut(
-        size, { device.screen->width, device.screen->height, device.screen->scale }, device.screen->orientation);
-    m_sheet = makeSheet({ m_session, m_phone, m_layout, m_person.attention() });
+    m_layout = layOut(size, { device.screen->width, device.screen->height, device.screen->scale },
+        device.screen->orientation, m_session.playback() != nullptr ? Footer::Player : Footer::None);
+    if (m_desk.notice() && m_desk.notice()->number != m_noticeShown) {
+        m_noticeShown = m_desk.notice()->number;
+        m_noticeEnd = m_lastFrame + noticeTime;
+    }
+    m_sheet = makeSheet({ m_session, m_phone, m_layout, m_person.attention(), &m_desk });
     m_person.see(m_sheet, m_layout);
     WindowPicture::Frame frame = m_picture.draw(m_session.device(), m_sheet, m_layout, size);
     m_movedLastFrame = !frame.changed.empty();

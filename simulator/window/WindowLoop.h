@@ -2,12 +2,15 @@
 /// minute, for the clock of the status bar, while nothing does.
 #pragma once
 
+#include "simulator/window/Desk.h"
 #include "simulator/window/Display.h"
 #include "simulator/window/Person.h"
 #include "simulator/window/WindowPicture.h"
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,10 +23,15 @@ class WindowLoop {
 public:
     /// Pushed, from whatever thread, when other processes may have changed settings.
     static std::uint32_t preferencesEvent();
+    /// Likewise, when the file of the scenario that is played was saved.
+    static std::uint32_t scenarioEvent();
 
-    WindowLoop(Display& display, Session& session, Phone& phone, render::Renderer& renderer, Statistics statistics);
+    WindowLoop(Display& display, Session& session, Phone& phone, Desk& desk, render::Renderer& renderer,
+        Statistics statistics);
 
-    /// Until the window is closed or the phone of another system is asked for. Answers false and the reason in
+    void onScenarioSaved(std::function<void()> saved) { m_scenarioSaved = std::move(saved); }
+
+    /// Until the window is closed or another phone is asked for. Answers false and the reason in
     /// `failure` if the display fails before.
     bool run(std::string& failure);
     bool wantsOtherSystem() const { return m_person.attention().wantsOtherSystem; }
@@ -40,6 +48,9 @@ private:
     void handleWindow(const SDL_WindowEvent& event);
     void handleKey(const SDL_KeyboardEvent& event);
     void handleKeyDown(const SDL_Keysym& key);
+    void perform(WindowAct act);
+    bool isOver() const { return !m_isOpen || wantsOtherSystem() || m_desk.wantsStart(); }
+    std::optional<std::chrono::microseconds> untilDue();
     void letTimePass();
     Display::Shown draw(std::string& failure);
     Point onSheet(int x, int y) const;
@@ -47,12 +58,16 @@ private:
     Display& m_display;
     Session& m_session;
     Phone& m_phone;
+    Desk& m_desk;
     WindowPicture m_picture;
     Person m_person;
     Sheet m_sheet;
     Layout m_layout;
     Moment m_clock; ///< up to when the session's time has passed
     Moment m_lastFrame;
+    Moment m_noticeEnd; ///< when the notice on the sheet is to go
+    std::size_t m_noticeShown = 0; ///< its number
+    std::function<void()> m_scenarioSaved;
     const Statistics m_statistics;
     bool m_isOpen = true;
     bool m_isExposed = true; ///< the whole window has to be shown

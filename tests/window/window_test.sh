@@ -8,107 +8,8 @@ set -euo pipefail
 panotra=$1 case=$2
 domain=net.qorvath.panotra
 
-scratch=$(mktemp -d)
-display_process=
-window_process=
-clean_up() {
-    [[ -z $window_process ]] || kill -KILL "$window_process" 2>/dev/null || true
-    [[ -z $display_process ]] || kill "$display_process" 2>/dev/null || true
-    wait 2>/dev/null || true
-    rm -rf "$scratch"
-}
-trap clean_up EXIT
-cd "$scratch"
-# What libraries keep for a person, as fontconfig's cache, is not kept for the person who tests.
-export HOME=$scratch
-unset "${!XDG_@}"
-
-fail() {
-    echo "$case: $1" >&2
-    for file in complaints recording; do
-        [[ ! -s $file ]] || tail -n 40 "$file" >&2
-    done
-    exit 1
-}
-
-# Tries a command again and again until it succeeds. All that a case waits for together ends before the case is killed,
-# which would leave its display and its window behind.
-deadline=150
-wait_for() {
-    local what=$1
-    shift
-    until "$@"; do
-        [[ $SECONDS -lt $deadline ]] || fail "waited in vain for $what"
-        sleep 0.05
-    done
-}
-
-has_line() { [[ -s $1 ]]; }
-open_display() {
-    Xvfb -displayfd 3 -screen 0 1320x880x24 3>display 2>/dev/null &
-    display_process=$!
-    wait_for "a display" has_line display
-    DISPLAY=:$(<display)
-    export DISPLAY SDL_VIDEODRIVER=x11
-}
-
-in_recording() { grep -qsFx -- "$1" recording; }
-in_trace() { grep -qsF -- "$1" trace.jsonl; }
-
-# Opens the window on a phone whose settings are in the folder `preferences`.
-open_window() {
-    [[ -n $display_process ]] || open_display
-    "$panotra" window --prefs preferences --record recording --trace trace.jsonl --statistics 2>complaints &
-    window_process=$!
-    wait_for "the phone" in_recording launch
-    wait_for "the window" see_window
-    wait_for "its picture" shows_something
-}
-see_window() {
-    kill -0 "$window_process" 2>/dev/null || fail "the window is gone"
-    window=$(xdotool search --onlyvisible --name '^Panotra$' 2>/dev/null | head -n 1)
-    [[ -n $window ]]
-}
-close_window() {
-    xdotool key q
-    local status=0
-    wait "$window_process" || status=$?
-    window_process=
-    [[ $status -eq 0 ]] || fail "the window ended with status $status"
-}
-
-# A picture of the window: a header, then rows of pixels.
-photograph() { xwd -silent -id "$window" >"$1"; }
-shows_something() {
-    photograph now
-    # The empty window is all black.
-    [[ $(tail -c 200000 now | tr -d '\0' | head -c 50000 | wc -c) -eq 50000 ]]
-}
-header_field() { od -An -tu4 -N4 -j $((4 * $2)) --endian=big "$1" | tr -d ' '; }
-
-# How many bytes of two photographs differ inside a rectangle of the sheet: X Y WIDTH HEIGHT in its units.
-differences() {
-    local header row bytes first count
-    header=$(($(header_field "$1" 0) + 12 * $(header_field "$1" 19)))
-    row=$(header_field "$1" 12)
-    bytes=$(($(header_field "$1" 11) / 8))
-    first=$(scaled "$4")
-    count=$(scaled "$6")
-    rows() { tail -c +$((header + first * row + 1)) "$1" | head -c $((count * row)); }
-    { cmp -l <(rows "$1") <(rows "$2") || true; } | awk -v row="$row" -v bytes="$bytes" -v unit="$(unit)" \
-        -v x="$3" -v width="$5" '
-        {
-            px = int(($1 - 1) % row / bytes) / unit
-            if (px >= x && px < x + width) count++
-        }
-        END { print count + 0 }'
-}
-
-# Pixels a unit: the sheet is 800 units high.
-unit() { xdotool getwindowgeometry --shell "$window" | awk -F= '$1 == "HEIGHT" { print $2 / 800 }'; }
-# The mouse goes to a place on the sheet.
-point_at() { xdotool mousemove --window "$window" "$(scaled "$1")" "$(scaled "$2")"; }
-scaled() { awk -v length_in_units="$1" -v unit="$(unit)" 'BEGIN { printf "%d", length_in_units * unit }'; }
+# shellcheck source=tests/window/window_support.sh
+source "$(dirname "${BASH_SOURCE[0]}")/window_support.sh"
 
 # A strip across the middle of the phone's screen: the panel of the mixer is there, and the host's indicator.
 middle=(400 350 240 40)
@@ -251,19 +152,7 @@ the_indicator_without_the_mixer() {
 
 nothing_wakes_an_idle_window() {
     open_window
-    switches() { awk '/voluntary_ctxt_switches/ { sum += $2 } END { print sum }' "/proc/$window_process"/task/*/status; }
-    # The display may still have something to tell right after the start, and once a minute the clock of the status bar
-    # goes on.
-    local quiet=0 before now
-    before=$(switches)
-    for _ in {1..40}; do
-        sleep 1
-        now=$(switches)
-        if [[ $now -eq $before ]]; then quiet=$((quiet + 1)); else quiet=0; fi
-        [[ $quiet -lt 5 ]] || break
-        before=$now
-    done
-    [[ $quiet -eq 5 ]] || fail "never five seconds without a wake-up"
+    expect_no_wake_up
     close_window
 }
 
@@ -312,7 +201,7 @@ trouble_is_one_line() {
     for display in "" DISPLAY=:nowhere SDL_VIDEODRIVER=x11; do
         # shellcheck disable=SC2086 # an empty word sets nothing
         expect 3 '^panotra: no display to open a window on: ' \
-            "${without_display[@]}" env $display "$panotra" window --prefs preferences --record kept
+            "${without_display[@]}" env $display "$panotra" window --prefs preferences --record kept --force
     done
     grep -qFx "what was recorded before" kept || fail "a window that did not open has emptied the recording"
     expect 3 '^panotra: file/preferences: Not a directory$' "$panotra" window --prefs file/preferences
@@ -320,6 +209,8 @@ trouble_is_one_line() {
     expect 3 '^panotra: no home folder' env -u HOME -u XDG_DATA_HOME "$panotra" window
     expect 2 '^panotra: ' "$panotra" window --frobnicate
     expect 2 '^panotra: ' "$panotra" window --record
+    expect 2 '^panotra: --record: kept is there already' "$panotra" window --prefs preferences --record kept
+    expect 2 '^panotra: --trace: kept is there already' "$panotra" window --prefs preferences --trace kept
     expect 2 '^panotra: --screen: found "0x667@2", expected ' "$panotra" window --prefs preferences --screen 0x667@2
     expect 3 '^panotra: file: ' "$panotra" window --prefs preferences --wallpaper file
     ln -s kept soft
@@ -351,7 +242,7 @@ trouble_is_one_line() {
     expect 3 '^panotra: no/recording: No such file or directory$' \
         "$panotra" window --prefs preferences --record no/recording
     expect 3 '^panotra: no/trace: No such file or directory$' \
-        "$panotra" window --prefs preferences --record kept --trace no/trace
+        "$panotra" window --prefs preferences --record kept --trace no/trace --force
     grep -qFx "what was recorded before" kept || fail "a window that did not open has emptied the recording"
 }
 

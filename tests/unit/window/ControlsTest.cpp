@@ -1,5 +1,6 @@
 /// The table of controls: complete, without two meanings of one key, and every line one that the player takes.
 #include "simulator/window/Controls.h"
+#include "simulator/window/WindowKeys.h"
 #include "tests/unit/window/SessionFixture.h"
 
 #include <set>
@@ -14,7 +15,12 @@ using ControlsTest = testing::SessionFixture;
 
 TEST_F(ControlsTest, EveryKeyMeansOneThing)
 {
-    std::set<std::string> keys { "Q", "Escape" }; // the window's own
+    std::set<std::string> keys { "Escape" };
+    for (const WindowKey& key : windowKeys()) {
+        EXPECT_TRUE(keys.insert(key.key).second) << key.key;
+        EXPECT_EQ(findWindowKey(key.key), &key);
+        EXPECT_EQ(&keyOf(key.act), &key);
+    }
     for (const Control& control : allControls()) {
         EXPECT_TRUE(keys.insert(control.key).second) << control.key;
         EXPECT_EQ(findControl(control.key), &control);

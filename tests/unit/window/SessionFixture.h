@@ -25,7 +25,8 @@ inline constexpr const char* ownDomain = "net.qorvath.panotra";
 
 class SessionFixture : public ::testing::Test {
 protected:
-    sim::Session& start()
+    sim::Session& start() { return session.emplace(setupOfFixture(), library); }
+    sim::SessionSetup setupOfFixture()
     {
         sim::SessionSetup setup;
         setup.preferencesFolder = folder.path();
@@ -38,7 +39,7 @@ protected:
         setup.fileFailed = [this](const std::string& message) {
             complaints += message + '\n';
         };
-        return session.emplace(std::move(setup), library);
+        return setup;
     }
 
     /// Another process writes a setting into the file, or removes it.

@@ -1,5 +1,5 @@
 /// The watch over a folder. It waits for real processes' writes, so this test waits, too.
-#include "simulator/window/PreferenceWatch.h"
+#include "simulator/window/FolderWatch.h"
 #include "tests/unit/window/SessionFixture.h"
 
 #include <condition_variable>
@@ -9,6 +9,11 @@ namespace panotra::sim {
 namespace {
 
 using namespace std::chrono_literals;
+
+bool isPropertyList(std::string_view file)
+{
+    return preferences::domainOfFile(file).has_value();
+}
 
 class Told {
 public:
@@ -36,16 +41,16 @@ private:
     int m_seen = 0;
 };
 
-class PreferenceWatchTest : public testing::SessionFixture {
+class FolderWatchTest : public testing::SessionFixture {
 protected:
     Told changed;
     Told gone;
 };
 
-TEST_F(PreferenceWatchTest, AWriteAndARemovalAreTold)
+TEST_F(FolderWatchTest, AWriteAndARemovalAreTold)
 {
     std::string failure;
-    const auto watch = PreferenceWatch::make(folder.path(), changed.teller(), gone.teller(), failure);
+    const auto watch = FolderWatch::make(folder.path(), { isPropertyList, changed.teller(), gone.teller() }, failure);
     ASSERT_NE(watch, nullptr) << failure;
     writeElsewhere("key", 1);
     EXPECT_TRUE(changed.wasTold());
@@ -53,7 +58,7 @@ TEST_F(PreferenceWatchTest, AWriteAndARemovalAreTold)
     EXPECT_TRUE(changed.wasTold());
 }
 
-TEST_F(PreferenceWatchTest, AFolderThatGoesIsTold)
+TEST_F(FolderWatchTest, AFolderThatGoesIsTold)
 {
     for (const auto& makeGo : std::vector<std::function<void(const std::filesystem::path&)>> {
              [](const auto& path) { std::filesystem::remove_all(path); },
@@ -63,17 +68,18 @@ TEST_F(PreferenceWatchTest, AFolderThatGoesIsTold)
         const std::filesystem::path path = folder / "watched";
         std::filesystem::create_directory(path);
         std::string failure;
-        const auto watch = PreferenceWatch::make(path, changed.teller(), gone.teller(), failure);
+        const auto watch = FolderWatch::make(path, { isPropertyList, changed.teller(), gone.teller() }, failure);
         ASSERT_NE(watch, nullptr) << failure;
         makeGo(path);
         EXPECT_TRUE(gone.wasTold());
     }
 }
 
-TEST_F(PreferenceWatchTest, AFolderThatIsNotThereIsToldAtOnce)
+TEST_F(FolderWatchTest, AFolderThatIsNotThereIsToldAtOnce)
 {
     std::string failure;
-    EXPECT_EQ(PreferenceWatch::make(folder / "unborn", changed.teller(), gone.teller(), failure), nullptr);
+    EXPECT_EQ(
+        FolderWatch::make(folder / "unborn", { isPropertyList, changed.teller(), gone.teller() }, failure), nullptr);
     EXPECT_EQ(failure, "No such file or directory");
 }
 

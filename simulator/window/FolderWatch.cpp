@@ -1,7 +1,5 @@
 /// inotify: the kernel tells, nobody asks again and again.
-#include "simulator/window/PreferenceWatch.h"
-
-#include "simulator/preferences/DomainNames.h"
+#include "simulator/window/FolderWatch.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -22,14 +20,14 @@ using preferences::FileDescriptor;
 namespace {
 
 struct News {
-    bool isOfPropertyList = false;
+    bool isOfFile = false;
     bool isFolderGone = false;
 };
 
 constexpr std::uint32_t folderGone = IN_DELETE_SELF | IN_MOVE_SELF;
 
 /// What the notices say; those about locks and files on their way say nothing.
-News newsIn(const char* notices, std::size_t size)
+News newsIn(const char* notices, std::size_t size, const std::function<bool(std::string_view)>& concerns)
 {
     News news;
     for (std::size_t position = 0; position + sizeof(inotify_event) <= size;) {
@@ -37,8 +35,8 @@ News newsIn(const char* notices, std::size_t size)
         std::memcpy(&notice, notices + position, sizeof notice);
         position += sizeof notice;
         // Too many at once, and some are lost: one may have been.
-        if ((notice.mask & IN_Q_OVERFLOW) != 0 || (notice.len > 0 && preferences::domainOfFile(notices + position)))
-            news.isOfPropertyList = true;
+        if ((notice.mask & IN_Q_OVERFLOW) != 0 || (notice.len > 0 && concerns(notices + position)))
+            news.isOfFile = true;
         if ((notice.mask & (folderGone | IN_UNMOUNT)) != 0)
             news.isFolderGone = true;
         position += notice.len;
@@ -48,10 +46,9 @@ News newsIn(const char* notices, std::size_t size)
 
 } // namespace
 
-std::unique_ptr<PreferenceWatch> PreferenceWatch::make(
-    const std::string& folder, std::function<void()> changed, std::function<void()> gone, std::string& failure)
+std::unique_ptr<FolderWatch> FolderWatch::make(const std::string& folder, Ears ears, std::string& failure)
 {
-    std::unique_ptr<PreferenceWatch> watch(new PreferenceWatch);
+    std::unique_ptr<FolderWatch> watch(new FolderWatch);
     watch->m_notices = FileDescriptor(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
     watch->m_end = FileDescriptor(eventfd(0, EFD_CLOEXEC));
     constexpr std::uint32_t replacedOrGone = IN_CLOSE_WRITE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE;
@@ -65,13 +62,12 @@ std::unique_ptr<PreferenceWatch> PreferenceWatch::make(
     sigset_t before;
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &before);
-    watch->m_thread = std::thread(
-        [&self = *watch, changed = std::move(changed), gone = std::move(gone)] { self.run(changed, gone); });
+    watch->m_thread = std::thread([&self = *watch, ears = std::move(ears)] { self.run(ears); });
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     return watch;
 }
 
-PreferenceWatch::~PreferenceWatch()
+FolderWatch::~FolderWatch()
 {
     if (!m_thread.joinable())
         return;
@@ -80,23 +76,23 @@ PreferenceWatch::~PreferenceWatch()
     m_thread.join();
 }
 
-void PreferenceWatch::run(const std::function<void()>& changed, const std::function<void()>& gone) const
+void FolderWatch::run(const Ears& ears) const
 {
     alignas(inotify_event) std::array<char, 4096> notices {};
     while (waitForNotices()) {
         const auto size = ::read(m_notices.get(), notices.data(), notices.size());
         if (size < 0 && errno != EINTR && errno != EAGAIN)
             return;
-        const News news = newsIn(notices.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
-        if (news.isOfPropertyList)
-            changed();
+        const News news = newsIn(notices.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)), ears.concerns);
+        if (news.isOfFile)
+            ears.changed();
         if (news.isFolderGone)
-            return gone();
+            return ears.gone();
     }
 }
 
 /// Answers false when the watch is to end.
-bool PreferenceWatch::waitForNotices() const
+bool FolderWatch::waitForNotices() const
 {
     std::array<pollfd, 2> waitingFor { pollfd { m_notices.get(), POLLIN, 0 }, pollfd { m_end.get(), POLLIN, 0 } };
     constexpr int forever = -1;
