@@ -68,6 +68,11 @@ lint: ## read the sources and the scripts for mistakes: clang-tidy, cppcheck, sh
 	@scripts/install-dependencies build lint
 	@scripts/lint $(build)/lint $(jobs)
 
+.PHONY: mutants
+mutants: ## plant one change at a time and see whether a test notices: MUTANTS=all, a number or survivors
+	@scripts/install-dependencies build test mutants
+	@scripts/mutants $(build) $(jobs) $${MUTANTS:-all} $${MUTANTS_SEED:-1} $(quiet)
+
 .PHONY: fuzz
 fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
 	@scripts/install-dependencies build test fuzz
