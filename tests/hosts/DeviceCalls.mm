@@ -155,15 +155,15 @@ const DeviceCall deviceCalls[] = {
 
 /// What came with later systems, and what a class inherits there that it has of its own in other processes.
 const DeviceCall laterDeviceCalls[] = {
-    { "SBRingerControl", "setRingerMuted:", message<void(bool)>() },
-    { "SBRingerControl", "activateRingerHUDFromMuteSwitch:", message<void(std::int32_t)>() },
+    { "SBRingerControl", "setRingerMuted:", call<void(bool)>() },
+    { "SBRingerControl", "activateRingerHUDFromMuteSwitch:", call<void(std::int32_t)>() },
     { "SBRingerControl",
-        "activateRingerHUD:withInitialVolume:fromSource:", message<void(std::int32_t, float, std::uint64_t)>() },
-    { "SBHUDController", "_presentHUD:animated:", message<void(HostObject*, bool)>() },
+        "activateRingerHUD:withInitialVolume:fromSource:", call<void(std::int32_t, float, std::uint64_t)>() },
+    { "SBHUDController", "_presentHUD:animated:", call<void(HostObject*, bool)>() },
     { "SpringBoard",
-        "noteInterfaceOrientationChanged:duration:logMessage:", message<void(std::int64_t, double, HostObject*)>() },
-    { "SBVolumeControl", "_presentVolumeHUDWithVolume:", message<void(float)>() },
-    { "UIView", "setFrame:", message<void(sim::Rect)>() },
+        "noteInterfaceOrientationChanged:duration:logMessage:", call<void(std::int64_t, double, HostObject*)>() },
+    { "SBVolumeControl", "_presentVolumeHUDWithVolume:", call<void(float)>() },
+    { "UIView", "setFrame:", call<void(sim::Rect)>() },
 };
 
 using MethodKey = std::pair<std::string, std::string>;

@@ -1,6 +1,7 @@
 /// Processes that lack a class, or have it empty: the home screen lives on.
 #include "tests/hosts/HostTest.h"
 
+#include "simulator/systems/Systems.h"
 #include "tests/hosts/HostileSteps.h"
 #include "tests/hosts/Imports.h"
 
@@ -60,5 +61,27 @@ TEST_P(ProcessWithAnEmpty, ClassLivesOn)
 
 INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithout, ::testing::ValuesIn(classesOfTheProcess), nameOf);
 INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithAnEmpty, ::testing::ValuesIn(classesThatMayBeEmpty()), nameOf);
+
+/// Of the newest system, what the mixer asks there and nowhere else included.
+struct NewestProcessWithout : HostTest, ::testing::WithParamInterface<const char*> {
+    NewestProcessWithout()
+        : HostTest(systems::newest)
+    {
+    }
+};
+
+TEST_P(NewestProcessWithout, TheClassLivesOn)
+{
+    device.classes->setPresent(GetParam(), false);
+    launch();
+    liveADay(device, [this](double seconds) { pass(seconds); });
+    EXPECT_EQ(countOf("launched"), std::string(GetParam()) == "SpringBoard" ? 0u : 1u);
+    EXPECT_GT(countOf("schedule"), 0u) << "the mixer has lived through it";
+}
+
+INSTANTIATE_TEST_SUITE_P(Hostile, NewestProcessWithout,
+    ::testing::Values("SpringBoard", "UIApplication", "AVSystemController", "SBAVSystemControllerCache",
+        "SBRingerControl", "SBHUDController", "SBVolumeControl", "UIWindowScene", "SBWindowScene"),
+    nameOf);
 
 } // namespace panotra::testing
