@@ -5,10 +5,9 @@
 #include "simulator/picture/DrawnScenario.h"
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
-#include "simulator/preferences/DomainNames.h"
 #include "simulator/render/Orientation.h"
 #include "simulator/text/Printable.h"
-#include "simulator/window/FolderWatch.h"
+#include "simulator/window/PreferenceWatch.h"
 #include "simulator/window/WindowFiles.h"
 #include "simulator/window/WindowLoop.h"
 
@@ -72,10 +71,7 @@ std::unique_ptr<FolderWatch> watchPreferences(const std::string& folder, std::st
     const auto gone = [&folder] {
         complain(printable(folder) + ": the folder is gone; what others change is not noticed any more");
     };
-    const auto isDomain = [](std::string_view file) {
-        return preferences::domainOfFile(file).has_value();
-    };
-    return FolderWatch::make(folder, { isDomain, pusherOf(WindowLoop::preferencesEvent()), gone }, failure);
+    return PreferenceWatch::make(folder, pusherOf(WindowLoop::preferencesEvent()), gone, failure);
 }
 
 /// Editors write into the file, or put another one in its place: either is seen in its folder.

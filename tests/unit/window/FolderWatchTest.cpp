@@ -1,5 +1,5 @@
 /// The watch over a folder. It waits for real processes' writes, so this test waits, too.
-#include "simulator/window/FolderWatch.h"
+#include "simulator/window/PreferenceWatch.h"
 #include "tests/unit/window/SessionFixture.h"
 
 #include <condition_variable>
@@ -9,11 +9,6 @@ namespace panotra::sim {
 namespace {
 
 using namespace std::chrono_literals;
-
-bool isPropertyList(std::string_view file)
-{
-    return preferences::domainOfFile(file).has_value();
-}
 
 class Told {
 public:
@@ -50,7 +45,7 @@ protected:
 TEST_F(FolderWatchTest, AWriteAndARemovalAreTold)
 {
     std::string failure;
-    const auto watch = FolderWatch::make(folder.path(), { isPropertyList, changed.teller(), gone.teller() }, failure);
+    const auto watch = PreferenceWatch::make(folder.path(), changed.teller(), gone.teller(), failure);
     ASSERT_NE(watch, nullptr) << failure;
     writeElsewhere("key", 1);
     EXPECT_TRUE(changed.wasTold());
@@ -68,7 +63,7 @@ TEST_F(FolderWatchTest, AFolderThatGoesIsTold)
         const std::filesystem::path path = folder / "watched";
         std::filesystem::create_directory(path);
         std::string failure;
-        const auto watch = FolderWatch::make(path, { isPropertyList, changed.teller(), gone.teller() }, failure);
+        const auto watch = PreferenceWatch::make(path, changed.teller(), gone.teller(), failure);
         ASSERT_NE(watch, nullptr) << failure;
         makeGo(path);
         EXPECT_TRUE(gone.wasTold());
@@ -78,8 +73,7 @@ TEST_F(FolderWatchTest, AFolderThatGoesIsTold)
 TEST_F(FolderWatchTest, AFolderThatIsNotThereIsToldAtOnce)
 {
     std::string failure;
-    EXPECT_EQ(
-        FolderWatch::make(folder / "unborn", { isPropertyList, changed.teller(), gone.teller() }, failure), nullptr);
+    EXPECT_EQ(PreferenceWatch::make(folder / "unborn", changed.teller(), gone.teller(), failure), nullptr);
     EXPECT_EQ(failure, "No such file or directory");
 }
 
