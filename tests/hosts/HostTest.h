@@ -13,6 +13,7 @@
 #include "tests/hosts/classes/SpringBoard.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <objc/runtime.h>
 
@@ -49,5 +50,8 @@ protected:
 
 /// Another library's hook, as the hooking framework installs it.
 IMP hook(const char* className, const char* selector, IMP replacement);
+
+/// What a test about the class of that name is called.
+std::string testNameOfClass(const ::testing::TestParamInfo<const char*>& info);
 
 } // namespace panotra::testing

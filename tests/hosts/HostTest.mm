@@ -60,4 +60,10 @@ IMP hook(const char* className, const char* selector, IMP replacement)
     return previous;
 }
 
+std::string testNameOfClass(const ::testing::TestParamInfo<const char*>& info)
+{
+    const std::string name = info.param;
+    return name.substr(name.find_first_not_of('_')) + (name[0] == '_' ? "Private" : "");
+}
+
 } // namespace panotra::testing

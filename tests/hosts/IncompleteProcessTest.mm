@@ -30,12 +30,6 @@ std::vector<const char*> classesThatMayBeEmpty()
 class ProcessWithout : public HostTest, public ::testing::WithParamInterface<const char*> { };
 class ProcessWithAnEmpty : public HostTest, public ::testing::WithParamInterface<const char*> { };
 
-std::string nameOf(const ::testing::TestParamInfo<const char*>& info)
-{
-    const std::string name = info.param;
-    return name.substr(name.find_first_not_of('_')) + (name[0] == '_' ? "Private" : "");
-}
-
 } // namespace
 
 TEST_P(ProcessWithout, TheClassLivesOn)
@@ -59,8 +53,8 @@ TEST_P(ProcessWithAnEmpty, ClassLivesOn)
     EXPECT_EQ(countOf("launched"), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithout, ::testing::ValuesIn(classesOfTheProcess), nameOf);
-INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithAnEmpty, ::testing::ValuesIn(classesThatMayBeEmpty()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithout, ::testing::ValuesIn(classesOfTheProcess), testNameOfClass);
+INSTANTIATE_TEST_SUITE_P(Hostile, ProcessWithAnEmpty, ::testing::ValuesIn(classesThatMayBeEmpty()), testNameOfClass);
 
 /// Of the newest system, what the mixer asks there and nowhere else included.
 struct NewestProcessWithout : HostTest, ::testing::WithParamInterface<const char*> {

@@ -11,12 +11,6 @@ namespace {
 const char* const hookedClasses[] = { "UIResponder", "SpringBoard", "AVSystemController", "SBSoundController",
     "SBMediaController", "SBHUDController", "VolumeControl", "UIStatusBar", "_UIStatusBar" };
 
-std::string nameOf(const ::testing::TestParamInfo<const char*>& info)
-{
-    const std::string name = info.param;
-    return name.substr(name.find_first_not_of('_')) + (name[0] == '_' ? "Private" : "");
-}
-
 class Load : public HostTest {
 protected:
     Load() { device.classes->setPresent("_UIStatusBar", true); }
@@ -46,7 +40,7 @@ TEST_P(LoadWithoutMethodsOf, AClassSendsItNoMessageEither)
     EXPECT_EQ(hosts::initializedClasses(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Hostile, LoadWithoutMethodsOf, ::testing::ValuesIn(hookedClasses), nameOf);
+INSTANTIATE_TEST_SUITE_P(Hostile, LoadWithoutMethodsOf, ::testing::ValuesIn(hookedClasses), testNameOfClass);
 
 namespace {
 
