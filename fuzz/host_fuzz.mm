@@ -6,6 +6,8 @@
 #include "simulator/device/RunLoop.h"
 #include "tests/hosts/HostLibrary.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -2,6 +2,7 @@
 /// bytes, and come back from what it writes.
 #include "simulator/preferences/PropertyListFormats.h"
 #include "simulator/preferences/PropertyListTree.h"
+#include "simulator/preferences/Settings.h"
 #include "tests/faults/IndependentReader.h"
 
 #include <algorithm>

@@ -4,6 +4,8 @@
 #include "simulator/scenario/Player.h"
 #include "simulator/scenario/TraceWriter.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>

@@ -3,7 +3,10 @@
 
 #include "facts/MixerSettings.h"
 #include "model/ProcessValues.h"
+#include "simulator/scenario/ReportField.h"
 #include "simulator/scenario/TextFormat.h"
+
+#include <nlohmann/json.hpp>
 
 #include <string>
 

@@ -1,7 +1,8 @@
 /// The library's process-wide values as the trace tells them.
 #pragma once
 
-#include "simulator/scenario/ReportField.h"
+#include "simulator/device/Device.h"
+#include "simulator/scenario/FieldNote.h"
 
 #include <vector>
 

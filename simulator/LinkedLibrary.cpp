@@ -6,6 +6,8 @@
 #include "model/ProcessValues.h"
 #include "simulator/Globals.h"
 
+#include <nlohmann/json.hpp>
+
 namespace panotra::sim {
 namespace {
 

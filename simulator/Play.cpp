@@ -8,6 +8,8 @@
 #include "simulator/scenario/Player.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>

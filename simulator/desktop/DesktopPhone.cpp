@@ -10,6 +10,8 @@
 #include "simulator/device/RunLoop.h"
 #include "simulator/window/SettingLines.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cmath>
 

@@ -5,6 +5,8 @@
 #include "simulator/device/Device.h"
 #include "simulator/scenario/Library.h"
 
+#include <nlohmann/json.hpp>
+
 #include <chrono>
 #include <functional>
 #include <optional>

@@ -4,6 +4,8 @@
 #include "facts/PublicNames.h"
 #include "simulator/device/Preferences.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <memory>
 

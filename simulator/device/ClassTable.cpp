@@ -4,6 +4,8 @@
 #include "simulator/device/PlatformClasses.h"
 #include "simulator/device/Saturated.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <atomic>
 #include <cassert>

@@ -1,6 +1,8 @@
 /// Darwin notifications.
 #include "simulator/device/DarwinNotifications.h"
 
+#include <nlohmann/json.hpp>
+
 namespace panotra::sim {
 
 DarwinNotifications::DarwinNotifications(Device& device)

@@ -6,9 +6,12 @@
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cassert>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <utility>
 
 namespace panotra::sim {
@@ -16,6 +19,7 @@ namespace panotra::sim {
 namespace {
 
 Device* currentDevice = nullptr;
+std::thread::id mainThread; ///< the current device's
 
 /// Whether the fields are those that the table of events tells of.
 [[maybe_unused]] bool areFieldsOf(const TraceEvent& event, const Json& fields)
@@ -49,6 +53,7 @@ Device::Device(std::optional<std::string> preferencesFolder)
 {
     assert(currentDevice == nullptr);
     currentDevice = this;
+    mainThread = std::this_thread::get_id();
 }
 
 Device::~Device()
@@ -66,6 +71,17 @@ Device::~Device()
 Device* Device::current()
 {
     return currentDevice;
+}
+
+bool Device::isMainThread() const
+{
+    return std::this_thread::get_id() == mainThread;
+}
+
+void Device::trace(EventName event)
+{
+    if (traceSink)
+        report(event, Json::object());
 }
 
 Json Device::nameOf(HostObject* object)

@@ -9,17 +9,17 @@
 #include "simulator/device/Object.h"
 #include "simulator/device/TraceEvents.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <thread>
 
 namespace panotra::sim {
 
-/// A trace event without its time stamp, or any other JSON value; fields keep their order.
+/// A trace event without its time stamp, or any other JSON value; fields keep their order. Who makes one or looks into
+/// one includes the library of JSON whole, which takes longer to compile than all else here.
 using Json = nlohmann::ordered_json;
 
 class AudioService;
@@ -44,7 +44,7 @@ public:
     /// The device that lives now, or null.
     static Device* current();
     /// Whether the caller is the thread that made the device, which is the only one that may use it. From any thread.
-    bool isMainThread() const { return std::this_thread::get_id() == m_mainThread; }
+    bool isMainThread() const;
 
     /// Who gets the trace: called with {"t": …, "event": …, fields…}. None: events cost nothing.
     std::function<void(const Json&)> traceSink;
@@ -54,11 +54,7 @@ public:
         if (traceSink)
             report(event, fields());
     }
-    void trace(EventName event)
-    {
-        if (traceSink)
-            report(event, Json::object());
-    }
+    void trace(EventName event);
 
     /// The bundle identifier of the process; the home screen's until set.
     std::string bundleIdentifier = homeScreenBundle;
@@ -84,8 +80,6 @@ public:
     Json nameOf(HostObject* object);
 
 private:
-    const std::thread::id m_mainThread = std::this_thread::get_id();
-
     void report(EventName event, Json fields);
 };
 

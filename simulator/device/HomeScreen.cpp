@@ -12,6 +12,8 @@
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <thread>
 #include <utility>

@@ -6,6 +6,8 @@
 #include "simulator/device/SharedObjects.h"
 #include "simulator/device/Values.h"
 
+#include <nlohmann/json.hpp>
+
 namespace panotra::sim {
 
 namespace {

@@ -9,6 +9,8 @@
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <string_view>
 

@@ -5,6 +5,8 @@
 #include "simulator/preferences/PropertyListFile.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <filesystem>
 #include <set>
 #include <utility>

@@ -5,6 +5,8 @@
 #include "simulator/device/ClassTable.h"
 #include "simulator/device/View.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <atomic>
 #include <map>

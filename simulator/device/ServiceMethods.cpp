@@ -9,6 +9,8 @@
 #include "simulator/device/SystemShape.h"
 #include "simulator/device/Values.h"
 
+#include <nlohmann/json.hpp>
+
 namespace panotra::sim {
 
 namespace {

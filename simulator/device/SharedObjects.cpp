@@ -3,6 +3,8 @@
 
 #include "simulator/device/ClassTable.h"
 
+#include <nlohmann/json.hpp>
+
 namespace panotra::sim {
 
 namespace {

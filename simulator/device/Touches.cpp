@@ -7,6 +7,8 @@
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cmath>
 
 namespace panotra::sim {

@@ -3,6 +3,8 @@
 
 #include "simulator/device/Device.h"
 
+#include <nlohmann/json.hpp>
+
 #include <map>
 #include <optional>
 #include <string>

@@ -10,6 +10,8 @@
 #include "simulator/device/Services.h"
 #include "simulator/device/View.h"
 
+#include <nlohmann/json.hpp>
+
 #include <array>
 #include <string>
 

@@ -3,6 +3,8 @@
 
 #include "facts/WrappedInteger.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 /// Null, and whatever else is no number, boolean or string, gives zero or false.
 #pragma once
 
-#include "simulator/preferences/Settings.h"
+#include "simulator/preferences/Json.h"
 
 #include <cstdint>
 

@@ -8,6 +8,7 @@
 #include "simulator/preferences/FileLock.h"
 #include "simulator/preferences/FileReplacement.h"
 #include "simulator/preferences/PropertyListTree.h"
+#include "simulator/preferences/Settings.h"
 
 #include <chrono>
 #include <filesystem>

@@ -9,6 +9,9 @@
 
 namespace panotra::preferences {
 
+class Settings;
+struct Change;
+
 class PropertyListTree {
 public:
     /// An empty dictionary, to be written as XML.

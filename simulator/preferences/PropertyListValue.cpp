@@ -1,6 +1,8 @@
 /// A value of a property list, of any kind that a file can hold.
 #include "simulator/preferences/PropertyListValue.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cassert>
 #include <limits>

@@ -1,7 +1,7 @@
 /// A value of a property list, of any kind that a file can hold.
 #pragma once
 
-#include "simulator/preferences/Settings.h"
+#include "simulator/preferences/Json.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,8 @@
 /// The settings of one preference domain: keys and values in the order in which they were first stored.
 #pragma once
 
+#include "simulator/preferences/Json.h"
+
 #include <nlohmann/json.hpp>
 
 #include <optional>
@@ -8,8 +10,6 @@
 #include <vector>
 
 namespace panotra::preferences {
-
-using Json = nlohmann::ordered_json;
 
 /// A value is an integer, a real, a boolean or a string. Null stands for a value of any other kind, which stays
 /// where it is stored and is nothing that a program could read as a setting.

@@ -5,6 +5,8 @@
 #include "simulator/scenario/Numbers.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>

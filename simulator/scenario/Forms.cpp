@@ -9,6 +9,8 @@
 #include "simulator/device/SystemShape.h"
 #include "simulator/scenario/Player.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 
 namespace panotra::sim {

@@ -3,6 +3,8 @@
 
 #include "facts/PublicNames.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <string_view>
 #include <utility>

@@ -10,6 +10,8 @@
 #include "simulator/scenario/TreeReport.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace panotra::sim {

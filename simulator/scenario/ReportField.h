@@ -2,6 +2,9 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/scenario/FieldNote.h"
+
+#include <nlohmann/json.hpp>
 
 #include <array>
 #include <cstddef>
@@ -18,13 +21,6 @@ template <typename Source> struct ReportField {
     std::string_view meaning; ///< in words for people
     std::string_view example; ///< of its value; each report says in which spelling
     Json (*read)(const Source& source);
-};
-
-/// A field as the reference tells of it.
-struct FieldNote {
-    std::string path; ///< with capitals for what varies
-    std::string meaning;
-    std::string example;
 };
 
 /// null where there is no value.

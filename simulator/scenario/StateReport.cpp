@@ -6,6 +6,9 @@
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"
 #include "simulator/device/View.h"
+#include "simulator/scenario/ReportField.h"
+
+#include <nlohmann/json.hpp>
 
 #include <array>
 #include <string>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/scenario/FieldNote.h"
 #include "simulator/scenario/Library.h"
-#include "simulator/scenario/ReportField.h"
 
 #include <string>
 #include <vector>

@@ -5,6 +5,8 @@
 #include "simulator/scenario/StoryWords.h"
 #include "simulator/scenario/TextFormat.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <utility>
 

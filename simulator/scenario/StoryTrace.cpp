@@ -5,6 +5,8 @@
 #include "simulator/text/Columns.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>

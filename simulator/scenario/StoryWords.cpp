@@ -5,6 +5,8 @@
 #include "simulator/scenario/TextTemplate.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -5,6 +5,8 @@
 #include "simulator/scenario/TextReports.h"
 #include "simulator/scenario/TextTemplate.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>

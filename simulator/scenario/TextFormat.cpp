@@ -3,6 +3,8 @@
 
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <array>
 #include <charconv>
 

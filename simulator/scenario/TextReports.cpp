@@ -4,6 +4,8 @@
 #include "simulator/scenario/TextFormat.h"
 #include "simulator/scenario/TextTemplate.h"
 
+#include <nlohmann/json.hpp>
+
 #include <string_view>
 #include <vector>
 

@@ -3,6 +3,8 @@
 
 #include "simulator/scenario/TextFormat.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 
 namespace panotra::sim {

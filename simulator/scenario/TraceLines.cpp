@@ -3,6 +3,8 @@
 
 #include "simulator/scenario/TextEvents.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace panotra::sim {
@@ -11,6 +13,8 @@ TraceLines::TraceLines(Sink sink)
     : m_sink(std::move(sink))
 {
 }
+
+TraceLines::~TraceLines() = default;
 
 void TraceLines::event(const Json& event)
 {

@@ -29,6 +29,7 @@ public:
     using Sink = std::function<void(const TraceLine& line)>;
 
     explicit TraceLines(Sink sink);
+    ~TraceLines();
 
     void event(const Json& event);
     /// Gives out what was held back until it is known to be complete.

@@ -4,6 +4,8 @@
 #include "simulator/scenario/StoryTrace.h"
 #include "simulator/scenario/TextTrace.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace panotra::sim {

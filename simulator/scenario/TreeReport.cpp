@@ -4,6 +4,9 @@
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Services.h"
 #include "simulator/device/View.h"
+#include "simulator/scenario/ReportField.h"
+
+#include <nlohmann/json.hpp>
 
 #include <array>
 

@@ -1,7 +1,8 @@
 /// The `tree` event: the mixer's views as they are.
 #pragma once
 
-#include "simulator/scenario/ReportField.h"
+#include "simulator/device/Device.h"
+#include "simulator/scenario/FieldNote.h"
 
 #include <string_view>
 #include <vector>

@@ -9,6 +9,8 @@
 #include "simulator/window/Palette.h"
 #include "simulator/window/SettingValues.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <optional>

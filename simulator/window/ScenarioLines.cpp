@@ -4,6 +4,8 @@
 #include "simulator/scenario/Forms.h"
 #include "simulator/window/Session.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace panotra::sim {

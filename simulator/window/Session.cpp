@@ -11,6 +11,8 @@
 #include "simulator/window/Numerals.h"
 #include "simulator/window/SettingLines.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cassert>

@@ -11,6 +11,8 @@
 #include "simulator/scenario/TraceLines.h"
 #include "simulator/scenario/TraceWriter.h"
 
+#include <nlohmann/json.hpp>
+
 #include <chrono>
 #include <cstddef>
 #include <deque>

@@ -8,6 +8,8 @@
 #include "simulator/scenario/Lexer.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <set>
 

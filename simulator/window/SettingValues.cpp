@@ -4,6 +4,8 @@
 #include "simulator/device/Preferences.h"
 #include "simulator/scenario/TextFormat.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cmath>
 

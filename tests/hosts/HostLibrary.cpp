@@ -10,6 +10,8 @@
 #include "tests/hosts/macho/MachImage.h"
 #include "tests/hosts/macho/MachImports.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstdlib>
 #include <cstring>
 #include <memory>

@@ -9,6 +9,8 @@
 #include "tests/hosts/classes/SpringBoard.h"
 #include "tests/support/KnownFacts.h"
 
+#include <nlohmann/json.hpp>
+
 #include <objc/runtime.h>
 
 #include <climits>

@@ -5,6 +5,8 @@
 #include "simulator/device/Values.h"
 #include "tests/hosts/Peers.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace panotra::hosts {

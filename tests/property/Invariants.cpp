@@ -10,6 +10,8 @@
 #include "simulator/device/View.h"
 #include "simulator/scenario/Player.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>

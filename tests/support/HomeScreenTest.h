@@ -13,6 +13,7 @@
 #include "simulator/device/Services.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <optional>
 #include <string>

@@ -1,6 +1,8 @@
 /// The differences, each in its place.
 #include "tests/systems/Equivalence.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <optional>

@@ -5,6 +5,8 @@
 
 #include "simulator/device/Device.h"
 
+#include <nlohmann/json.hpp>
+
 #include <string>
 #include <vector>
 

@@ -14,6 +14,8 @@
 #include "tests/support/TraceComparison.h"
 #include "tests/systems/Equivalence.h"
 
+#include <nlohmann/json.hpp>
+
 #include <sys/wait.h>
 #include <unistd.h>
 

@@ -7,6 +7,8 @@
 #include "tests/hosts/Peers.h"
 #include "tests/hosts/Values.h"
 
+#include <nlohmann/json.hpp>
+
 #include <objc/runtime.h>
 
 using namespace panotra;

@@ -8,6 +8,8 @@
 #include "tests/hosts/Hostility.h"
 #include "tests/hosts/Values.h"
 
+#include <nlohmann/json.hpp>
+
 #include <objc/runtime.h>
 
 using namespace panotra;

@@ -20,6 +20,7 @@
 #include "tests/hosts/macho/MachImports.h"
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include <cstdio>
 #include <iostream>

@@ -3,6 +3,8 @@
 
 #include "tests/unit/preferences/TemporaryFolder.h"
 
+#include <nlohmann/json.hpp>
+
 #include <memory>
 
 namespace panotra::sim {

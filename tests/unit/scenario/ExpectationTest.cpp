@@ -2,6 +2,7 @@
 #include "simulator/scenario/Expectation.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace panotra::sim {
 namespace {
