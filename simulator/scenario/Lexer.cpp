@@ -73,6 +73,9 @@ std::vector<Line> readLines(std::string_view text)
     std::vector<Line> lines;
     std::vector<std::string_view> remarks;
     std::size_t number = 0;
+    // Editors elsewhere begin a file with a byte-order mark.
+    if (constexpr std::string_view mark = "\xEF\xBB\xBF"; text.starts_with(mark))
+        text.remove_prefix(mark.size());
     while (!text.empty()) {
         const auto end = text.find('\n');
         auto source = text.substr(0, end);
