@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -49,8 +50,13 @@ OutputFile::OutputFile(std::FILE* stream, std::string name)
     : m_stream(stream, stream == stdout ? leaveOpen : std::fclose)
     , m_name(std::move(name))
 {
-    if (!m_stream)
-        noteError(errno);
+    if (m_stream)
+        return;
+    const int reason = errno;
+    if (auto missing = reason == ENOENT ? missingFolderOf(m_name) : std::nullopt)
+        m_error = { std::move(*missing) };
+    else
+        noteError(reason);
 }
 
 OutputFile OutputFile::standardOutput()
@@ -117,6 +123,21 @@ std::optional<std::string> makeFreshFile(
     }
     failure = printable(folder) + ": too many files " + stem + "-N" + ending;
     return std::nullopt;
+}
+
+std::optional<std::string> missingFolderOf(const std::string& name)
+{
+    const auto folder = std::filesystem::path(name).parent_path();
+    std::error_code error;
+    if (folder.empty() || std::filesystem::exists(folder, error) || error)
+        return std::nullopt;
+    return printable(name) + ": there is no folder " + printable(folder.string());
+}
+
+bool isReaderGone()
+{
+    pollfd output { STDOUT_FILENO, 0, 0 };
+    return poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
 }
 
 void keepStandardStreams()

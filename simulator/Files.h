@@ -48,6 +48,14 @@ private:
 std::optional<std::string> makeFreshFile(
     const std::string& folder, const std::string& stem, const std::string& ending, std::string& failure);
 
+/// Why a file cannot be written where its folder is missing: "NAME: there is no folder FOLDER". Folders are not made
+/// for a file: a name that was misspelt would be hard to find. Nothing if the folder is there.
+std::optional<std::string> missingFolderOf(const std::string& name);
+
+/// Whether standard output is a pipe that nobody reads any more, as `head` leaves it. What cannot be written then is
+/// missed by nobody: it ends as any failure of writing does, but without a word.
+bool isReaderGone();
+
 /// Gives standard input, output and error something to be if the caller left them closed: otherwise a file that is
 /// opened later would take their place, and the trace would end up in it.
 void keepStandardStreams();

@@ -69,6 +69,11 @@ void addMistakesOfPictures(Scenario& scenario, const PlayOptions& options, std::
     std::ranges::stable_sort(scenario.mistakes, {}, &Mistake::line);
 }
 
+bool isStandardOutput(const PlayOptions& options)
+{
+    return !options.traceFile;
+}
+
 ExitStatus playOnDevice(const PlayOptions& options, const Library& library, const Scenario& scenario,
     OutputFile& output, Pictures* pictures)
 {
@@ -89,7 +94,7 @@ ExitStatus playOnDevice(const PlayOptions& options, const Library& library, cons
     player.play(scenario);
     writer->finish();
     output.close();
-    if (output.error())
+    if (output.error() && !(isStandardOutput(options) && isReaderGone()))
         complain(output.error()->message);
     if (output.error() || !player.filesWorked())
         return ExitStatus::FileFailed;

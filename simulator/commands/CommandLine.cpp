@@ -70,7 +70,8 @@ ExitStatus complainAboutCommandLine(const CLI::App& app, std::string message)
     }
     // One line whatever the library has to say.
     std::ranges::replace(message, '\n', ' ');
-    complain(printable(message) + helpFor(app, {}, {}));
+    const bool isHelped = message.find("(did you mean ") != message.npos;
+    complain(printable(message) + (isHelped ? "" : helpFor(app, {}, {})));
     return ExitStatus::WrongInput;
 }
 
@@ -78,17 +79,25 @@ ExitStatus complainAboutCommandLine(const CLI::App& app, std::string message)
 ExitStatus answer(const CLI::App& app, const CLI::Success& request)
 {
     app.exit(request);
-    if (std::cout.flush())
-        return ExitStatus::AllWell;
-    complain("standard output could not be written");
-    return ExitStatus::FileFailed;
+    return endOfOutput();
+}
+
+/// The words in the order in which the library wants them, last first. `-h` alone is help for every command, also for
+/// one that takes no short options because its values may look like some.
+std::vector<std::string> wordsOf(int argumentCount, char** arguments)
+{
+    std::vector<std::string> words(arguments + std::min(argumentCount, 1), arguments + argumentCount);
+    const auto end = std::ranges::find(words, "--");
+    std::replace(words.begin(), end, std::string("-h"), std::string("--help"));
+    std::ranges::reverse(words);
+    return words;
 }
 
 ExitStatus run(CLI::App& app, const ExitStatus& status, int argumentCount, char** arguments)
 {
     app.require_subcommand(0, 1);
     try {
-        app.parse(argumentCount, arguments);
+        app.parse(wordsOf(argumentCount, arguments));
     } catch (const CLI::Success& request) {
         return answer(app, request);
     } catch (const CLI::ParseError& error) {
@@ -98,6 +107,15 @@ ExitStatus run(CLI::App& app, const ExitStatus& status, int argumentCount, char*
 }
 
 } // namespace
+
+ExitStatus endOfOutput()
+{
+    if (std::cout.flush())
+        return ExitStatus::AllWell;
+    if (!isReaderGone())
+        complain("standard output could not be written");
+    return ExitStatus::FileFailed;
+}
 
 int runCommandLine(CLI::App& app, const ExitStatus& status, int argumentCount, char** arguments)
 {

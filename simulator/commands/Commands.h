@@ -21,6 +21,9 @@ void addDesktopCommand(
 /// `library` is what its scenarios load. Answers the command, to which options may be added.
 CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library);
 
+/// What was asked for must have reached whoever reads standard output. If not, that is complained of.
+ExitStatus endOfOutput();
+
 /// Reads the command line and runs the command that stands on it. A mistake is complained of in a line. Answers the
 /// status of the process: `status` as the command left it, or that of a wrong command line.
 int runCommandLine(CLI::App& app, const ExitStatus& status, int argumentCount, char** arguments);

@@ -2,14 +2,14 @@
 #include "simulator/commands/Commands.h"
 
 #include "facts/MixerSettings.h"
-#include "facts/VolumeSlots.h"
 #include "simulator/Bundle.h"
 #include "simulator/LinkedLibrary.h"
+#include "simulator/commands/NamedOptions.h"
 #include "simulator/picture/SinglePicture.h"
 #include "simulator/scenario/Numbers.h"
 #include "simulator/scenario/TextFormat.h"
+#include "simulator/systems/Systems.h"
 
-#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -17,23 +17,9 @@ namespace panotra::sim {
 
 namespace {
 
-/// "The setting mixerSkin: 0 light, 1 dark": what the values of a choice are called.
 std::string describe(const MixerSetting& setting)
 {
-    std::string text = std::string("The setting ") + setting.key + ':';
-    for (std::size_t value = 0; value < setting.choices.size(); ++value) {
-        std::string name = setting.choices[value];
-        std::ranges::transform(name, name.begin(), [](char letter) {
-            return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-        });
-        text += (value == 0 ? " " : ", ") + std::to_string(value) + ' ' + name;
-    }
-    return text;
-}
-
-CLI::Range valuesOf(const MixerSetting& setting)
-{
-    return CLI::Range(0, static_cast<int>(setting.choices.size()) - 1);
+    return std::string("The setting ") + setting.key + ": " + bothSpellings(valuesOf(setting));
 }
 
 /// Smaller than a tenth nothing can be made out, larger than twice nothing but gaps may be left on the screen.
@@ -52,14 +38,21 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
     constexpr const MixerSetting& style = mixerSetting("activeStyle");
     constexpr const MixerSetting& skin = mixerSetting("mixerSkin");
     CLI::App* const command = app.add_subcommand("picture", "Draw the mixer on the screen of a phone");
-    command->add_option("--style", showing.style, describe(style))->check(valuesOf(style))->type_name("N");
-    command->add_option("--skin", showing.skin, describe(skin))->check(valuesOf(skin))->type_name("N");
+    command->add_option("--style", showing.style, describe(style))
+        ->transform(named(valuesOf(style)))
+        ->type_name("NAME");
+    command->add_option("--skin", showing.skin, describe(skin))->transform(named(valuesOf(skin)))->type_name("NAME");
     command
-        ->add_option(
-            "--orientation", showing.orientation, "The interface: 1 upright, 2 upside down, 3 and 4 on either side")
-        ->check(CLI::Range(1, 4))
-        ->type_name("N")
-        ->capture_default_str();
+        ->add_option("--orientation", showing.orientation,
+            "The interface: " + bothSpellings(orientationNames()) + " (default 1)")
+        ->transform(named(orientationNames()))
+        ->type_name("NAME");
+    command
+        ->add_option("--system", options->system,
+            "The system whose home screen the phone has, " + std::to_string(systems::oldest) + " to "
+                + std::to_string(systems::newest) + "; without it, all of what 10 to 12 have")
+        ->transform(named(systemNames()))
+        ->type_name("N");
     command->add_option("--screen", options->screen, "The screen in points and pixels a point (default 375x667@2)")
         ->type_name("WxH@S");
     command
@@ -70,17 +63,22 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
         ->type_name("F");
     command
         ->add_option("--level", options->levels,
-            "The level, 0 to 1, of a slot, 0 to " + std::to_string(volumeSlotCount - 1) + "; may be repeated")
+            "The level, 0 to 1, of a slot: " + bothSpellings(slotNames()) + "; may be repeated")
         ->type_name("SLOT=V")
+        ->transform(namedBeforeEquals(slotNames()))
         ->take_all()
         ->expected(1);
-    command->add_option("--focus", showing.focusedSlot, "A slot whose slider is held by a finger")->type_name("SLOT");
+    command->add_option("--focus", showing.focusedSlot, "A slot whose slider is held by a finger")
+        ->transform(named(slotNames()))
+        ->type_name("SLOT");
     command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
         ->type_name("FILE.png")
         ->capture_default_str();
     command->add_flag("--as-viewed", options->asViewed,
         "Turn the picture as the viewer holds the phone; without it the screen stands as it is built");
-    command->add_option("-o,--output", options->outputFile, "The picture to write")->type_name("FILE.png")->required();
+    command->add_option("-o,--output", options->outputFile, "The picture to write; - is standard output")
+        ->type_name("FILE.png")
+        ->required();
     command->footer("Exit status: 0 all went well, 2 the command line is wrong, 3 a file or a font could not be "
                     "read or written.");
     command->callback([options, &status] {

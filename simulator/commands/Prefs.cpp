@@ -1,6 +1,7 @@
 /// The command `panotra prefs`: another process that looks at the settings and changes them.
 #include "simulator/commands/Prefs.h"
 
+#include "simulator/commands/PrefsAdvice.h"
 #include "simulator/preferences/DefaultFolder.h"
 #include "simulator/preferences/DomainNames.h"
 #include "simulator/preferences/PropertyListFile.h"
@@ -116,7 +117,12 @@ private:
             return fail(ExitStatus::WrongInput, words + ": expected " + setting.expected);
         }
         file.set(*m_request.key, *setting.value);
-        return save(file);
+        const ExitStatus status = save(file);
+        // Stored it is: whoever tries what the mixer makes of odd values wants to.
+        if (const auto advice = adviceOnSetting(m_request.domain, *m_request.key, *setting.value);
+            advice && status == ExitStatus::AllWell)
+            say(*advice + "; stored all the same");
+        return status;
     }
 
     ExitStatus unset(PropertyListFile& file)

@@ -24,7 +24,8 @@ struct PrefsRequest {
 
 /// `list` prints a line `KEY TYPE VALUE` for each key, strings, and keys with blanks, in double quotes; `get` prints
 /// the value alone, in quotes only if a terminal is to get control characters. A value that is no number, boolean or
-/// string is listed as `other` and cannot be got. What went wrong is one line on `errors`.
+/// string is listed as `other` and cannot be got. What went wrong is one line
+/// on `errors`, and so is advice about what `set` has stored.
 sim::ExitStatus runPrefsCommand(const PrefsRequest& request, std::ostream& output, std::ostream& errors);
 
 } // namespace panotra::preferences

@@ -17,16 +17,11 @@ namespace {
 using preferences::PrefsAction;
 using preferences::PrefsRequest;
 
-/// What was asked for must have reached whoever reads it.
 ExitStatus run(PrefsRequest request)
 {
     request.isForTerminal = ::isatty(STDOUT_FILENO) == 1;
     const ExitStatus status = preferences::runPrefsCommand(request, std::cout, std::cerr);
-    if (status == ExitStatus::AllWell && !std::cout.flush()) {
-        complain("standard output could not be written");
-        return ExitStatus::FileFailed;
-    }
-    return status;
+    return status == ExitStatus::AllWell ? endOfOutput() : status;
 }
 
 } // namespace
@@ -39,7 +34,7 @@ void addPrefsCommand(CLI::App& app, ExitStatus& status)
     const auto request = std::make_shared<PrefsRequest>();
     CLI::App* const command = app.add_subcommand("prefs", "Look at the settings, or change them as another process");
     // A value may begin with -h: it is refused like any other option, instead of being taken for a call for help.
-    command->set_help_flag("--help", "Print this help message and exit");
+    command->set_help_flag("--help", "Print this help message and exit; -h does so as well");
     const auto setAction = [request](const std::string& word) {
         request->action = actions.at(word);
     };
@@ -59,7 +54,9 @@ void addPrefsCommand(CLI::App& app, ExitStatus& status)
             "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
             "~/.local/share/panotra/preferences)")
         ->type_name("DIR");
-    command->footer("Write -- before a key or value that begins with a minus sign and a letter.\nExit status: 0 done, "
+    command->footer("Write -- before a key or value that begins with a minus sign and a letter.\nset warns of a key "
+                    "that the mixer does not "
+                    "have, and of a value that it does not offer, and stores it all the same.\nExit status: 0 done, "
                     "1 there is no such key, 2 the command line is wrong, 3 a file could not be "
                     "read or written.\nset puts a file that is no property list aside under another name, sets "
                     "the key in a new one, and ends\nwith 3; the other actions leave such a file where it is.");

@@ -3,7 +3,7 @@
 
 #include "simulator/Bundle.h"
 #include "simulator/LinkedLibrary.h"
-#include "simulator/systems/Systems.h"
+#include "simulator/commands/NamedOptions.h"
 #include "simulator/window/OpenWindow.h"
 
 #include <memory>
@@ -23,9 +23,9 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
         ->type_name("WxH@S")
         ->capture_default_str();
     command
-        ->add_option("--ios", options->system,
+        ->add_option("--system,--ios", options->system,
             "The system whose home screen the phone has, 9 to 16; without it, all of what 10 to 12 have")
-        ->check(CLI::Range(systems::oldest, systems::newest))
+        ->transform(named(systemNames()))
         ->type_name("N");
     command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
         ->type_name("FILE.png")

@@ -2,21 +2,28 @@
 #include "simulator/picture/SinglePicture.h"
 
 #include "simulator/FileClashes.h"
+#include "simulator/Files.h"
+#include "simulator/device/SystemShape.h"
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/render/Orientation.h"
 #include "simulator/scenario/Numbers.h"
 #include "simulator/text/Printable.h"
 
+#include <cstdio>
+#include <filesystem>
 #include <optional>
 #include <utility>
 #include <vector>
+
+#include <unistd.h>
 
 namespace panotra::sim {
 
 namespace {
 
 constexpr int lastSlot = volumeSlotCount - 1;
+constexpr const char* standardOutput = "-";
 
 /// "SLOT=LEVEL", the slot from 0 to the last, the level from 0 to 1.
 std::optional<SlotLevel> parseSlotLevel(const std::string& text)
@@ -56,7 +63,8 @@ std::optional<std::string> completeShowing(PictureOptions& options)
 /// What is wrong with the files that were named, or nothing.
 std::optional<std::string> clashOf(const PictureOptions& options)
 {
-    std::vector<NamedFile> files { { "--output", options.outputFile, NamedFile::Use::Written } };
+    std::vector<NamedFile> files { { "--output",
+        options.outputFile == standardOutput ? "/dev/stdout" : options.outputFile, NamedFile::Use::Written } };
     if (isWallpaperFile(options.wallpaper))
         files.push_back({ "--wallpaper", options.wallpaper, NamedFile::Use::Read });
     return clashAmong(files);
@@ -66,6 +74,26 @@ ExitStatus complainOf(ExitStatus status, const std::string& message)
 {
     complain(message);
     return status;
+}
+
+/// What is wrong with the name of the picture, or nothing. One without an ending may be a device or a pipe.
+std::optional<std::string> whyNoPicture(const std::string& name)
+{
+    const auto ending = std::filesystem::path(name).extension().string();
+    if (ending.empty() || ending == ".png" || ending == ".PNG")
+        return std::nullopt;
+    return "--output: found " + inQuotes(name) + ", expected a name that ends in .png, or - for standard output";
+}
+
+ExitStatus write(const render::Bitmap& picture, const std::string& name)
+{
+    const bool isStandardOutput = name == standardOutput;
+    const auto failure = isStandardOutput ? writePng(picture, *stdout) : writePng(picture, name);
+    if (!failure)
+        return ExitStatus::AllWell;
+    if (!isStandardOutput || !isReaderGone())
+        complain((isStandardOutput ? "standard output" : printable(name)) + ": " + *failure);
+    return ExitStatus::FileFailed;
 }
 
 } // namespace
@@ -78,8 +106,14 @@ ExitStatus drawPicture(PictureOptions options, const Library& library)
     const ScreenSize& size = showing.screen;
     if (const auto reason = render::whyTooLargeOrSmall({ size.width, size.height }, size.scale))
         return complainOf(ExitStatus::WrongInput, "--screen: " + *reason);
+    if (const auto mistake = whyNoPicture(options.outputFile))
+        return complainOf(ExitStatus::WrongInput, *mistake);
+    if (options.outputFile == standardOutput && isatty(STDOUT_FILENO) == 1)
+        return complainOf(ExitStatus::WrongInput, "--output: standard output is a terminal, which shows no pictures");
     if (const auto clash = clashOf(options))
         return complainOf(ExitStatus::WrongInput, *clash);
+    if (const auto missing = missingFolderOf(options.outputFile))
+        return complainOf(ExitStatus::FileFailed, *missing);
     std::string failure;
     auto wallpaper = findWallpaper(options.wallpaper, failure);
     if (!wallpaper)
@@ -90,15 +124,15 @@ ExitStatus drawPicture(PictureOptions options, const Library& library)
 
     Device device;
     device.resourceFolder = options.resourceFolder;
+    if (options.system)
+        takeShape(device, *options.system);
     beginToShow(device, library, showing);
     finishShowing(device, showing);
 
     const render::Bitmap& screen = renderer->draw(device).pixels;
-    const auto problem = options.asViewed ? writePng(render::asViewed(screen, showing.orientation), options.outputFile)
-                                          : writePng(screen, options.outputFile);
-    if (problem)
-        return complainOf(ExitStatus::FileFailed, printable(options.outputFile) + ": " + *problem);
-    return ExitStatus::AllWell;
+    if (options.asViewed)
+        return write(render::asViewed(screen, showing.orientation), options.outputFile);
+    return write(screen, options.outputFile);
 }
 
 } // namespace panotra::sim

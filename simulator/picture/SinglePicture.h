@@ -4,6 +4,7 @@
 #include "simulator/Play.h"
 #include "simulator/picture/ShownMixer.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,8 @@ struct PictureOptions {
     std::string wallpaper = "dusk"; ///< "dusk", "dawn" or a PNG file
     bool asViewed = false; ///< turned as the viewer holds the phone
     std::string resourceFolder;
-    std::string outputFile;
+    std::string outputFile; ///< "-": standard output
+    std::optional<int> system; ///< 9 to 16; none: what 10 to 12 have
 };
 
 /// Complaints go to standard error, a line each.

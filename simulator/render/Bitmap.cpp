@@ -92,9 +92,17 @@ std::optional<std::string> writePng(const Bitmap& bitmap, const std::string& pat
     File file(std::fopen(path.c_str(), "wb"));
     if (file == nullptr)
         return systemReason();
-    const cairo_status_t status = cairo_surface_write_to_png_stream(bitmap.surface(), writeToFile, file.get());
+    auto failure = writePng(bitmap, *file);
+    // A file system may keep its complaint until the very end.
     const bool closed = std::fclose(file.release()) == 0;
-    if (status == CAIRO_STATUS_SUCCESS && closed)
+    return failure || closed ? failure : systemReason();
+}
+
+std::optional<std::string> writePng(const Bitmap& bitmap, std::FILE& stream)
+{
+    errno = 0;
+    const cairo_status_t status = cairo_surface_write_to_png_stream(bitmap.surface(), writeToFile, &stream);
+    if (status == CAIRO_STATUS_SUCCESS && std::fflush(&stream) == 0)
         return std::nullopt;
     return errno != 0 ? systemReason() : cairo_status_to_string(status);
 }

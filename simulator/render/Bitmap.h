@@ -5,6 +5,7 @@
 #include "simulator/render/Shapes.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <optional>
 #include <span>
 #include <string>
@@ -48,6 +49,8 @@ private:
 
 /// Answers why the picture could not be written, or nothing.
 std::optional<std::string> writePng(const Bitmap& bitmap, const std::string& path);
+/// The same into a stream that is open, and stays so.
+std::optional<std::string> writePng(const Bitmap& bitmap, std::FILE& stream);
 
 /// An empty bitmap and the reason in `failure` if the file is no readable PNG.
 Bitmap readPng(const std::string& path, std::string& failure);

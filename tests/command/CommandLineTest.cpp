@@ -99,6 +99,16 @@ TEST_F(CommandLine, ADashIsStandardInput)
     EXPECT_THAT(ended.errors, StartsWith("-:1: found \"lunch\""));
 }
 
+TEST_F(CommandLine, AByteOrderMarkIsSkipped)
+{
+    write("marked", "\xEF\xBB\xBFload\nlunch\n");
+    EXPECT_EQ(run("play marked").errors, "marked:2: found \"lunch\", expected a command (did you mean launch?)\n");
+    write("marked", "\xEF\xBB\xBF# A comment.\nload\n");
+    EXPECT_THAT(run("play marked").output, StartsWith("# A comment.\nload\n"));
+    write("twice", "\xEF\xBB\xBF\xEF\xBB\xBFload\n");
+    EXPECT_EQ(run("play twice").status, 2);
+}
+
 TEST_F(CommandLine, OneCommandIsGivenAtATime)
 {
     const auto ended = run("play failing prefs list net.qorvath.panotra");
@@ -192,7 +202,7 @@ TEST_F(CommandLine, FilesThatCannotBeReadEndWithThreeAndOneLine)
 
 TEST_F(CommandLine, PlacesThatCannotBeWrittenEndWithThreeAndOneLine)
 {
-    EXPECT_EQ(run("play good --trace no/such/place").errors, "panotra: no/such/place: No such file or directory\n");
+    EXPECT_EQ(run("play good --trace no/such/place").errors, "panotra: no/such/place: there is no folder no/such\n");
     EXPECT_EQ(run("play good --trace .").errors, "panotra: .: Is a directory\n");
     EXPECT_EQ(run("play good --trace /dev/full").errors, "panotra: /dev/full: No space left on device\n");
     EXPECT_EQ(run("play good >/dev/full").errors, "panotra: standard output: No space left on device\n");
@@ -202,7 +212,7 @@ TEST_F(CommandLine, PlacesThatCannotBeWrittenEndWithThreeAndOneLine)
         EXPECT_EQ(run(std::string("play good ") + arguments).status, 3) << arguments;
 }
 
-TEST_F(CommandLine, AReaderThatGoesAwayIsAnErrorOfWriting)
+TEST_F(CommandLine, AReaderThatGoesAwayEndsWritingQuietly)
 {
     // More than a pipe holds, so that writing goes on when the reader is gone for certain.
     std::string states;
@@ -211,7 +221,8 @@ TEST_F(CommandLine, AReaderThatGoesAwayIsAnErrorOfWriting)
     write("long", states);
     const auto ended = runScript("{ \"$panotra\" play long --format json; echo $? >status; } | :; cat status");
     EXPECT_EQ(ended.output, "3\n");
-    EXPECT_EQ(ended.errors, "panotra: standard output: Broken pipe\n");
+    EXPECT_EQ(ended.errors, "");
+    EXPECT_EQ(runScript("{ sleep 0.1; \"$panotra\" play --commands; } | :").errors, "");
 }
 
 TEST_F(CommandLine, AClosedStandardOutputHarmsNoOtherFile)
@@ -277,7 +288,7 @@ TEST_F(CommandLine, TheCommandsOfTheLanguageGoToStandardOutput)
 
 TEST_F(CommandLine, HelpAndVersionGoToStandardOutput)
 {
-    for (const auto* arguments : { "--help", "-h", "play --help" }) {
+    for (const auto* arguments : { "--help", "-h", "play --help", "play -h", "prefs -h", "prefs set a.b -h" }) {
         const auto ended = run(arguments);
         EXPECT_EQ(ended.status, 0) << arguments;
         EXPECT_THAT(ended.output, HasSubstr("Usage: panotra")) << arguments;

@@ -40,6 +40,64 @@ TEST_F(PictureCommand, DrawsTheScreenAtItsScale)
     EXPECT_EQ(sizeOf(read("out.png")), (std::pair { 480, 320 }));
 }
 
+TEST_F(PictureCommand, NamesMayStandInPlaceOfNumbers)
+{
+    const auto drawn = [this](const std::string& options) {
+        const auto ended = run("picture --screen 160x240@1 " + options + " -o - >out.png");
+        EXPECT_EQ(ended.status, 0) << ended.errors;
+        return read("out.png");
+    };
+    const auto byNumbers = drawn("--style 1 --skin 1 --orientation 4 --system 14 --focus 5 --level 5=0.25");
+    EXPECT_EQ(byNumbers,
+        drawn("--style banner --skin Dark --orientation landscape-left --system ios14 --focus call-headset "
+              "--level call-headset=0.25"));
+    EXPECT_NE(byNumbers, drawn("--style panel"));
+    const std::pair<const char*, const char*> mistakes[] = {
+        { "--style baner",
+            "--style: found \"baner\", expected one of panel, banner, or its number (did you mean banner?)" },
+        { "--skin drak",
+            "--skin: found \"drak\", expected one of light, dark, darker, black, or its number (did you mean dark?)" },
+        { "--level sirri=1",
+            "--level: found \"sirri\", expected one of speaker, headphones, headphonesbt, call-receiver, call-speaker, "
+            "call-headset, call-headsetbt, ringtone, alarm, notifications, siri, receiver, or its number (did you mean "
+            "siri?)" },
+    };
+    for (const auto& [options, mistake] : mistakes) {
+        const auto ended = run(std::string("picture -o out.png ") + options);
+        EXPECT_EQ(ended.status, 2) << options;
+        EXPECT_EQ(ended.errors, std::string("panotra: ") + mistake + '\n');
+    }
+}
+
+TEST_F(PictureCommand, ADashIsStandardOutput)
+{
+    EXPECT_EQ(run("picture --screen 160x240@1 -o one.png").status, 0);
+    EXPECT_EQ(runScript("\"$panotra\" picture --screen 160x240@1 -o - | cat >two.png").status, 0);
+    EXPECT_EQ(read("one.png"), read("two.png"));
+    EXPECT_FALSE(isThere("-"));
+    EXPECT_EQ(run("picture --screen 160x240@1 -o - >/dev/full").errors,
+        "panotra: standard output: No space left on device\n");
+    const auto gone = runScript("{ \"$panotra\" picture --screen 160x240@1 -o -; echo $? >status; } | :; cat status");
+    EXPECT_EQ(gone.output, "3\n");
+    EXPECT_EQ(gone.errors, "");
+    write("script", "\"$panotra\" picture -o -");
+    EXPECT_THAT(runScript("export panotra; script -qec \"sh script\" /dev/null").output,
+        HasSubstr("standard output is a terminal"));
+}
+
+TEST_F(PictureCommand, AnEndingThatIsNotPngIsAMistake)
+{
+    for (const auto* name : { "out.jpg", "out.png.webp", "folder/.out.gif" }) {
+        const auto ended = run(std::string("picture -o ") + name);
+        EXPECT_EQ(ended.status, 2) << name;
+        EXPECT_EQ(ended.errors,
+            std::string("panotra: --output: found \"") + name
+                + "\", expected a name that ends in .png, or - for standard output\n");
+        EXPECT_FALSE(isThere(name)) << name;
+    }
+    EXPECT_EQ(run("picture --screen 160x240@1 -o OUT.PNG").status, 0);
+}
+
 TEST_F(PictureCommand, TheSameOptionsGiveTheSameBytes)
 {
     run("picture --screen 160x240@1 -o one.png");
@@ -81,11 +139,12 @@ TEST_F(PictureCommand, AWrongOptionIsOneLineAndNothingIsDrawn)
 TEST_F(PictureCommand, APlaceThatCannotBeWrittenIsOneLine)
 {
     EXPECT_EQ(run("picture --screen 160x240@1 -o no/such/out.png").errors,
-        "panotra: no/such/out.png: No such file or directory\n");
+        "panotra: no/such/out.png: there is no folder no/such\n");
     EXPECT_EQ(run("picture --screen 160x240@1 -o .").errors, "panotra: .: Is a directory\n");
     EXPECT_EQ(run("picture --screen 160x240@1 -o /dev/full").errors, "panotra: /dev/full: No space left on device\n");
     for (const auto* place : { "no/such/out.png", ".", "/dev/full" })
         EXPECT_EQ(run(std::string("picture --screen 160x240@1 -o ") + place).status, 3) << place;
+    EXPECT_FALSE(isThere("no"));
     const auto cut = runScript("ulimit -f 1; \"$panotra\" picture --screen 160x240@1 -o large.png");
     EXPECT_EQ(cut.status, 3);
     EXPECT_EQ(cut.errors, "panotra: large.png: File too large\n");

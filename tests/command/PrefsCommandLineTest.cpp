@@ -32,6 +32,15 @@ TEST_F(PrefsCommandLine, AScenarioReadsWhatWasSet)
     EXPECT_EQ(run("play get --prefs p").status, 0);
 }
 
+TEST_F(PrefsCommandLine, WhatTheMixerDoesNotKnowIsWarnedOfAndStored)
+{
+    const auto ended = run("prefs set --prefs p net.qorvath.panotra activeStile int 1");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.errors,
+        "panotra: net.qorvath.panotra has no key \"activeStile\" (did you mean activeStyle?); stored all the same\n");
+    EXPECT_EQ(run("prefs get --prefs p net.qorvath.panotra activeStile").output, "1\n");
+}
+
 TEST_F(PrefsCommandLine, WithoutAFolderThePersonsOwnIsTaken)
 {
     EXPECT_EQ(runScript("XDG_DATA_HOME=\"$PWD/data\" \"$panotra\" prefs set a.b key bool yes").status, 0);

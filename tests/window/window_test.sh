@@ -239,9 +239,9 @@ trouble_is_one_line() {
     expect 2 '^panotra: --screen: the screen has sides' \
         "$panotra" window --prefs unmade --record kept --screen 99999x9@2
     [[ ! -e unmade ]] || fail "a screen that is too large has preferences"
-    expect 3 '^panotra: no/recording: No such file or directory$' \
+    expect 3 '^panotra: no/recording: there is no folder no$' \
         "$panotra" window --prefs preferences --record no/recording
-    expect 3 '^panotra: no/trace: No such file or directory$' \
+    expect 3 '^panotra: no/trace: there is no folder no$' \
         "$panotra" window --prefs preferences --record kept --trace no/trace --force
     grep -qFx "what was recorded before" kept || fail "a window that did not open has emptied the recording"
 }

@@ -45,6 +45,7 @@ protected:
 
 TEST_F(PrefsCommandTest, GetsWhatItSet)
 {
+    domain = "net.example.domain";
     const std::vector<std::string> cases[]
         = { { "activeStyle", "int", "1" }, { "scale", "float", "0.875" }, { "replaceHUD", "bool", "yes" },
               { "handleShake", "bool", "no" }, { "name", "string", "two words" }, { "whole", "float", "1.0" } };
@@ -163,12 +164,12 @@ TEST_F(PrefsCommandTest, ReportsAFileThatCannotBeReadAndLeavesIt)
 TEST_F(PrefsCommandTest, SetsADamagedFileAsideBeforeItSets)
 {
     writeBytes(path, "garbage");
-    EXPECT_EQ(run(PrefsAction::Set, { "key", "int", "1" }), ExitStatus::FileFailed)
+    EXPECT_EQ(run(PrefsAction::Set, { "activeStyle", "int", "1" }), ExitStatus::FileFailed)
         << "the settings that were in the file are out of use";
-    EXPECT_EQ(run(PrefsAction::Get, { "key" }), ExitStatus::AllWell);
+    EXPECT_EQ(run(PrefsAction::Get, { "activeStyle" }), ExitStatus::AllWell);
     EXPECT_EQ(output, "1\n");
     writeBytes(path, "garbage");
-    EXPECT_EQ(run(PrefsAction::Set, { "key", "int", "1" }), ExitStatus::FileFailed);
+    EXPECT_EQ(run(PrefsAction::Set, { "activeStyle", "int", "1" }), ExitStatus::FileFailed);
     EXPECT_NE(errors.find("set aside as"), std::string::npos);
     EXPECT_EQ(testing::readBytes(path.string() + ".unreadable-1"), "garbage");
 }

@@ -86,7 +86,8 @@ TEST_F(DeskTest, AFolderThatIsNotThereIsSaid)
                               } });
     elsewhere.perform(WindowAct::Recording);
     EXPECT_FALSE(session->isRecording());
-    EXPECT_EQ(complaints, (folder / "unborn" / "panotra-1.scenario").string() + ": No such file or directory\n");
+    const auto unborn = folder / "unborn";
+    EXPECT_EQ(complaints, (unborn / "panotra-1.scenario").string() + ": there is no folder " + unborn.string() + '\n');
 }
 
 TEST_F(DeskTest, ARecordingBeginsAndEndsWithItsKey)
