@@ -39,8 +39,8 @@ enum class Hook : std::uint8_t {
 enum class Turn : std::uint8_t {
     Always, ///< the oldest name that a method is known by
     OrElse, ///< only if none of the rows above it, back to the nearest `Always`, found its method
-    /// Only if the row above it found its method; or if no row did, back to the nearest `Always`, and the class has not
-    /// what the row is there for as well.
+    /// Only if the row above it found its method; or, where none did, back to the nearest `Always`, if the class lacks
+    /// the method that `insteadOf` names.
     AndAlso,
 };
 
@@ -52,7 +52,7 @@ struct HookRow {
     int since; ///< the first system that has it, counted from iOS 9
     int until; ///< the last one, up to iOS 16
     Hook hook;
-    const char* insteadOf = nullptr; ///< an older method of the class, what it told comes with this one; null: none
+    const char* insteadOf = nullptr; ///< an older method of the class, whose answer now comes with a call of this one
 };
 
 using enum Turn;
