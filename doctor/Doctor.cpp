@@ -17,6 +17,7 @@ void examine() noexcept
     writeLine({ "" });
     const int system = examineProcess();
     examineTables(system);
+    examineApplication();
     examineAudioService();
     awaitAnnouncement();
 }

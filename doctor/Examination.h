@@ -8,6 +8,8 @@ namespace panotra::doctor {
 int examineProcess();
 /// Every row of the mixer's tables: what the process has of it. `system` tells which rows to expect; 0: all of them.
 void examineTables(int system);
+/// What the mixer would find of the volume buttons, the scene that its window belongs to, and the status bar.
+void examineApplication();
 /// The active route, and which of the mixer's categories the audio service knows.
 void examineAudioService();
 /// Waits for the next announcement of the audio service, a minute at most, and writes down the thread that it comes on

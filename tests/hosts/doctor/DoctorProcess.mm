@@ -170,7 +170,7 @@ const char* __wrap_class_getName(Class hostClass)
 const char* __wrap_object_getClassName(id object)
 {
     noteCrossing("object_getClassName");
-    return object_getClassName(object);
+    return hosts::nameOfClass(object_getClass(object));
 }
 
 const char* __wrap_dispatch_queue_get_label(void*)
