@@ -37,6 +37,10 @@ gallery: build ## draw all the mixer can look like, build/gallery/index.html, an
 	@cmake -E copy_if_different $(build)/gallery/phones.png docs/phones.png
 	@echo "Open $(build)/gallery/index.html in a browser."
 
+.PHONY: film
+film: build ## make docs/tour.webp, the film of the README, anew
+	@$(build)/panotra film examples/tour.scenario --output docs/tour.webp --captions --size 400x760 --force
+
 .PHONY: window
 window: build ## build, and open a phone to play with
 	@$(build)/panotra window

@@ -15,6 +15,7 @@ int main(int argumentCount, char** arguments)
     addPictureCommand(app, status);
     addPrefsCommand(app, status);
     addWindowCommand(app, status);
+    addFilmCommand(app, status);
     addDesktopCommand(app, status, [arguments](const DesktopOptions&) { return becomeDesktopProgram(arguments); });
     return runCommandLine(app, status, argumentCount, arguments);
 }

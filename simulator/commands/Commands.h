@@ -14,6 +14,7 @@ struct DesktopOptions;
 // If its command stands on the command line, parsing runs it and puts into `status` how it ended.
 void addPictureCommand(CLI::App& app, ExitStatus& status);
 void addPrefsCommand(CLI::App& app, ExitStatus& status);
+void addFilmCommand(CLI::App& app, ExitStatus& status);
 void addWindowCommand(CLI::App& app, ExitStatus& status);
 /// `open` runs it.
 void addDesktopCommand(

@@ -50,6 +50,29 @@ Point turnOf(std::int64_t orientation)
     }
 }
 
+/// The phone in the middle of the area, as large as it can be.
+PhonePlace placeIn(const Area& area, double unit, const ScreenSize& screen, std::int64_t orientation)
+{
+    // As many pixels a point as fit, and a whole number of them on the screen's long side.
+    const double bodyWidth = screen.width + 2 * (bodyBeside + sideButtonDepth);
+    const double bodyHeight = screen.height + 2 * bodyAbove;
+    const bool lies = isLandscape(orientation);
+    const double fitting
+        = std::min(area.width / (lies ? bodyHeight : bodyWidth), area.height / (lies ? bodyWidth : bodyHeight));
+    const double longSide = std::max(screen.width, screen.height);
+    const double pixels = std::max(std::floor(longSide * fitting * unit), 1.0);
+    const double pixelsPerPoint = pixels / longSide;
+
+    // Its top left corner on a whole pixel.
+    const auto centered = [&](double start, double length, double points) {
+        const double size = points * pixelsPerPoint;
+        return (std::round((start + length / 2) * unit - size / 2) + size / 2) / unit;
+    };
+    const Point center { centered(area.x, area.width, lies ? screen.height : screen.width),
+        centered(area.y, area.height, lies ? screen.width : screen.height) };
+    return PhonePlace(screen, orientation, center, pixelsPerPoint / unit);
+}
+
 } // namespace
 
 PhonePlace::PhonePlace(ScreenSize screen, std::int64_t orientation, Point center, double unitsPerPoint)
@@ -117,24 +140,24 @@ Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientati
     }
     layout.stand = rest;
 
-    // As many pixels a point as fit, and a whole number of them on the screen's long side.
-    const double bodyWidth = screen.width + 2 * (bodyBeside + sideButtonDepth);
-    const double bodyHeight = screen.height + 2 * bodyAbove;
-    const bool lies = isLandscape(orientation);
-    const double fitting
-        = std::min(rest.width / (lies ? bodyHeight : bodyWidth), rest.height / (lies ? bodyWidth : bodyHeight));
-    const double longSide = std::max(screen.width, screen.height);
-    const double pixels = std::max(std::floor(longSide * fitting * layout.unit), 1.0);
-    const double pixelsPerPoint = pixels / longSide;
+    layout.phone = placeIn(rest, layout.unit, screen, orientation);
+    return layout;
+}
 
-    // Its top left corner on a whole pixel.
-    const auto centered = [&](double start, double length, double points) {
-        const double size = points * pixelsPerPoint;
-        return (std::round((start + length / 2) * layout.unit - size / 2) + size / 2) / layout.unit;
-    };
-    const Point center { centered(rest.x, rest.width, lies ? screen.height : screen.width),
-        centered(rest.y, rest.height, lies ? screen.width : screen.height) };
-    layout.phone = PhonePlace(screen, orientation, center, pixelsPerPoint / layout.unit);
+Layout layOutAlone(PixelSize picture, const ScreenSize& screen, std::int64_t orientation, Strip strip)
+{
+    constexpr double height = 760; // units
+    constexpr double rim = 20;
+    constexpr double captionHeight = 76;
+    Layout layout;
+    layout.unit = picture.height / height;
+    layout.sheet = { 0, 0, picture.width / layout.unit, height };
+    layout.stand = layout.sheet.inset(rim, rim);
+    if (strip == Strip::Caption) {
+        layout.player = layout.stand.takeBottom(captionHeight);
+        layout.stand.takeBottom(rim / 2);
+    }
+    layout.phone = placeIn(layout.stand, layout.unit, screen, orientation);
     return layout;
 }
 

@@ -68,4 +68,10 @@ enum class Footer { None, Player };
 /// The phone's screen lies on whole pixels.
 Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation, Footer footer = Footer::None);
 
+/// Whether there is room for words below a phone that stands alone.
+enum class Strip { None, Caption };
+
+/// Nothing but the phone, as in a film; the words stand where the player would.
+Layout layOutAlone(PixelSize picture, const ScreenSize& screen, std::int64_t orientation, Strip strip);
+
 } // namespace panotra::sim

@@ -87,8 +87,12 @@ WindowPicture::Frame WindowPicture::draw(Device& device, const Sheet& sheet, con
     }
     m_layout = layout;
 
-    if (pictureIn(sheet) != nullptr) {
-        const double pixelsPerPoint = layout.phone.unitsPerPoint() * unit;
+    m_screen = nullptr;
+    const double pixelsPerPoint = layout.phone.unitsPerPoint() * unit;
+    const Screen& deviceScreen = *device.screen;
+    // A screen of the strangest shape may have no pixel left in a small window.
+    if (pictureIn(sheet) != nullptr
+        && !render::whyTooLargeOrSmall({ deviceScreen.width, deviceScreen.height }, pixelsPerPoint)) {
         const ScaleOfWindow scale(device, pixelsPerPoint);
         const render::Renderer::Frame screen = m_renderer.draw(device);
         m_screen = &screen.pixels;
@@ -165,6 +169,8 @@ void WindowPicture::draw(cairo_t* context, const Text& text, double unit) const
 
 void WindowPicture::draw(cairo_t* context, const ScreenPicture& picture, double unit) const
 {
+    if (m_screen == nullptr)
+        return;
     const ScreenSize& screen = m_layout.phone.screenSize();
     const double pixelsPerPoint = m_layout.phone.unitsPerPoint() * unit;
     const Area area { picture.area.x * unit, picture.area.y * unit, picture.area.width * unit,

@@ -24,12 +24,13 @@ simulator/device            | any      | simulator/device simulator/preferences 
 simulator/scenario          | any      | simulator/scenario simulator/device simulator/systems facts simulator/text
 simulator/render            | any      | simulator/render simulator/device facts
 simulator/picture           | any      | simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
-simulator/gallery           | any      | simulator/gallery simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
+simulator/gallery           | any      | simulator/gallery simulator/film simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
+simulator/film              | any      | simulator/film simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
 simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/systems simulator/preferences simulator facts simulator/text
 simulator/sound             | any      | simulator/sound simulator/device facts
 simulator/desktop           | any      | simulator/desktop simulator/sound simulator/window simulator/render simulator/picture simulator/scenario simulator/device simulator/preferences simulator facts simulator/text
 simulator/desktop/main.cpp  | any      | simulator/desktop simulator/commands simulator
-simulator/commands          | any      | simulator/commands simulator/desktop simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
+simulator/commands          | any      | simulator/commands simulator/film simulator/desktop simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
 simulator                   | any      | simulator simulator/scenario simulator/device simulator/preferences facts simulator/text
 simulator/main.cpp          | any      | simulator simulator/commands simulator/desktop facts
 simulator/Globals.cpp       | any      | simulator simulator/scenario model platform facts
