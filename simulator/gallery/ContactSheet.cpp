@@ -16,25 +16,51 @@ constexpr int rowCaptionHeight = 36;
 constexpr int captionHeight = 30;
 constexpr double roundness = 14;
 
+/// Pictures below each other.
+struct Column {
+    std::vector<const CaptionedPicture*> pictures;
+
+    int width() const
+    {
+        int width = 0;
+        for (const CaptionedPicture* const picture : pictures)
+            width = std::max(width, picture->pixels.width());
+        return width;
+    }
+    int height() const
+    {
+        int height = 0;
+        for (const CaptionedPicture* const picture : pictures)
+            height += picture->pixels.height() + captionHeight;
+        return height;
+    }
+};
+
+std::vector<Column> columnsOf(const SheetRow& row)
+{
+    std::vector<Column> columns;
+    for (const CaptionedPicture& picture : row.pictures) {
+        if (columns.empty() || !picture.isBelow)
+            columns.emplace_back();
+        columns.back().pictures.push_back(&picture);
+    }
+    return columns;
+}
+
 int widthOf(const SheetRow& row)
 {
     int width = 0;
-    for (const CaptionedPicture& picture : row.pictures)
-        width += picture.pixels.width() + gap;
+    for (const Column& column : columnsOf(row))
+        width += column.width() + gap;
     return width - gap;
-}
-
-int heightOfPictures(const SheetRow& row)
-{
-    int height = 0;
-    for (const CaptionedPicture& picture : row.pictures)
-        height = std::max(height, picture.pixels.height());
-    return height;
 }
 
 int heightOf(const SheetRow& row)
 {
-    return rowCaptionHeight + heightOfPictures(row) + captionHeight;
+    int height = 0;
+    for (const Column& column : columnsOf(row))
+        height = std::max(height, column.height());
+    return rowCaptionHeight + height;
 }
 
 void drawCaption(cairo_t* context, const std::string& caption, const render::TextStyle& style, render::Point at,
@@ -76,13 +102,18 @@ render::Bitmap contactSheet(const std::vector<SheetRow>& rows, const render::Typ
             { margin, static_cast<double>(y) }, { static_cast<double>(width - 2 * margin), rowCaptionHeight - 8.0 },
             typesetter);
         int x = margin;
-        const int top = y + rowCaptionHeight;
-        for (const CaptionedPicture& picture : row.pictures) {
-            drawPicture(context.get(), picture.pixels, x, top);
-            drawCaption(context.get(), picture.caption, { 15, TextWeight::Regular, TextAlignment::Center },
-                { static_cast<double>(x), static_cast<double>(top + picture.pixels.height()) },
-                { static_cast<double>(picture.pixels.width()), captionHeight }, typesetter);
-            x += picture.pixels.width() + gap;
+        for (const Column& column : columnsOf(row)) {
+            int top = y + rowCaptionHeight;
+            for (const CaptionedPicture* const picture : column.pictures) {
+                const render::Bitmap& pixels = picture->pixels;
+                drawPicture(context.get(), pixels, x, top);
+                top += pixels.height();
+                drawCaption(context.get(), picture->caption, { 15, TextWeight::Regular, TextAlignment::Center },
+                    { static_cast<double>(x), static_cast<double>(top) },
+                    { static_cast<double>(pixels.width()), captionHeight }, typesetter);
+                top += captionHeight;
+            }
+            x += column.width() + gap;
         }
         y += heightOf(row) + gap;
     }

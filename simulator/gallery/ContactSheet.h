@@ -12,9 +12,10 @@ namespace panotra::sim {
 struct CaptionedPicture {
     render::Bitmap pixels; ///< Opaque, not empty
     std::string caption;
+    bool isBelow = false; ///< below the one before it, not beside
 };
 
-/// From left to right.
+/// From left to right, pictures that lie below each other in one column.
 struct SheetRow {
     std::string caption;
     std::vector<CaptionedPicture> pictures;

@@ -38,10 +38,10 @@ public:
         return !problem;
     }
 
-    bool writePage(const std::string& html) const
+    bool writeFile(const std::string& name, const std::string& content) const
     {
-        OutputFile file = OutputFile::named((m_folder / "index.html").string());
-        file.write(html);
+        OutputFile file = OutputFile::named((m_folder / name).string());
+        file.write(content);
         file.close();
         if (file.error())
             complain(file.error()->message);
@@ -80,8 +80,17 @@ ExitStatus makeGallery(const std::string& folderName, const Library& library, co
         announce(sheet.title);
         if (!folder.writePicture(sheet.name, contactSheet(sheet.rows(*studio), studio->typesetter())))
             return ExitStatus::FileFailed;
+        if (sheet.film == nullptr)
+            continue;
+        const std::string film = sheet.film(*studio, failure);
+        if (film.empty()) {
+            complain(failure);
+            return ExitStatus::FileFailed;
+        }
+        if (!folder.writeFile(std::string(sheet.name) + ".webp", film))
+            return ExitStatus::FileFailed;
     }
-    return folder.writePage(galleryPage(sheets)) ? ExitStatus::AllWell : ExitStatus::FileFailed;
+    return folder.writeFile("index.html", galleryPage(sheets)) ? ExitStatus::AllWell : ExitStatus::FileFailed;
 }
 
 } // namespace panotra::sim

@@ -26,6 +26,8 @@ nav a { padding: 5px 14px; border: 1px solid var(--line); border-radius: 99px; b
 figure { margin: 0 0 40px; padding: 20px; border: 1px solid var(--line); border-radius: 20px; background: var(--card); }
 figcaption { margin-bottom: 16px; }
 img { display: block; width: 100%; height: auto; border-radius: 12px; }
+.film { display: grid; grid-template-columns: 5fr 2fr; gap: 20px; align-items: center; }
+@media (max-width: 800px) { .film { grid-template-columns: 1fr; } }
 </style>
 </head>
 <body>
@@ -55,7 +57,13 @@ std::string galleryPage(std::span<const GallerySheet> sheets)
     page += "</nav>\n<figure>\n" + picture(introduction, "Three phones that show the mixer") + "</figure>\n";
     for (const GallerySheet& sheet : sheets) {
         page += std::string("<figure id=\"") + sheet.name + "\">\n<figcaption><h2>" + sheet.title + "</h2><p>"
-            + sheet.text + "</p></figcaption>\n" + picture(sheet.name, sheet.title) + "</figure>\n";
+            + sheet.text + "</p></figcaption>\n";
+        if (sheet.film != nullptr)
+            page += "<div class=\"film\">\n" + picture(sheet.name, sheet.title) + "<img src=\"" + sheet.name
+                + ".webp\" alt=\"" + sheet.title + ", as a film\">\n</div>\n";
+        else
+            page += picture(sheet.name, sheet.title);
+        page += "</figure>\n";
     }
     return page + foot;
 }

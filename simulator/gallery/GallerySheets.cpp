@@ -1,16 +1,12 @@
 /// The table of sheets, and the taking of each.
 #include "simulator/gallery/GallerySheets.h"
 
-#include "facts/AudioNames.h"
+#include "facts/MixerSettings.h"
 #include "facts/MixerSkins.h"
 #include "facts/MixerStyle.h"
-#include "facts/PublicNames.h"
-#include "simulator/device/HomeScreen.h"
-#include "simulator/device/RunLoop.h"
+#include "simulator/gallery/Movements.h"
 
 #include <array>
-#include <cmath>
-#include <cstdio>
 #include <iterator>
 
 namespace panotra::sim {
@@ -21,26 +17,14 @@ constexpr auto banner = static_cast<std::int64_t>(MixerStyle::Banner);
 
 /// Small enough that a sheet fits on a desk.
 constexpr ScreenSize fullScreen { 375, 667, 1 };
-constexpr ScreenSize smallPhone { 320, 568, 1 };
 
 struct Held {
     std::int64_t orientation;
     const char* caption;
+    bool isBelow; ///< the picture before it: two that lie are about as high as one that stands
 };
-constexpr std::array waysToHold { Held { 1, "upright" }, Held { 2, "upside down" }, Held { 3, "on its side" },
-    Held { 4, "on the other side" } };
-
-std::string seconds(double value)
-{
-    std::array<char, 32> text {};
-    std::snprintf(text.data(), text.size(), "%.2f s", value);
-    return text.data();
-}
-
-std::string percent(double level)
-{
-    return std::to_string(std::lround(level * 100)) + "%";
-}
+constexpr std::array waysToHold { Held { 1, "upright", false }, Held { 2, "upside down", false },
+    Held { 3, "on its side", false }, Held { 4, "on the other side", true } };
 
 // Every skin at every orientation, in one style and one light.
 
@@ -48,14 +32,14 @@ template <std::int64_t style, Light light> std::vector<SheetRow> everySkin(Studi
 {
     std::vector<SheetRow> rows;
     for (std::int64_t skin = 0; skin < std::ssize(mixerSkins); ++skin) {
-        SheetRow row { "Skin " + std::to_string(skin), {} };
+        SheetRow row { mixerSetting("mixerSkin").choices[static_cast<std::size_t>(skin)], {} };
         for (const Held& held : waysToHold) {
             MixerShowing showing;
             showing.screen = fullScreen;
             showing.orientation = held.orientation;
             showing.style = style;
             showing.skin = skin;
-            row.pictures.push_back({ studio.mixer(showing, light), held.caption });
+            row.pictures.push_back({ studio.mixer(showing, light), held.caption, held.isBelow });
         }
         rows.push_back(std::move(row));
     }
@@ -86,69 +70,14 @@ std::vector<SheetRow> everyScreen(Studio& studio)
     return rows;
 }
 
-// Movements.
-
-MixerShowing moving(std::int64_t style)
+template <const Movement& movement> std::vector<SheetRow> stripsOf(Studio& studio)
 {
-    MixerShowing showing;
-    showing.screen = smallPhone;
-    showing.style = style;
-    return showing;
+    return stripsOfMovement(studio, movement);
 }
 
-/// Pictures at equal steps from now until `length` seconds later, both included.
-void takeAlong(Device& device, double length, const Studio::Camera& take)
+template <const Movement& movement> std::string filmOf(Studio& studio, std::string& failure)
 {
-    constexpr int steps = 6;
-    for (int step = 0; step <= steps; ++step) {
-        if (step > 0)
-            device.runLoop->wait(length / steps);
-        take(seconds(length * step / steps));
-    }
-}
-
-void fadeIn(Device& device, const Studio::Camera& take)
-{
-    takeAlong(device, 0.3, take);
-}
-
-void fadeOut(Device& device, const Studio::Camera& take)
-{
-    device.runLoop->wait(1);
-    device.home->sendActivatorEvent(listener::dismiss);
-    device.runLoop->turn();
-    takeAlong(device, 0.4, take);
-}
-
-/// The slider of the loudspeaker swells while its level changes, and shrinks back.
-void focus(Device& device, const Studio::Camera& take)
-{
-    device.runLoop->wait(1);
-    device.home->announce(category::audioVideo, changeReason::explicitChange, 0.3125F);
-    device.runLoop->turn();
-    takeAlong(device, 0.6, take);
-}
-
-void drag(Device& device, const Studio::Camera& take)
-{
-    constexpr int slot = 0;
-    constexpr int steps = 6;
-    device.runLoop->wait(1);
-    holdSlider(device, slot);
-    device.runLoop->wait(0.3);
-    for (int step = 0; step <= steps; ++step) {
-        moveHeldSlider(device, slot, static_cast<double>(step) / steps);
-        device.runLoop->wait(0.3);
-        take(percent(levelOf(device, sliderOf(device, slot))));
-    }
-}
-
-template <void (*move)(Device&, const Studio::Camera&)> std::vector<SheetRow> inBothStyles(Studio& studio)
-{
-    std::vector<SheetRow> rows;
-    rows.push_back({ "Panel", studio.strip(moving(panel), Light::Dusk, move) });
-    rows.push_back({ "Banner", studio.strip(moving(banner), Light::Dusk, move) });
-    return rows;
+    return filmOfMovement(studio, movement, failure);
 }
 
 constexpr std::array sheets {
@@ -161,11 +90,12 @@ constexpr std::array sheets {
     GallerySheet { "banner-dawn", "The banner over a light wallpaper", "Every skin, however the phone is held.",
         everySkin<banner, Light::Dawn> },
     GallerySheet { "screens", "Five screens", "From the smallest phone to a tablet, in points.", everyScreen },
-    GallerySheet { "fade-in", "Fading in", "The blur comes first, then what stands on it.", inBothStyles<fadeIn> },
-    GallerySheet { "fade-out", "Fading out", "Everything goes at once.", inBothStyles<fadeOut> },
-    GallerySheet { "focus", "A level changes", "Its slider swells, and shrinks back.", inBothStyles<focus> },
     GallerySheet {
-        "drag", "A finger drags a slider", "The held slider is larger than the others.", inBothStyles<drag> },
+        "fade-in", "Fading in", "The blur comes first, then what stands on it.", stripsOf<fadeIn>, filmOf<fadeIn> },
+    GallerySheet { "fade-out", "Fading out", "Everything goes at once.", stripsOf<fadeOut>, filmOf<fadeOut> },
+    GallerySheet { "focus", "A level changes", "Its slider swells, and shrinks back.", stripsOf<focus>, filmOf<focus> },
+    GallerySheet {
+        "drag", "A finger drags a slider", "The held slider is larger than the others.", stripsOf<drag>, filmOf<drag> },
 };
 
 } // namespace

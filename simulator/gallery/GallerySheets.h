@@ -12,6 +12,8 @@ struct GallerySheet {
     const char* title;
     const char* text; ///< a sentence for the page
     std::vector<SheetRow> (*rows)(Studio& studio);
+    /// The bytes of a film of the same, WebP; empty and the reason in `failure` if there is none. Null: nothing moves.
+    std::string (*film)(Studio& studio, std::string& failure) = nullptr;
 };
 
 std::span<const GallerySheet> gallerySheets();

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -57,17 +58,36 @@ render::Bitmap picture(const std::filesystem::path& file)
     return bitmap;
 }
 
+/// How many there are in a film; 0 if it is none.
+std::size_t framesOf(const std::filesystem::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    const std::string bytes { std::istreambuf_iterator<char>(stream), {} };
+    std::size_t frames = 0;
+    if (!bytes.starts_with("RIFF"))
+        return 0;
+    // Each frame is a chunk of that name.
+    for (auto place = bytes.find("ANMF"); place != bytes.npos; place = bytes.find("ANMF", place + 1))
+        ++frames;
+    return frames;
+}
+
 TEST_F(Gallery, ThePageNamesEveryPictureAndNothingElseAndTheReadMeShowsTheFirst)
 {
     const auto inside = folder / "a" / "gallery";
     ASSERT_EQ(makeGallery(inside.string(), loadedLibrary(), PANOTRA_BUNDLE), ExitStatus::AllWell);
     auto named = filesNamedIn(inside / "index.html");
-    EXPECT_EQ(named.size(), gallerySheets().size() + 1);
+    const auto films = std::ranges::count_if(gallerySheets(), [](const GallerySheet& sheet) { return sheet.film; });
+    EXPECT_EQ(films, 4) << "one for each movement";
+    EXPECT_EQ(named.size(), gallerySheets().size() + static_cast<std::size_t>(films) + 1);
     named.insert("index.html");
     EXPECT_EQ(filesIn(inside), named);
     for (const std::string& name : named) {
         if (name.ends_with(".png")) {
             EXPECT_GT(picture(inside / name).width(), 1000) << name;
+        } else if (name.ends_with(".webp")) {
+            EXPECT_GT(framesOf(inside / name), 10U) << name;
+            EXPECT_LT(file_size(inside / name), 1'000'000U) << name;
         }
     }
     const std::string first = std::string(introduction) + ".png";
