@@ -11,6 +11,11 @@ namespace {
 
 constexpr std::uint64_t scenariosPerBatch = 300;
 
+// Each build plays scenarios of its own: what a seed shows of the mixer it shows in either. The sanitizers take each
+// several times as long, and get fewer.
+constexpr std::uint64_t firstBatch = PANOTRA_SANITIZED ? 8 : 0;
+constexpr std::uint64_t endOfBatches = PANOTRA_SANITIZED ? 10 : 8;
+
 std::vector<std::string> linesOf(const std::string& text)
 {
     std::vector<std::string> lines;
@@ -58,7 +63,7 @@ TEST_P(Batch, WhateverHappensTheInvariantsHold)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, Batch, ::testing::Range<std::uint64_t>(0, 8));
+INSTANTIATE_TEST_SUITE_P(Seeds, Batch, ::testing::Range(firstBatch, endOfBatches));
 
 TEST(RandomScenario, TheSameSeedGivesTheSameScenario)
 {
