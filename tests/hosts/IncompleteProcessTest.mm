@@ -76,6 +76,6 @@ TEST_P(NewestProcessWithout, TheClassLivesOn)
 INSTANTIATE_TEST_SUITE_P(Hostile, NewestProcessWithout,
     ::testing::Values("SpringBoard", "UIApplication", "AVSystemController", "SBAVSystemControllerCache",
         "SBRingerControl", "SBHUDController", "SBVolumeControl", "UIWindowScene", "SBWindowScene"),
-    nameOf);
+    testNameOfClass);
 
 } // namespace panotra::testing
