@@ -1,7 +1,7 @@
 /// One context at a time, one question at a time.
 #include "simulator/sound/PulseServer.h"
 
-#include "simulator/sound/PulseSocket.h"
+#include "simulator/sound/ServerSocket.h"
 
 #include <algorithm>
 #include <array>
@@ -112,7 +112,7 @@ struct PulseServer::Implementation {
     pa_context* context = nullptr;
     pa_time_event* retry = nullptr;
     pa_usec_t retryAfter = firstRetry;
-    std::optional<FolderWatch> folder {};
+    std::optional<SocketWatch> folder {};
     pa_io_event* folderNotices = nullptr;
     bool isReady = false;
     bool isLossTold = false;

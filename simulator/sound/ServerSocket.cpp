@@ -1,5 +1,5 @@
 /// The environment as libpulse reads it, and inotify.
-#include "simulator/sound/PulseSocket.h"
+#include "simulator/sound/ServerSocket.h"
 
 #include <array>
 #include <cstdlib>
@@ -37,27 +37,27 @@ std::optional<std::filesystem::path> folderOfServerSocket()
     return std::nullopt;
 }
 
-FolderWatch::FolderWatch(std::filesystem::path folder)
+SocketWatch::SocketWatch(std::filesystem::path folder)
     : m_folder(std::move(folder))
     , m_notices(inotify_init1(IN_CLOEXEC | IN_NONBLOCK))
 {
     watch();
 }
 
-FolderWatch::~FolderWatch()
+SocketWatch::~SocketWatch()
 {
     if (m_notices >= 0)
         ::close(m_notices);
 }
 
-void FolderWatch::renew()
+void SocketWatch::renew()
 {
     std::array<char, 4096> notices {};
     while (::read(m_notices, notices.data(), notices.size()) > 0) { }
     watch();
 }
 
-void FolderWatch::watch()
+void SocketWatch::watch()
 {
     std::error_code error;
     std::filesystem::path place = m_folder;

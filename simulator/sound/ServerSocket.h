@@ -9,13 +9,15 @@ namespace panotra::sound {
 /// The folder in which the server of this session has its socket, as the environment says, or none where it is no file.
 std::optional<std::filesystem::path> folderOfServerSocket();
 
-/// A watch on a folder, or on the nearest one above it as long as it is not there itself.
-class FolderWatch {
+/// A watch on a folder that need not be there yet: the nearest one above it is watched instead. It has no thread, as
+/// sim::FolderWatch has: whoever has a loop waits for its descriptor. What is written in the folder is not noticed,
+/// only what appears.
+class SocketWatch {
 public:
-    explicit FolderWatch(std::filesystem::path folder);
-    ~FolderWatch();
-    FolderWatch(const FolderWatch&) = delete;
-    FolderWatch& operator=(const FolderWatch&) = delete;
+    explicit SocketWatch(std::filesystem::path folder);
+    ~SocketWatch();
+    SocketWatch(const SocketWatch&) = delete;
+    SocketWatch& operator=(const SocketWatch&) = delete;
 
     /// Readable when something has appeared; -1 if the system has no watch to give.
     int descriptor() const { return m_notices; }
