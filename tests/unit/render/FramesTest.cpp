@@ -22,6 +22,8 @@ protected:
     {
         int largest = 0;
         for (int y = 0; y < one.height(); ++y) {
+            if (areRowsSame(one, other, y))
+                continue;
             for (int x = 0; x < one.width(); ++x) {
                 for (const int shift : { 0, 8, 16 }) {
                     const auto difference = static_cast<int>(pixel(one, x, y) >> shift & 0xff)
@@ -50,6 +52,8 @@ private:
     {
         int uncovered = 0;
         for (int y = 0; y < last.height(); ++y) {
+            if (areRowsSame(last, frame.pixels, y))
+                continue;
             for (int x = 0; x < last.width(); ++x) {
                 const auto holds = [&](const PixelRect& rect) {
                     return rect.covers({ x, y, 1, 1 });

@@ -111,9 +111,13 @@ TEST_P(BlackPanel, IsOpaqueBlackBehindTheSliders)
     for (int slot = 0; slot < slotCount; ++slot)
         inFront.push_back(&slider(slot));
     const Bitmap picture = drawn(render::Wallpaper::dawn());
+    constexpr int enough = 1000;
     int looked = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
+            // To ask where a pixel is takes long, and a black one may be anywhere.
+            if (looked > enough && pixel(picture, x, y) == 0)
+                continue;
             const auto isUnder = [&](const sim::View* view) {
                 return isIn(*view, x, y, -1);
             };
@@ -123,7 +127,7 @@ TEST_P(BlackPanel, IsOpaqueBlackBehindTheSliders)
             ++looked;
         }
     }
-    EXPECT_GT(looked, 1000);
+    EXPECT_GT(looked, enough);
 }
 
 INSTANTIATE_TEST_SUITE_P(InBothStyles, BlackPanel, ::testing::Values(panel, banner));

@@ -26,6 +26,8 @@ std::unique_ptr<render::Renderer> makeRenderer(render::Wallpaper wallpaper = ren
 
 /// Red, green, blue of 8 bits each, from the highest byte to the lowest.
 std::uint32_t pixel(const Bitmap& picture, int x, int y);
+/// To the bit: most rows are, and going through them pixel by pixel is what takes a test long.
+bool areRowsSame(const Bitmap& one, const Bitmap& other, int y);
 /// The smallest rectangle around all pixels in which two pictures of one size differ; empty if they are the same.
 PixelRect differenceBetween(const Bitmap& one, const Bitmap& other);
 
