@@ -162,4 +162,12 @@ std::string wholeReference()
     return commandTable() + valueTable() + stateTable() + treeTable() + eventTable();
 }
 
+std::vector<std::string> namesOfEvents()
+{
+    std::vector<std::string> names;
+    for (const auto& event : traceEvents)
+        names.emplace_back(event.name);
+    return names;
+}
+
 } // namespace panotra::sim

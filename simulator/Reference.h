@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace panotra::sim {
 
@@ -11,5 +12,8 @@ std::string commandReference();
 /// All that docs/scenario.md says below its introduction, in Markdown: commands, values, state, tree and events, each
 /// with an example.
 std::string wholeReference();
+
+/// Of every event that a trace can hold.
+std::vector<std::string> namesOfEvents();
 
 } // namespace panotra::sim

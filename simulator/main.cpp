@@ -2,6 +2,7 @@
 #include "simulator/LinkedLibrary.h"
 #include "simulator/commands/Commands.h"
 #include "simulator/commands/DesktopProgram.h"
+#include "simulator/commands/Manual.h"
 #include "simulator/desktop/OpenDesktop.h"
 
 using namespace panotra::sim;
@@ -17,5 +18,6 @@ int main(int argumentCount, char** arguments)
     addWindowCommand(app, status);
     addFilmCommand(app, status);
     addDesktopCommand(app, status, [arguments](const DesktopOptions&) { return becomeDesktopProgram(arguments); });
+    addManual(app, PANOTRA_VERSION);
     return runCommandLine(app, status, argumentCount, arguments);
 }

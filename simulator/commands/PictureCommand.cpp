@@ -40,19 +40,19 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
     CLI::App* const command = app.add_subcommand("picture", "Draw the mixer on the screen of a phone");
     command->add_option("--style", showing.style, describe(style))
         ->transform(named(valuesOf(style)))
-        ->type_name("NAME");
-    command->add_option("--skin", showing.skin, describe(skin))->transform(named(valuesOf(skin)))->type_name("NAME");
+        ->type_name("STYLE");
+    command->add_option("--skin", showing.skin, describe(skin))->transform(named(valuesOf(skin)))->type_name("SKIN");
     command
         ->add_option("--orientation", showing.orientation,
             "The interface: " + bothSpellings(orientationNames()) + " (default 1)")
         ->transform(named(orientationNames()))
-        ->type_name("NAME");
+        ->type_name("ORIENTATION");
     command
         ->add_option("--system", options->system,
             "The system whose home screen the phone has, " + std::to_string(systems::oldest) + " to "
                 + std::to_string(systems::newest) + "; without it, all of what 10 to 12 have")
         ->transform(named(systemNames()))
-        ->type_name("N");
+        ->type_name("SYSTEM");
     command->add_option("--screen", options->screen, "The screen in points and pixels a point (default 375x667@2)")
         ->type_name("WxH@S");
     command

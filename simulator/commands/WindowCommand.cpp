@@ -26,7 +26,7 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
         ->add_option("--system,--ios", options->system,
             "The system whose home screen the phone has, 9 to 16; without it, all of what 10 to 12 have")
         ->transform(named(systemNames()))
-        ->type_name("N");
+        ->type_name("SYSTEM");
     command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
         ->type_name("FILE.png")
         ->capture_default_str();
