@@ -8,6 +8,7 @@ MAKEFLAGS += --no-print-directory
 build := build
 example := examples/headphones.scenario
 preferences := $(build)/preferences
+prefix := /usr/local
 jobs := $(shell nproc)
 
 # Somebody who watches sees the build move; a log gets its mistakes only.
@@ -76,6 +77,18 @@ lint: ## read the sources and the scripts for mistakes: clang-tidy, cppcheck, sh
 mutants: ## plant one change at a time and see whether a test notices: MUTANTS=all, a number or survivors
 	@scripts/install-dependencies build test mutants
 	@scripts/mutants $(build) $(jobs) $${MUTANTS:-all} $${MUTANTS_SEED:-1} $(quiet)
+
+.PHONY: install
+install: build ## install the programs, their manual and the rest below prefix=/usr/local, or below DESTDIR
+	@cmake --build $(build) --parallel $(jobs) --target panotra_installed -- $(quiet)
+	@DESTDIR=$(DESTDIR) cmake --install $(build) --prefix $(prefix) --component desk
+
+.PHONY: deb
+deb: build ## make the Debian package of the programs in build/deb, and check it
+	@scripts/install-dependencies deb
+	@cmake --build $(build) --parallel $(jobs) --target panotra_installed -- $(quiet)
+	@cpack --config $(build)/DeskPackage.cmake
+	@lintian --fail-on error,warning --allow-root $(build)/deb/panotra_*.deb
 
 .PHONY: fuzz
 fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
