@@ -48,6 +48,20 @@ TEST_F(HelperController, ThereIsOne)
     EXPECT_EQ(device.classes->liveObjects("PNOHelperController"), 1u);
 }
 
+TEST_F(HelperController, TheHostReachesEveryMethodUnderItsName)
+{
+    std::vector<std::string> names;
+    for (const Method& method : PNOHelperController::description().methods)
+        names.emplace_back(method.selector);
+    EXPECT_EQ(names,
+        (std::vector<std::string> { "init",
+            "activator:requiresLocalizedGroupForListenerName:", "activator:requiresLocalizedTitleForListenerName:",
+            "activator:requiresLocalizedDescriptionForListenerName:",
+            "activator:requiresSmallIconDataForListenerName:scale:", "activator:receiveEvent:forListenerName:" }));
+    ASSERT_EQ(PNOHelperController::description().classMethods.size(), 1u);
+    EXPECT_STREQ(PNOHelperController::description().classMethods[0].selector, "sharedInstance");
+}
+
 TEST_F(HelperController, ItCarriesTheNamesAndTheBundle)
 {
     load();

@@ -25,6 +25,32 @@ TEST_F(Lifecycle, ThereIsOneController)
     EXPECT_EQ(device.classes->liveObjects("PNOController"), 1u);
 }
 
+TEST_F(Lifecycle, TheHostReachesEveryMethodUnderItsName)
+{
+    std::vector<std::string> names;
+    for (const Method& method : PNOController::description().methods)
+        names.emplace_back(method.selector);
+    EXPECT_EQ(names,
+        (std::vector<std::string> { "init", "createUI", "destroyHUDWindow", "releaseObjects",
+            "setVolumeLevel:forCategory:andRoute:", "getVolumeLevelForCategory:andRoute:", "pickedRoute",
+            "saveVolume:forKey:", "getVolumeForKey:", "saveVolumeLevelsToDisk", "importVolumeLevelsToRam",
+            "mixerSkinOptions", "rootViewTransform", "layoutSubviews", "animateForCategory:andRoute:",
+            "autoAnimateView:", "resetAnimation:", "resetTransforms", "returnViewFromTouchedView:" }));
+    ASSERT_EQ(PNOController::description().classMethods.size(), 1u);
+    EXPECT_STREQ(PNOController::description().classMethods[0].selector, "sharedInstance");
+}
+
+TEST_F(Lifecycle, TheHostReachesEveryMethodOfASliderUnderItsName)
+{
+    std::vector<std::string> names;
+    for (const Method& method : PNOVolumeView::description().methods)
+        names.emplace_back(method.selector);
+    EXPECT_EQ(names,
+        (std::vector<std::string> { "initWithName:andTag:canGoToZero:", "initWithImage:andTag:canGoToZero:",
+            "setFrame:andLevel:", "setFrame2:andLevel:", "setVolumeLevel:", "volume",
+            "setVolume:", "handleVolumeViewPan:" }));
+}
+
 TEST_F(Lifecycle, InAnyOtherProcessThereIsNoneEveryTime)
 {
     device.bundleIdentifier = "com.apple.mobilesafari";

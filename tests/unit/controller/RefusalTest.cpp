@@ -127,6 +127,7 @@ TEST_F(Refusal, ThereAreSlidersForTheSlotsAndForNoOtherNumber)
     for (SlotNumber slot = 0; slot < testing::knownSlotCount; ++slot)
         EXPECT_EQ(slider(slot).tag(), slot);
     EXPECT_TRUE(controller().volumeView(11));
+    controller().getVolume(text("volume8")); // what stands behind the last slider is not zero
     for (int slot = testing::knownSlotCount; slot < 256; ++slot)
         EXPECT_FALSE(controller().volumeView(static_cast<SlotNumber>(slot))) << slot;
 }
@@ -271,6 +272,8 @@ TEST_F(RefusingSuperclass, AMixerWhoseWindowIsRefusedIsBuiltAndNeverSeen)
     liveOn();
     EXPECT_FALSE(controller().window());
     EXPECT_EQ(countOf("windowShown"), 0u);
+    device.home->setRingerMuted(true);
+    EXPECT_NE(shownText(7), "Silent") << "without a window there is nobody to be told";
     controller().destroyHUDWindow();
     pass(100);
     EXPECT_EQ(device.classes->liveObjects("PNOVolumeView"), 0u);

@@ -36,6 +36,18 @@ template <typename Result, typename... Arguments> struct Expectation<Result(Argu
     }
 };
 
+template <typename... Arguments> struct Expectation<void(Arguments...)> {
+    static inline std::tuple<Arguments...> expected;
+
+    static void check(id self, SEL name, Arguments... arguments)
+    {
+        ++calls;
+        EXPECT_EQ(self, target);
+        EXPECT_EQ(name, methodName);
+        EXPECT_EQ(std::tuple(arguments...), expected);
+    }
+};
+
 struct Forwarding : testing::MixerTest {
     Forwarding()
     {
@@ -53,6 +65,18 @@ struct Forwarding : testing::MixerTest {
         replaced.implementation = reinterpret_cast<IMP>(&Stub::check);
         const int before = calls;
         EXPECT_EQ(hook(target, methodName, arguments...), answer);
+        EXPECT_EQ(calls, before + 1);
+    }
+    /// A hook without an answer.
+    template <typename... Arguments>
+    static void expectHandedOn(PreviousImplementation<void(Arguments...)>& replaced,
+        void (*hook)(id, SEL, Arguments...), std::type_identity_t<Arguments>... arguments)
+    {
+        using Stub = Expectation<void(Arguments...)>;
+        Stub::expected = std::tuple<Arguments...>(arguments...);
+        replaced.implementation = reinterpret_cast<IMP>(&Stub::check);
+        const int before = calls;
+        hook(target, methodName, arguments...);
         EXPECT_EQ(calls, before + 1);
     }
 };
@@ -77,6 +101,23 @@ TEST_F(Forwarding, AVolumeThatAProgramSetsKeepsItsLevelItsCategoryAndItsAnswer)
 {
     for (const bool answer : { true, false })
         expectForwarded<bool, float, id>(previous.setVolumeTo, hooks::setVolumeTo, answer, 0.3f, nullptr);
+}
+
+TEST_F(Forwarding, TheIndicatorOfEverySystemKeepsItsReceiverAndItsArguments)
+{
+    processValues.replaceHUD = false;
+    processValues.manualSet = false;
+    const id view = token<id>(5);
+    expectHandedOn(previous.presentHUDView, hooks::presentHUDView, view, 2.5);
+    expectHandedOn(previous.presentHUD, hooks::presentHUD, view, true);
+    expectHandedOn(previous.presentVolumeHUDWithMode, hooks::presentVolumeHUDWithMode, 1, 0.25f);
+    expectHandedOn(previous.presentVolumeHUD, hooks::presentVolumeHUD, 0.25f);
+    expectHandedOn(previous.activateRingerHUDFromMuteSwitch, hooks::activateRingerHUDFromMuteSwitch, 3);
+    expectHandedOn(previous.activateRingerHUD, hooks::activateRingerHUD, 2, 0.25f, NSUInteger { 3 });
+    expectHandedOn(previous.reorientHUDIfNeeded, hooks::reorientHUDIfNeeded, false);
+    expectHandedOn(previous.noteInterfaceOrientationChanged, hooks::noteInterfaceOrientationChanged, NSInteger { 3 },
+        0.5, token<id>(6));
+    expectHandedOn(previous.setRingerMuted, hooks::setRingerMuted, true);
 }
 
 TEST_F(Forwarding, AHookWithoutAPreviousImplementationAnswersNo)

@@ -194,6 +194,14 @@ TEST_F(OnTheNewest, ScenesThatCannotBeAskedForAreDoneWithout)
     EXPECT_EQ(shownText(0), "75%");
 }
 
+TEST_F(OnTheNewest, WhereTheRingerSwitchIsNotFoundItsIndicatorsAreLeftAlone)
+{
+    forgetMethod("SBRingerControl", "setRingerMuted:");
+    load();
+    for (const sim::Json& event : eventsOf("hook"))
+        EXPECT_NE(event["class"], "SBRingerControl");
+}
+
 TEST_F(OnTheNewest, ButtonsThatCannotBeFoundReadAsModeZeroAndNotHeld)
 {
     forgetMethod("SpringBoard", "volumeControl");

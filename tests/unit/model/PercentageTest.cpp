@@ -47,6 +47,7 @@ TEST(Percentage, IsNotLimitedToAHundred)
 TEST(Percentage, SurvivesEveryNumber)
 {
     EXPECT_EQ(percentage(1e300), "2147483647%");
+    EXPECT_EQ(percentage(21474836.48), "2147483647%"); // the first that is too large
     EXPECT_EQ(percentage(-1e300), "-2147483648%");
     EXPECT_EQ(percentage(std::numeric_limits<CGFloat>::quiet_NaN()), "0%");
     EXPECT_EQ(percentage(std::numeric_limits<CGFloat>::infinity()), "2147483647%");
