@@ -110,12 +110,6 @@ const Fate* Record::find(const std::string& name) const
     return found == m_fates.end() ? nullptr : &found->second;
 }
 
-void Record::forgetSurvivors()
-{
-    std::erase_if(
-        m_fates, [](const auto& each) { return each.second.state == "survived" || each.second.state == "unreached"; });
-}
-
 void Record::add(const Planted& mutant, const Fate& fate)
 {
     m_fates[mutant.name] = fate;

@@ -41,7 +41,6 @@ public:
 
     /// Null for one that was not tried.
     const Fate* find(const std::string& name) const;
-    void forgetSurvivors();
     void add(const Planted& mutant, const Fate& fate);
 
 private:

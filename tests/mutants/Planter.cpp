@@ -242,10 +242,12 @@ void Planter::statement(CXCursor cursor, bool isSole)
     }
 }
 
+/// A constant of a function that lives as long as the process may well be made by the compiler.
 void Planter::declaration(CXCursor cursor)
 {
     if (isConstantDeclaration(textOf(cursor)))
         return;
+    const bool wasInConstexpr = std::exchange(m_isInConstexpr, m_isInConstexpr || startsWith(cursor, "static const "));
     for (const CXCursor child : childrenOf(cursor)) {
         if (clang_getCursorKind(child) != CXCursor_VarDecl && clang_getCursorKind(child) != CXCursor_UnexposedDecl)
             continue;
@@ -256,6 +258,7 @@ void Planter::declaration(CXCursor cursor)
                 expression(initializer);
         }
     }
+    m_isInConstexpr = wasInConstexpr;
 }
 
 void Planter::ifStatement(CXCursor cursor)

@@ -18,6 +18,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
+#include <limits>
 #include <map>
 #include <mutex>
 #include <set>
@@ -32,6 +34,15 @@ constexpr double leastScore = 0.98;
 const std::set<std::string> roomsWithoutSurvivors { "hooks", "model" };
 /// Tried one by one, before all others of their program are tried together.
 constexpr std::size_t triedAlone = 6;
+/// Of those that cannot be joined with others of their program, which take most of the time. Whoever survives is tried
+/// by all of them in the end.
+constexpr std::size_t mostApart = 40;
+const std::string triedBySome = "some"; ///< stands for the test that caught it, until all have tried
+
+bool isAlive(const Fate& fate)
+{
+    return fate.state == "survived" || fate.state == "unreached";
+}
 
 struct Row {
     int planted = 0;
@@ -49,7 +60,8 @@ public:
     {
     }
 
-    Fate fateOf(const Planted& mutant, int worker)
+    /// `apart`: at most so many that cannot be joined are tried.
+    Fate fateOf(const Planted& mutant, int worker, std::size_t apart)
     {
         auto reaching = trialsReaching(mutant);
         if (reaching.empty())
@@ -62,11 +74,12 @@ public:
                 return { "caught", reaching[i]->name };
             }
         }
-        for (const Trial& trial : together({ reaching.begin() + static_cast<std::ptrdiff_t>(alone), reaching.end() })) {
+        for (const Trial& trial :
+            together({ reaching.begin() + static_cast<std::ptrdiff_t>(alone), reaching.end() }, apart)) {
             if (notices(trial, mutant, worker))
                 return { "caught", trial.name };
         }
-        return { "survived", "-" };
+        return { "survived", apart < reaching.size() ? triedBySome : "-" };
     }
 
 private:
@@ -92,7 +105,7 @@ private:
         return reaching;
     }
 
-    static std::vector<Trial> together(const std::vector<const Trial*>& trials)
+    static std::vector<Trial> together(const std::vector<const Trial*>& trials, std::size_t apart)
     {
         std::vector<Trial> result;
         std::map<std::string, std::vector<const Trial*>> byProgram;
@@ -104,8 +117,10 @@ private:
             result.push_back(joined(joinable));
         std::sort(result.begin(), result.end(), [](const Trial& a, const Trial& b) { return a.seconds < b.seconds; });
         for (const Trial* const trial : trials) {
-            if (!trial->canBeJoined)
+            if (!trial->canBeJoined && apart > 0) {
                 result.push_back(*trial);
+                --apart;
+            }
         }
         return result;
     }
@@ -136,6 +151,34 @@ void showProgress(std::size_t done, std::size_t all, int survivors)
         std::printf("%zu of %zu, %d survive\n", done, all, survivors);
         std::fflush(stdout);
     }
+}
+
+/// Tries the mutants, `jobs` at a time, and records what became of them.
+void tryAll(const std::vector<Planted>& mutants, Hunt& hunt, Record& record, int jobs, std::size_t apart)
+{
+    if (mutants.empty())
+        return;
+    std::printf("Trying %zu mutants\n", mutants.size());
+    std::fflush(stdout);
+    std::atomic<std::size_t> next = 0;
+    std::size_t done = 0;
+    int alive = 0;
+    std::mutex mutex;
+    std::vector<std::thread> workers;
+    for (int worker = 0; worker < jobs; ++worker) {
+        workers.emplace_back([&, worker] {
+            for (std::size_t i = next++; i < mutants.size(); i = next++) {
+                const Fate fate = hunt.fateOf(mutants[i], worker, apart);
+                const std::lock_guard lock(mutex);
+                record.add(mutants[i], fate);
+                alive += isAlive(fate) ? 1 : 0;
+                showProgress(++done, mutants.size(), alive);
+            }
+        });
+    }
+    for (std::thread& worker : workers)
+        worker.join();
+    std::printf("\n");
 }
 
 double scoreOf(const Row& row)
@@ -218,20 +261,24 @@ int main(int argumentCount, char** arguments)
     const std::string recordFile = arguments[4];
     const int jobs = std::max(1, std::atoi(arguments[5]));
     const std::string choice = argumentCount > 6 ? arguments[6] : "";
-    const std::size_t count = choice.empty() || choice == "survivors" ? 0 : std::stoul(choice);
+    const bool isSecondTry = choice == "survivors";
+    const std::size_t count = choice.empty() || isSecondTry ? 0 : std::stoul(choice);
     const unsigned seed = argumentCount > 7 ? static_cast<unsigned>(std::stoul(arguments[7])) : 1;
     const std::vector<Planted> chosen = count != 0 ? sample(all, count, seed) : all;
-
     Record record(recordFile);
-    if (choice == "survivors")
-        record.forgetSurvivors();
-    std::vector<Planted> left;
-    std::copy_if(chosen.begin(), chosen.end(), std::back_inserter(left),
-        [&](const Planted& mutant) { return record.find(mutant.name) == nullptr; });
 
+    const auto thoseThat = [&](const auto& isOne) {
+        std::vector<Planted> found;
+        std::copy_if(chosen.begin(), chosen.end(), std::back_inserter(found),
+            [&](const Planted& mutant) { return isOne(record.find(mutant.name)); });
+        return found;
+    };
+    const auto left = thoseThat([&](const Fate* fate) {
+        return isSecondTry ? fate != nullptr && isAlive(*fate) : fate == nullptr || fate->by == triedBySome;
+    });
     if (!left.empty()) {
         std::vector<Trial> trials = readTrials(arguments[2]);
-        const std::string folder = recordFile + ".work";
+        const std::string folder = std::filesystem::absolute(recordFile).string() + ".work";
         std::printf("Running %zu tests without a mutant\n", trials.size());
         std::fflush(stdout);
         const auto failed = measure(trials, static_cast<int>(all.size()), folder, jobs);
@@ -239,30 +286,13 @@ int main(int argumentCount, char** arguments)
             std::printf("fails without a mutant: %s\n", name.c_str());
         if (!failed.empty())
             return EXIT_FAILURE;
-
-        std::printf("Trying %zu mutants\n", left.size());
-        std::fflush(stdout);
         Hunt hunt(std::move(trials), folder);
-        std::atomic<std::size_t> next = 0;
-        std::size_t done = 0;
-        int survivors = 0;
-        std::mutex mutex;
-        std::vector<std::thread> workers;
-        for (int worker = 0; worker < jobs; ++worker) {
-            workers.emplace_back([&, worker] {
-                for (std::size_t i = next++; i < left.size(); i = next++) {
-                    const Fate fate = hunt.fateOf(left[i], worker);
-                    const std::lock_guard lock(mutex);
-                    record.add(left[i], fate);
-                    survivors += fate.state == "survived" || fate.state == "unreached" ? 1 : 0;
-                    showProgress(++done, left.size(), survivors);
-                }
-            });
-        }
-        for (std::thread& worker : workers)
-            worker.join();
-        std::printf("\n");
+        tryAll(left, hunt, record, jobs, mostApart);
+        // What is called equivalent need not be tried by all of them.
+        auto survivors = thoseThat([](const Fate* fate) { return fate != nullptr && fate->by == triedBySome; });
+        std::erase_if(survivors, [&](const Planted& mutant) { return equivalent.contains(mutant.name); });
+        tryAll(survivors, hunt, record, jobs, std::numeric_limits<std::size_t>::max());
         std::filesystem::remove_all(folder);
     }
-    return conclude(chosen, record, equivalent, count == 0);
+    return conclude(chosen, record, equivalent, count == 0 && !isSecondTry);
 }
