@@ -131,5 +131,34 @@ TEST(DevicePage, NamesNothingThatNoSystemHas)
     }
 }
 
+/// "*ROW*" of what a row rests on; empty if it is no row.
+std::string rowNamedBy(const std::string& item)
+{
+    return item.starts_with('*') ? item.substr(1, item.size() - 2) : "";
+}
+
+TEST(DevicePage, IsNeverSurerOfARowThanOfTheRowsItRestsOn)
+{
+    const std::vector<std::string> fromWorst { "no", "expected", "yes" };
+    const auto sureness = [&](const std::string& cell) {
+        return std::ranges::find(fromWorst, verdictOf(cell));
+    };
+    const std::vector<Feature> features = readFeatures();
+    int rowsOnRows = 0;
+    for (const Feature& feature : features) {
+        for (const std::string& item : split(feature.restsOn, ";")) {
+            const std::string name = rowNamedBy(item);
+            if (name.empty())
+                continue;
+            ++rowsOnRows;
+            const auto base = std::ranges::find(features, name, &Feature::what);
+            ASSERT_NE(base, features.end()) << feature.what << " rests on no row called " << name;
+            for (std::size_t i = 0; i < feature.cells.size(); ++i)
+                EXPECT_LE(sureness(feature.cells[i]), sureness(base->cells[i])) << feature.what << ", column " << i;
+        }
+    }
+    EXPECT_GT(rowsOnRows, 5);
+}
+
 } // namespace
 } // namespace panotra::systems
