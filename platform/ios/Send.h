@@ -19,12 +19,12 @@ namespace panotra::ios {
 bool instancesAnswer(Class hostClass, SEL selector) noexcept;
 /// Whether `object` answers to the selector. False for null.
 bool answers(id object, SEL selector) noexcept;
+/// The same, and the runtime is only asked for what was not known yet.
+bool answers(id object, AnySelector& selector) noexcept;
+/// Whether the class itself answers. False for a class that is missing.
+bool answers(ClassName& receiver, AnySelector& selector) noexcept;
 /// Whether `object`'s class is `ancestor` or inherits from it. False for null.
-bool isKindOf(id object, Class ancestor) noexcept;
-inline bool isKindOf(id object, ClassName& ancestor) noexcept
-{
-    return isKindOf(object, ancestor.get());
-}
+bool isKindOf(id object, ClassName& ancestor) noexcept;
 
 inline id objectOf(Class hostClass) noexcept
 {
@@ -66,8 +66,8 @@ template <typename Result, typename... Parameters>
 Result send(
     id receiver, Selector<Result(Parameters...)>& selector, std::type_identity_t<Parameters>... arguments) noexcept
 {
-    const SEL name = selector.get();
-    return answers(receiver, name) ? deliver<Result, Parameters...>(receiver, name, arguments...) : Result();
+    return answers(receiver, selector) ? deliver<Result, Parameters...>(receiver, selector.get(), arguments...)
+                                       : Result();
 }
 
 /// A message to the class itself.
@@ -75,7 +75,9 @@ template <typename Result, typename... Parameters>
 Result send(ClassName& receiver, Selector<Result(Parameters...)>& selector,
     std::type_identity_t<Parameters>... arguments) noexcept
 {
-    return send(objectOf(receiver.get()), selector, arguments...);
+    return answers(receiver, selector)
+        ? deliver<Result, Parameters...>(objectOf(receiver.get()), selector.get(), arguments...)
+        : Result();
 }
 
 /// The object that a message answers. The answer is the host's: the handle adds a count of its own.
@@ -92,12 +94,11 @@ Handle create(
     ClassName& name, Selector<id(Parameters...)>& initializer, std::type_identity_t<Parameters>... arguments) noexcept
 {
     Handle allocated = adopt<Handle>(send(name, selectors::alloc));
-    const SEL selector = initializer.get();
-    if (!answers(allocated.get(), selector))
+    if (!answers(allocated.get(), initializer))
         return nullptr;
     // The initialiser takes the count over. Where it raises, whether it let go of the object cannot be known, and
     // letting go of it twice would be worse than never.
-    return adopt<Handle>(deliver<id, Parameters...>(allocated.leak(), selector, arguments...));
+    return adopt<Handle>(deliver<id, Parameters...>(allocated.leak(), initializer.get(), arguments...));
 }
 
 } // namespace panotra::ios

@@ -20,10 +20,9 @@ UIApplication UIApplication::sharedApplication() noexcept
 std::int64_t UIApplication::activeInterfaceOrientation() const noexcept
 {
     // Performed, not sent: whoever hooks the perform sees it. The answer is a number in an object's place.
-    const SEL orientation = selectors::activeInterfaceOrientation.get();
-    if (!answers(get(), orientation))
+    if (!answers(get(), selectors::activeInterfaceOrientation))
         return 0;
-    return reinterpret_cast<NSInteger>(send(get(), selectors::perform, orientation));
+    return reinterpret_cast<NSInteger>(send(get(), selectors::perform, selectors::activeInterfaceOrientation.get()));
 }
 
 UIView UIApplication::statusBar() const noexcept
