@@ -1,8 +1,9 @@
 /// Grand Central Dispatch: the main thread, and blocks on its queue.
 #pragma once
 
+#include "platform/Block.h"
+
 #include <cstdint>
-#include <functional>
 
 namespace panotra {
 
@@ -13,6 +14,6 @@ bool isMainThread() noexcept;
 void dispatch_async_f(void* context, void (*work)(void* context)) noexcept;
 
 /// Runs `block` on the main queue `nanoseconds` from now. What the block captured lives until it has run.
-void dispatch_after(std::int64_t nanoseconds, std::function<void()> block) noexcept;
+void dispatch_after(std::int64_t nanoseconds, Block<void()> block) noexcept;
 
 } // namespace panotra

@@ -1,11 +1,10 @@
 /// UIView: geometry, the tree and block animations.
 #pragma once
 
+#include "platform/Block.h"
 #include "platform/CALayer.h"
 #include "platform/ClassDescription.h"
 #include "platform/CoreGraphics.h"
-
-#include <functional>
 
 namespace panotra {
 
@@ -55,8 +54,8 @@ public:
     /// Runs `animations` at once; what it sets is the property's value from then on and is shown moving there
     /// over `duration` seconds after `delay`. `completion` may be empty; it gets whether the animation ran to its
     /// end, and runs at once if nothing can animate. Handles captured by either keep their objects alive.
-    static void animateWithDuration(double duration, double delay, std::uint64_t options,
-        std::function<void()> animations, std::function<void(bool finished)> completion) noexcept;
+    static void animateWithDuration(double duration, double delay, std::uint64_t options, Block<void()> animations,
+        Block<void(bool finished)> completion) noexcept;
 };
 
 } // namespace panotra

@@ -21,9 +21,9 @@ void dispatch_async_f(void* context, void (*work)(void* context)) noexcept
     ::dispatch_async_f(dispatch_get_main_queue(), context, work);
 }
 
-void dispatch_after(std::int64_t nanoseconds, std::function<void()> block) noexcept
+void dispatch_after(std::int64_t nanoseconds, Block<void()> block) noexcept
 {
-    const std::function<void()>* const kept = ios::keep(std::move(block));
+    const Block<void()>* const kept = ios::keep(std::move(block));
     ::dispatch_after(dispatch_time(DISPATCH_TIME_NOW, nanoseconds), dispatch_get_main_queue(), ^{
         void* const pool = objc_autoreleasePoolPush();
         ios::shielded([kept] { (*kept)(); });

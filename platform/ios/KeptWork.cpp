@@ -2,19 +2,51 @@
 /// moving a function, which could throw for all that a compiler knows, asks for no end of the process.
 #include "platform/ios/KeptWork.h"
 
+#include <array>
 #include <utility>
 
 namespace panotra::ios {
 
-std::function<void()>* keep(std::function<void()>&& work) noexcept
+namespace {
+
+struct AnimationPlace {
+    alignas(Animation) std::array<std::byte, sizeof(Animation)> memory;
+    bool isTaken;
+};
+
+constinit std::array<AnimationPlace, 8> animationPlaces {};
+
+} // namespace
+
+Block<void()>* keep(Block<void()>&& work) noexcept
 {
-    return new std::function<void()>(std::move(work));
+    return new Block<void()>(std::move(work));
 }
 
-Animation::Animation(std::function<void()>&& animations, std::function<void(bool finished)>&& completion) noexcept
+Animation::Animation(Block<void()>&& animations, Block<void(bool finished)>&& completion) noexcept
     : m_animations(std::move(animations))
     , m_completion(std::move(completion))
 {
+}
+
+void* Animation::operator new(std::size_t size) noexcept
+{
+    for (AnimationPlace& place : animationPlaces) {
+        if (!std::exchange(place.isTaken, true))
+            return place.memory.data();
+    }
+    return ::operator new(size);
+}
+
+void Animation::operator delete(void* memory) noexcept
+{
+    for (AnimationPlace& place : animationPlaces) {
+        if (memory == place.memory.data()) {
+            place.isTaken = false;
+            return;
+        }
+    }
+    ::operator delete(memory);
 }
 
 void Animation::run()

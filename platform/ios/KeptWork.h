@@ -1,29 +1,35 @@
 /// Work of the logic's that blocks hold until the platform runs it.
 #pragma once
 
-#include <functional>
+#include "platform/Block.h"
+
+#include <cstddef>
 
 namespace panotra::ios {
 
 /// The work on the heap, to be deleted by whoever runs it: a queue runs every block once, and copies it on any thread.
-std::function<void()>* keep(std::function<void()>&& work) noexcept;
+Block<void()>* keep(Block<void()>&& work) noexcept;
 
 /// What is done in the course of one animation. The platform runs the first at once; what it does with the second is
 /// its own affair, and it may have raised in between: each is done once.
 class Animation {
 public:
     /// `completion` may be empty.
-    Animation(std::function<void()>&& animations, std::function<void(bool finished)>&& completion) noexcept;
+    Animation(Block<void()>&& animations, Block<void(bool finished)>&& completion) noexcept;
 
-    bool hasCompletion() const noexcept { return m_completion != nullptr; }
+    bool hasCompletion() const noexcept { return static_cast<bool>(m_completion); }
     void run();
     void end(bool finished);
+
+    /// Few are under way at a time, and for these there is a place beforehand.
+    static void* operator new(std::size_t size) noexcept;
+    static void operator delete(void* memory) noexcept;
 
 private:
     friend class AnimationReference;
 
-    std::function<void()> m_animations;
-    std::function<void(bool finished)> m_completion;
+    Block<void()> m_animations;
+    Block<void(bool finished)> m_completion;
     bool m_hasRun = false;
     bool m_hasEnded = false;
     int m_references = 0; ///< counted on the main thread alone

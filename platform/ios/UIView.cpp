@@ -157,18 +157,18 @@ void UIView::removeGestureRecognizer(const UIGestureRecognizer& recognizer) cons
 
 /// Where the platform cannot animate at all, or raises, everything is done at once: what waits for the end of an
 /// animation must not wait for ever.
-void UIView::animateWithDuration(double duration, double delay, std::uint64_t options, std::function<void()> animations,
-    std::function<void(bool finished)> completion) noexcept
+void UIView::animateWithDuration(double duration, double delay, std::uint64_t options, Block<void()> animations,
+    Block<void(bool finished)> completion) noexcept
 {
     const AnimationReference animation(new Animation(std::move(animations), std::move(completion)));
     using AnimationBlock = void (^)();
     using CompletionBlock = void (^)(BOOL);
     const AnimationBlock animationBlock = ^{ shielded([&] { animation->run(); }); };
     const CompletionBlock completionBlock = ^(BOOL finished) { shielded([&] { animation->end(finished != 0); }); };
-    id const viewClass = objectOf(classes::UIView.get());
-    const bool isTaken = answers(viewClass, selectors::animateWithDuration.get()) && shielded([&] {
-        invoke<void, double, double, NSUInteger, AnimationBlock, CompletionBlock>(objc_msgSend, viewClass,
-            selectors::animateWithDuration.get(), duration, delay, static_cast<NSUInteger>(options), animationBlock,
+    const bool isTaken = answers(classes::UIView, selectors::animateWithDuration) && shielded([&] {
+        invoke<void, double, double, NSUInteger, AnimationBlock, CompletionBlock>(objc_msgSend,
+            objectOf(classes::UIView.get()), selectors::animateWithDuration.get(), duration, delay,
+            static_cast<NSUInteger>(options), animationBlock,
             animation->hasCompletion() ? completionBlock : CompletionBlock());
         return true;
     });

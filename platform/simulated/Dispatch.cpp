@@ -3,6 +3,7 @@
 
 #include "simulator/device/RunLoop.h"
 
+#include <memory>
 #include <utility>
 
 namespace panotra {
@@ -25,10 +26,11 @@ void dispatch_async_f(void* context, void (*work)(void* context)) noexcept
         device->runLoop->post([context, work] { work(context); });
 }
 
-void dispatch_after(std::int64_t nanoseconds, std::function<void()> block) noexcept
+void dispatch_after(std::int64_t nanoseconds, Block<void()> block) noexcept
 {
     if (sim::Device* const device = sim::Device::current())
-        device->runLoop->dispatch(static_cast<double>(nanoseconds) / nanosecondsPerSecond, std::move(block));
+        device->runLoop->dispatch(static_cast<double>(nanoseconds) / nanosecondsPerSecond,
+            [kept = std::make_shared<Block<void()>>(std::move(block))] { (*kept)(); });
 }
 
 } // namespace panotra

@@ -6,6 +6,8 @@
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/View.h"
 
+#include <functional>
+#include <memory>
 #include <utility>
 
 namespace panotra {
@@ -171,11 +173,23 @@ void UIView::removeGestureRecognizer(const UIGestureRecognizer& recognizer) cons
         view->removeRecognizer(*removed);
 }
 
-void UIView::animateWithDuration(double duration, double delay, std::uint64_t options, std::function<void()> animations,
-    std::function<void(bool finished)> completion) noexcept
+void UIView::animateWithDuration(double duration, double delay, std::uint64_t options, Block<void()> animations,
+    Block<void(bool finished)> completion) noexcept
 {
-    if (sim::Device* const device = sim::Device::current())
-        device->runLoop->animate(duration, delay, options, animations, std::move(completion));
+    sim::Device* const device = sim::Device::current();
+    if (device == nullptr)
+        return;
+    std::function<void(bool)> finish;
+    if (completion)
+        finish = [kept = std::make_shared<Block<void(bool)>>(std::move(completion))](bool finished) {
+            (*kept)(finished);
+        };
+    std::function<void()> begin;
+    if (animations)
+        begin = [&animations] {
+            animations();
+        };
+    device->runLoop->animate(duration, delay, options, begin, std::move(finish));
 }
 
 } // namespace panotra
