@@ -78,11 +78,11 @@ const ClassDescription& PNOController::description() noexcept
     return description;
 }
 
-PNOController PNOController::sharedInstance() noexcept
+const PNOController& PNOController::sharedInstance() noexcept
 {
     if (!processValues.sharedController)
         processValues.sharedController.set(adopt<PNOController>(allocate(description())).init());
-    return retained<PNOController>(processValues.sharedController.get().get());
+    return processValues.sharedController.get();
 }
 
 PNOController PNOController::init() const

@@ -34,7 +34,7 @@ public:
 
     static const ClassDescription& description() noexcept;
     /// Created on first use and never freed. Null, and tried again the next time, outside the home screen.
-    static PNOController sharedInstance() noexcept;
+    static const PNOController& sharedInstance() noexcept;
     /// Measures the screen. Null in any process but the home screen.
     PNOController init() const;
 

@@ -102,11 +102,11 @@ const ClassDescription& PNOHelperController::description() noexcept
     return description;
 }
 
-PNOHelperController PNOHelperController::sharedInstance() noexcept
+const PNOHelperController& PNOHelperController::sharedInstance() noexcept
 {
     if (!processValues.sharedHelperController)
         processValues.sharedHelperController.set(adopt<PNOHelperController>(allocate(description())).init());
-    return retained<PNOHelperController>(processValues.sharedHelperController.get().get());
+    return processValues.sharedHelperController.get();
 }
 
 PNOHelperController PNOHelperController::init() const

@@ -14,7 +14,7 @@ public:
     using NSObject::NSObject;
 
     static const ClassDescription& description() noexcept;
-    static PNOHelperController sharedInstance() noexcept;
+    static const PNOHelperController& sharedInstance() noexcept;
     PNOHelperController init() const;
 
     /// The preference domain.

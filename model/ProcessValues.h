@@ -13,6 +13,9 @@
 
 namespace panotra {
 
+class PNOController;
+class PNOHelperController;
+
 struct ProcessValues {
     // Settings, copied from the preference domains at every announced change.
     std::uint16_t activeStyle = absentValue<std::uint16_t>("activeStyle"); ///< see MixerStyle
@@ -50,8 +53,8 @@ struct ProcessValues {
     double rotationDuration = 0.3;
 
     // The two singletons, never freed.
-    ProcessReference<NSObject> sharedController;
-    ProcessReference<NSObject> sharedHelperController;
+    ProcessReference<PNOController> sharedController;
+    ProcessReference<PNOHelperController> sharedHelperController;
 };
 
 static_assert(std::is_trivially_destructible_v<ProcessValues>);

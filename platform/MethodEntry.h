@@ -73,9 +73,11 @@ template <typename Result, typename... Arguments, Result (*Function)(Arguments..
 struct MethodThunk<Function> {
     static auto call(id, SEL, typename Crossing<std::remove_cvref_t<Arguments>>::Foreign... arguments) noexcept
     {
-        return Crossing<Result>::out(Function(Crossing<std::remove_cvref_t<Arguments>>::in(arguments)...));
+        return Crossing<std::remove_cvref_t<Result>>::out(
+            Function(Crossing<std::remove_cvref_t<Arguments>>::in(arguments)...));
     }
-    static constexpr const char* encoding = SignatureEncoding<Result, std::remove_cvref_t<Arguments>...>::value.data();
+    static constexpr const char* encoding
+        = SignatureEncoding<std::remove_cvref_t<Result>, std::remove_cvref_t<Arguments>...>::value.data();
 };
 
 template <auto Function> Method methodEntry(const char* selector) noexcept

@@ -7,8 +7,11 @@
 
 #include "platform/Runtime.h"
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <utility>
 
 namespace panotra {
@@ -55,8 +58,8 @@ public:
 
     bool isEqual(const NSObject& other) const noexcept;
     bool respondsToSelector(const char* selector) const noexcept;
-    /// The value of the field or property `key`, a scalar boxed as a number. Null for an unknown key: the
-    /// platform would raise, and nothing here may.
+    /// The value of the field or property `key`, a constant of the program's, with a scalar boxed as a number. Null for
+    /// an unknown key: the platform would raise, and nothing here may.
     NSObject valueForKey(const char* key) const noexcept;
 
     /// The platform's conversions of a foreign value. Numbers and booleans convert; a string gives its leading
@@ -96,16 +99,19 @@ template <typename Handle> Handle retained(id object) noexcept
 /// that a process-wide value needs neither a static initialiser nor a destructor.
 template <typename Handle> class ProcessReference {
 public:
-    Handle get() const noexcept { return retained<Handle>(m_object); }
+    /// Borrowed: it is another object after the next `set`.
+    const Handle& get() const noexcept { return *std::launder(reinterpret_cast<const Handle*>(m_handle.data())); }
     void set(Handle handle) noexcept
     {
-        id const old = std::exchange(m_object, handle.leak());
-        release(old);
+        static_assert(sizeof(Handle) == sizeof m_handle);
+        Handle& held = *std::launder(reinterpret_cast<Handle*>(m_handle.data()));
+        held = std::move(handle);
     }
-    explicit operator bool() const noexcept { return m_object != nullptr; }
+    explicit operator bool() const noexcept { return std::bit_cast<id>(m_handle) != nullptr; }
 
 private:
-    id m_object = nullptr;
+    /// A handle without its destructor. One of zeros is a null handle.
+    alignas(id) std::array<std::byte, sizeof(id)> m_handle {};
 };
 
 } // namespace panotra
