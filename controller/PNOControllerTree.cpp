@@ -172,15 +172,16 @@ void PNOController::buildGroups(MixerStyle style) const
     InstanceVariables* const self = fields();
     const bool isBanner = style == MixerStyle::Banner;
     const MixerLayout layout = isBanner ? bannerLayout(self->_containerView.frame().size) : MixerLayout {};
+    const UIView content = self->_rootBackdropView.contentView();
     for (std::size_t group = 0; group < groupCount; ++group) {
         self->_groupView[group] = isBanner ? UIView::initWithFrame(layout.groups[group]) : UIView::init();
-        self->_rootBackdropView.contentView().addSubview(self->_groupView[group]);
+        content.addSubview(self->_groupView[group]);
     }
     for (std::size_t group = 0; group < groupCount; ++group) {
         const UILabel title = makeLabel(titleFontSize);
         if (isBanner)
             title.setFrame(layout.title);
-        title.setText(NSString::stringWithUTF8String(isBanner ? groupTitles[group].banner : groupTitles[group].panel));
+        title.setText(NSString::constant(isBanner ? groupTitles[group].banner : groupTitles[group].panel));
         self->_groupView[group].addSubview(title);
         self->_groupLabel[group] = title;
     }
@@ -192,9 +193,9 @@ void PNOController::buildSliders(MixerStyle style) const
     for (const VolumeSlot& slot : volumeSlots) {
         const PNOVolumeView slider = PNOVolumeView::alloc();
         if (style == MixerStyle::Panel)
-            slider.initWithName(NSString::stringWithUTF8String(slot.name), slot.number, slot.canGoToZero);
+            slider.initWithName(NSString::constant(slot.name), slot.number, slot.canGoToZero);
         else
-            slider.initWithImage(NSString::stringWithUTF8String(slot.image), slot.number, slot.canGoToZero);
+            slider.initWithImage(NSString::constant(slot.image), slot.number, slot.canGoToZero);
         self->_volumeView[slot.number] = slider;
         self->_groupView[static_cast<std::size_t>(slot.group)].addSubview(slider);
     }

@@ -19,7 +19,7 @@ void PNOController::setVolumeLevel(float level, const NSString& category, const 
     if (const PNOVolumeView slider = self->_volumeView[slot])
         slider.setVolumeLevel(level);
     else
-        saveVolume(level, NSString::stringWithUTF8String(volumeSlot(slot).preferenceKey));
+        saveVolume(level, NSString::constant(volumeSlot(slot).preferenceKey));
 }
 
 float PNOController::getVolumeLevel(const NSString& category, const NSString& route) const
@@ -30,9 +30,9 @@ float PNOController::getVolumeLevel(const NSString& category, const NSString& ro
     const SlotNumber slot = slotToRead(category.view(), route.view());
     if (slot == noSlot)
         return unknownPairLevel;
-    if (const PNOVolumeView slider = self->_volumeView[slot])
+    if (const PNOVolumeView& slider = self->_volumeView[slot])
         return static_cast<float>(slider.volume());
-    return getVolume(NSString::stringWithUTF8String(volumeSlot(slot).preferenceKey));
+    return getVolume(NSString::constant(volumeSlot(slot).preferenceKey));
 }
 
 NSString PNOController::pickedRoute() const

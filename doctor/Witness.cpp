@@ -70,7 +70,8 @@ std::vector<std::string> linesOfContents(const NSDictionary& contents)
     const std::size_t count = countOf(keys);
     for (std::size_t index = 0; index < count; ++index) {
         const std::string text(stringAt(keys, index).view());
-        lines.push_back(joined({ "  ", text, ": ", kindOf(contents.objectForKey(text.c_str())), remarkOn(text) }));
+        lines.push_back(joined({ "  ", text, ": ",
+            kindOf(contents.objectForKey(NSString::stringWithUTF8String(text.c_str()))), remarkOn(text) }));
     }
     std::sort(lines.begin(), lines.end());
     return lines;

@@ -28,10 +28,9 @@ bool mayShowIndicator()
 void borrowRingerLevel()
 {
     processValues.isHackedRingtoneVolume = true;
-    const float level = PNOController::sharedInstance().getVolumeLevel(
-        NSString::stringWithUTF8String(category::notifications), nullptr);
-    AVSystemController::sharedAVSystemController().setVolumeTo(
-        level, NSString::stringWithUTF8String(category::ringtone));
+    const float level
+        = PNOController::sharedInstance().getVolumeLevel(NSString::constant(category::notifications), nullptr);
+    AVSystemController::sharedAVSystemController().setVolumeTo(level, NSString::constant(category::ringtone));
 }
 
 } // namespace
@@ -114,14 +113,14 @@ void hooks::setRingerMuted(id self, SEL selector, bool muted)
 {
     processValues.manualSet = false;
     previous.setRingerMuted(self, selector, muted);
-    const PNOController controller = PNOController::sharedInstance();
+    const PNOController& controller = PNOController::sharedInstance();
     if (processValues.replaceHUD)
         controller.createUI();
     if (!controller.window())
         return;
     const PNOVolumeView ringer = controller.volumeView(ringerSlot);
     if (muted)
-        ringer.setLevelText(NSString::stringWithUTF8String("Silent"));
+        ringer.setLevelText(NSString::constant("Silent"));
     else
         ringer.showPercentage();
 }

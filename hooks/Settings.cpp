@@ -44,7 +44,7 @@ void load(const NSString& suite, std::string_view domain)
     forEachHeldSetting([&](const MixerSetting& setting, auto held) {
         if (setting.domain == domain) {
             // Asked once whether it is there and once what it is: whoever watches the preferences sees both questions.
-            const NSString key = NSString::stringWithUTF8String(setting.key);
+            const NSString key = NSString::constant(setting.key);
             const NSObject stored = defaults.objectForKey(key) ? defaults.objectForKey(key) : nullptr;
             take(processValues.*held, stored, setting.absentValue);
         }
@@ -57,9 +57,8 @@ void reapplyRingerVolume()
     if (objc_getClass("UIViewPropertyAnimator") != nullptr)
         return;
     const char* const source = processValues.isAppCallNotification ? category::notifications : category::ringtone;
-    const float level = PNOController::sharedInstance().getVolumeLevel(NSString::stringWithUTF8String(source), nullptr);
-    AVSystemController::sharedAVSystemController().setVolumeTo(
-        level, NSString::stringWithUTF8String(category::ringtone));
+    const float level = PNOController::sharedInstance().getVolumeLevel(NSString::constant(source), nullptr);
+    AVSystemController::sharedAVSystemController().setVolumeTo(level, NSString::constant(category::ringtone));
 }
 
 } // namespace
@@ -78,7 +77,7 @@ void settingsChanged() noexcept
 
 void brv2SettingsChanged() noexcept
 {
-    load(NSString::stringWithUTF8String(siblingDomain), siblingDomain);
+    load(NSString::constant(siblingDomain), siblingDomain);
 }
 
 } // namespace panotra

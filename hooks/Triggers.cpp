@@ -13,7 +13,7 @@ namespace {
 /// Asks for the window, where the gesture framework's toggle asks for the root view.
 void toggle()
 {
-    const PNOController controller = PNOController::sharedInstance();
+    const PNOController& controller = PNOController::sharedInstance();
     if (controller.window()) {
         controller.destroyHUDWindow();
     } else {
@@ -48,7 +48,7 @@ void uikitShaken() noexcept
 void screenChanged() noexcept
 {
     const std::uint64_t state = notify_get_state(processValues.screenToken);
-    const PNOController controller = PNOController::sharedInstance();
+    const PNOController& controller = PNOController::sharedInstance();
     if (state == 0 || state == 9)
         controller.destroyHUDWindow();
     if (controller.window())

@@ -14,6 +14,7 @@
 #include "platform/SpringBoard.h"
 #include "platform/VolumeOverlays.h"
 
+#include <string_view>
 #include <utility>
 
 namespace panotra {
@@ -28,11 +29,13 @@ constexpr double oneSixteenth = 0.0625;
 void driveOtherOverlays()
 {
     const bool isHidden = processValues.replaceHUD;
-    MeliorWindow::sharedInstance().firstSubview().setHidden(isHidden);
-    const ABVolumeHUDManager manager = ABVolumeHUDManager::sharedManager();
-    if (isHidden)
-        manager.visibilityManager().hideImmediatelyIfPossible();
-    manager.targetView().setHidden(isHidden);
+    if (const MeliorWindow window = MeliorWindow::sharedInstance())
+        window.firstSubview().setHidden(isHidden);
+    if (const ABVolumeHUDManager manager = ABVolumeHUDManager::sharedManager()) {
+        if (isHidden)
+            manager.visibilityManager().hideImmediatelyIfPossible();
+        manager.targetView().setHidden(isHidden);
+    }
 }
 
 /// After a notification sound older systems, which lack the class, are given the ringer's own level back.
@@ -41,7 +44,7 @@ void restoreRingerAfterSound(const AVSystemController& audio)
     if (processValues.isAppCallNotification || objc_getClass("UIViewPropertyAnimator") != nullptr)
         return;
     dispatch_after(ringerRestoreNanoseconds, [audio] {
-        const NSString ringtone = NSString::stringWithUTF8String(category::ringtone);
+        const NSString ringtone = NSString::constant(category::ringtone);
         audio.setVolumeTo(PNOController::sharedInstance().getVolumeLevel(ringtone, nullptr), ringtone);
     });
 }
@@ -79,26 +82,28 @@ void recordAndFocus(float level, const NSString& route)
 /// What stands under the first of a key's names that is there.
 NSObject valueUnder(const std::array<const char*, 2>& names, const NSDictionary& announcement)
 {
-    NSObject value = announcement.objectForKey(names[0]);
-    return value ? value : announcement.objectForKey(names[1]);
+    NSObject value = announcement.objectForKey(NSString::constant(names[0]));
+    return value ? value : announcement.objectForKey(NSString::constant(names[1]));
 }
 
 void handleAnnouncement(const AVSystemController& audio, const NSDictionary& announcement)
 {
-    processValues.globalCategory.set(NSString::checked(announcement.objectForKey(announcementKey::category)));
+    processValues.globalCategory.set(
+        NSString::checked(announcement.objectForKey(NSString::constant(announcementKey::category))));
     const NSString category = processValues.globalCategory.get();
-    const NSString reason = NSString::checked(valueUnder(reasonKeys, announcement));
+    const NSString reasonString = NSString::checked(valueUnder(reasonKeys, announcement));
     const NSString route = PNOController::sharedInstance().pickedRoute();
     const float level = valueUnder(levelKeys, announcement).floatValue();
     const float stored = PNOController::sharedInstance().getVolumeLevel(category, route);
     const bool isNewLevel = level != stored;
 
-    if (reason.isEqualToString(changeReason::category) || reason.isEqualToString(changeReason::route)) {
+    const std::string_view reason = reasonString.view();
+    if (reason == changeReason::category || reason == changeReason::route) {
         if (isNewLevel)
             audio.setVolumeTo(stored, category);
         return;
     }
-    if (!reason.isEqualToString(changeReason::explicitChange))
+    if (reason != changeReason::explicitChange)
         return;
     if (processValues.replaceHUD)
         PNOController::sharedInstance().createUI();

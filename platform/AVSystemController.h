@@ -18,6 +18,7 @@ public:
     bool setVolumeTo(float level, const NSString& category) const noexcept;
     /// False on failure; `*level` then stays as it was.
     bool getVolume(float* level, const NSString& category) const noexcept;
+    /// `key`: a constant of the program's.
     NSObject attributeForKey(const char* key) const noexcept;
 };
 

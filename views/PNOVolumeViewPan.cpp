@@ -59,7 +59,7 @@ void PNOVolumeView::setSystemVolume() const
             continue;
         if (slot.dragSetsSystemVolume && isOnActiveRoute(slot))
             AVSystemController::sharedAVSystemController().setVolumeTo(
-                static_cast<float>(volume()), NSString::stringWithUTF8String(slot.category));
+                static_cast<float>(volume()), NSString::constant(slot.category));
         return;
     }
 }

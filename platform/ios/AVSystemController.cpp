@@ -29,9 +29,9 @@ bool AVSystemController::getVolume(float* level, const NSString& category) const
 
 NSObject AVSystemController::attributeForKey(const char* key) const noexcept
 {
-    if (get() == nullptr)
+    if (get() == nullptr || key == nullptr)
         return nullptr;
-    return ask<NSObject>(get(), selectors::attributeForKey, NSString::stringWithUTF8String(key).get());
+    return ask<NSObject>(get(), selectors::attributeForKey, NSString::constant(key).get());
 }
 
 SBAVSystemControllerCache SBAVSystemControllerCache::sharedInstance() noexcept

@@ -7,6 +7,7 @@
 #include "platform/ios/ObjectiveC.h"
 #include "platform/ios/Send.h"
 
+#include <array>
 #include <cmath>
 #include <string_view>
 
@@ -44,6 +45,31 @@ bool hasReadableKey(id object, const char* key)
     return variable != nullptr && isReadable(ivar_getTypeEncoding(variable));
 }
 
+/// A key that objects of the class were found to have.
+struct KnownKey {
+    ::Class objectClass = nullptr;
+    const char* key = nullptr;
+};
+
+/// As many as there are keys that are read.
+constinit std::array<KnownKey, 3> knownKeys {};
+constinit std::size_t nextKnownKey = 0;
+
+/// The same, looked for once.
+bool isKnownToHaveReadableKey(id object, const char* key)
+{
+    ::Class const objectClass = object_getClass(toRuntime(object));
+    for (const KnownKey& known : knownKeys) {
+        if (known.objectClass == objectClass && known.key == key)
+            return true;
+    }
+    if (!hasReadableKey(object, key))
+        return false;
+    knownKeys[nextKnownKey] = { objectClass, key };
+    nextKnownKey = (nextKnownKey + 1) % knownKeys.size();
+    return true;
+}
+
 bool isString(const NSObject& object)
 {
     return isKindOf(object.get(), classes::NSString);
@@ -55,7 +81,16 @@ bool isConvertible(const NSObject& object)
     return isKindOf(object.get(), classes::NSNumber) || isString(object);
 }
 
-/// A number that is stored as an integer must not go by way of a double, which has no room for 64 bits.
+/// A conversion of what is convertible: it need not be asked whether it has one.
+template <typename Result> Result convert(const NSObject& object, Selector<Result()>& conversion)
+{
+    return deliver<Result>(object.get(), conversion.get());
+}
+
+/// A double has room for every integer below this one.
+constexpr double exactIntegers = 9007199254740992.0;
+
+/// A number that is stored as a larger integer must not go by way of a double.
 bool isInteger(const NSObject& object)
 {
     constexpr std::string_view floats = "fd";
@@ -77,33 +112,34 @@ bool NSObject::respondsToSelector(const char* selector) const noexcept
 
 NSObject NSObject::valueForKey(const char* key) const noexcept
 {
-    if (get() == nullptr || key == nullptr || !shielded([&] { return hasReadableKey(get(), key); }))
+    if (get() == nullptr || key == nullptr || !shielded([&] { return isKnownToHaveReadableKey(get(), key); }))
         return nullptr;
-    return ask<NSObject>(get(), selectors::valueForKey, NSString::stringWithUTF8String(key).get());
+    return ask<NSObject>(get(), selectors::valueForKey, NSString::constant(key).get());
 }
 
 bool NSObject::boolValue() const noexcept
 {
-    return isConvertible(*this) && send(get(), selectors::boolValue);
+    return isConvertible(*this) && convert(*this, selectors::boolValue);
 }
 
 float NSObject::floatValue() const noexcept
 {
-    return isConvertible(*this) ? send(get(), selectors::floatValue) : 0;
+    return isConvertible(*this) ? convert(*this, selectors::floatValue) : 0;
 }
 
 double NSObject::doubleValue() const noexcept
 {
-    return isConvertible(*this) ? send(get(), selectors::doubleValue) : 0;
+    return isConvertible(*this) ? convert(*this, selectors::doubleValue) : 0;
 }
 
 std::int64_t NSObject::integerValue() const noexcept
 {
     if (!isConvertible(*this))
         return 0;
-    if (!isString(*this) && isInteger(*this))
-        return send(get(), selectors::longLongValue);
-    return wrappedInteger(send(get(), selectors::doubleValue));
+    const double value = convert(*this, selectors::doubleValue);
+    if (std::fabs(value) < exactIntegers || isString(*this) || !isInteger(*this))
+        return wrappedInteger(value);
+    return convert(*this, selectors::longLongValue);
 }
 
 std::uint16_t NSObject::unsignedShortValue() const noexcept

@@ -10,7 +10,12 @@ NSString NSString::stringWithUTF8String(const char* text) noexcept
     return text == nullptr ? NSString() : simulated::create<NSString, sim::String>("NSString", text);
 }
 
-NSString NSString::checked(const NSObject& object) noexcept
+NSString NSString::constant(const char* text) noexcept
+{
+    return stringWithUTF8String(text);
+}
+
+NSString NSString::checked(NSObject object) noexcept
 {
     return retained<NSString>(simulated::objectOf<sim::String>(object));
 }
@@ -26,15 +31,16 @@ NSNumber NSNumber::numberWithFloat(float value) noexcept
     return simulated::create<NSNumber, sim::Number>("NSNumber", static_cast<double>(value));
 }
 
-NSDictionary NSDictionary::checked(const NSObject& object) noexcept
+NSDictionary NSDictionary::checked(NSObject object) noexcept
 {
     return retained<NSDictionary>(simulated::objectOf<sim::Dictionary>(object));
 }
 
-NSObject NSDictionary::objectForKey(const char* key) const noexcept
+NSObject NSDictionary::objectForKey(const NSString& key) const noexcept
 {
     const auto* const dictionary = simulated::objectOf<sim::Dictionary>(*this);
-    return dictionary == nullptr || key == nullptr ? NSObject() : retained<NSObject>(dictionary->objectForKey(key));
+    const std::string* const name = sim::textOf(simulated::objectOf(key));
+    return dictionary == nullptr || name == nullptr ? NSObject() : retained<NSObject>(dictionary->objectForKey(*name));
 }
 
 } // namespace panotra

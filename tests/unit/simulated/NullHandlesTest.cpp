@@ -60,7 +60,7 @@ TEST_F(SeamTest, AHandleOnAnObjectOfAnotherKindDoesNothing)
     view.setBlurRadius(3);
     EXPECT_EQ(view.frame(), CGRect());
     EXPECT_FALSE(view.contentView());
-    EXPECT_FALSE(retained<NSDictionary>(text.get()).objectForKey("key"));
+    EXPECT_FALSE(retained<NSDictionary>(text.get()).objectForKey(NSString::constant("key")));
     EXPECT_TRUE(retained<NSString>(UIView::init().get()).view().empty());
 }
 

@@ -89,8 +89,8 @@ TEST_F(ObjectsTest, ADictionaryAnswersItsKeys)
     dictionary->adopt("AudioVolume", device.classes->make<sim::Number>("NSNumber", 0.25));
     const auto handle = adopt<NSDictionary>(dictionary);
     EXPECT_EQ(NSDictionary::checked(handle), handle);
-    EXPECT_EQ(handle.objectForKey("AudioVolume").floatValue(), 0.25f);
-    EXPECT_FALSE(handle.objectForKey("AudioCategory"));
+    EXPECT_EQ(handle.objectForKey(NSString::constant("AudioVolume")).floatValue(), 0.25f);
+    EXPECT_FALSE(handle.objectForKey(NSString::constant("AudioCategory")));
     EXPECT_FALSE(handle.objectForKey(nullptr));
 }
 
