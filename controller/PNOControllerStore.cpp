@@ -33,7 +33,7 @@ public:
     {
         const AVSystemController audio = AVSystemController::sharedAVSystemController();
         for (std::size_t i = 0; i < seedCategories.size(); ++i)
-            audio.getVolume(&m_levels[i], NSString::stringWithUTF8String(seedCategories[i]));
+            audio.getVolume(&m_levels[i], NSString::constant(seedCategories[i]));
     }
 
     float level(std::string_view seedCategory) const
@@ -76,11 +76,8 @@ void PNOController::saveVolumeLevelsToDisk() const
             return;
     }
     const NSUserDefaults defaults = openDomain();
-    for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot) {
-        const auto level = static_cast<float>(self->_volumeView[slot].volume());
-        defaults.setObject(
-            NSNumber::numberWithFloat(level), NSString::stringWithUTF8String(volumeSlot(slot).preferenceKey));
-    }
+    for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot)
+        self->_volumeView[slot].saveVolume(defaults, NSString::constant(volumeSlot(slot).preferenceKey));
 }
 
 void PNOController::importVolumeLevelsToRam() const
@@ -93,7 +90,7 @@ void PNOController::importVolumeLevelsToRam() const
         const NSUserDefaults defaults = openDomain();
         for (SlotNumber slot = 0; slot < volumeSlotCount; ++slot) {
             const VolumeSlot& row = volumeSlot(slot);
-            const NSObject stored = defaults.objectForKey(NSString::stringWithUTF8String(row.preferenceKey));
+            const NSObject stored = defaults.objectForKey(NSString::constant(row.preferenceKey));
             self->_volumeView[slot].setVolume(stored ? stored.floatValue() : seeds.level(row.seedCategory));
         }
     }

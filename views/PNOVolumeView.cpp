@@ -107,10 +107,11 @@ bool PNOVolumeView::setUp(Corners corners) const
     Fields* const self = fields();
     if (self == nullptr || superInit(get(), description()) != get())
         return false;
-    layer().setMasksToBounds(true);
-    if (corners == Corners::Continuous && layer().respondsToSelector("setContinuousCorners:"))
-        layer().setContinuousCorners(true);
-    layer().setBorderWidth(borderWidth);
+    const CALayer layer = this->layer();
+    layer.setMasksToBounds(true);
+    if (corners == Corners::Continuous && layer.respondsToSelector("setContinuousCorners:"))
+        layer.setContinuousCorners(true);
+    layer.setBorderWidth(borderWidth);
 
     self->_volumePanRecognizer = UIPanGestureRecognizer::initWithTarget(*this, "handleVolumeViewPan:");
     addGestureRecognizer(self->_volumePanRecognizer);

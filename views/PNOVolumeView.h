@@ -6,6 +6,7 @@
 /// negative one a fill of negative width. A null slider ignores everything and answers zero.
 #pragma once
 
+#include "platform/NSUserDefaults.h"
 #include "platform/UIBackdropView.h"
 #include "platform/UIGestureRecognizer.h"
 #include "platform/UIImage.h"
@@ -39,6 +40,8 @@ public:
     /// Holds and draws the level, then has all twelve levels saved.
     void setVolumeLevel(CGFloat level) const;
     CGFloat volume() const;
+    /// Stores the level, as a 32-bit number, under the key. A null slider stores zero.
+    void saveVolume(const NSUserDefaults& defaults, const NSString& key) const;
     /// Holds the level and draws nothing.
     void setVolume(CGFloat level) const;
     /// Replaces the percentage by a text such as "Silent", until the level is next drawn.
@@ -59,6 +62,9 @@ public:
         UIPanGestureRecognizer _volumePanRecognizer;
         bool _canGoToZero = false; ///< else a drag stops at one sixteenth
         CGFloat volume = 0;
+        // No field of the host's to read.
+        NSNumber volumeNumber; ///< of the level that was saved last
+        std::uint32_t volumeNumberBits = 0; ///< that level
     };
 
 private:
@@ -67,7 +73,7 @@ private:
     bool setUp(Corners corners) const;
     UIColor applySkin() const;
     UILabel addLabel(CGFloat fontSize, const UIColor& textColor) const;
-    void drawFill(CGFloat level) const;
+    void drawFill(CGSize size, CGFloat level) const;
     void showPercentageOf(CGFloat level) const;
     CGFloat levelAt(CGFloat x) const;
     void setSystemVolume() const;
