@@ -58,10 +58,6 @@ struct VolumeSlot {
     SlotNumber bannerLevelSlot;
 
     constexpr bool isForAnyRoute() const { return routes[0] == nullptr; }
-    constexpr bool takesRoute(std::string_view activeRoute) const
-    {
-        return isForAnyRoute() || activeRoute == routes[0] || (routes[1] != nullptr && activeRoute == routes[1]);
-    }
 };
 
 /// In the order of resolution, which is also the order in which sliders are created: media through the earpiece
@@ -102,12 +98,38 @@ static_assert(
     }(),
     "every slot has its row");
 
+/// The pairs of a slot's row with the lengths of their names, which tell most of them apart.
+struct SlotPairs {
+    std::string_view category;
+    std::array<std::string_view, 2> routes; ///< empty for none
+
+    constexpr bool take(std::string_view audioCategory, std::string_view activeRoute) const
+    {
+        if (audioCategory != category)
+            return false;
+        return routes[0].empty() || activeRoute == routes[0] || (!routes[1].empty() && activeRoute == routes[1]);
+    }
+};
+
+inline constexpr auto slotPairs = [] {
+    std::array<SlotPairs, volumeSlotCount> pairs {};
+    for (std::size_t row = 0; row < pairs.size(); ++row) {
+        const VolumeSlot& slot = volumeSlots[row];
+        pairs[row].category = slot.category;
+        for (std::size_t route = 0; route < slot.routes.size(); ++route) {
+            if (slot.routes[route] != nullptr)
+                pairs[row].routes[route] = slot.routes[route];
+        }
+    }
+    return pairs;
+}();
+
 /// The row of the first slot that takes the pair, null for none. An empty view stands for a null string.
 constexpr const VolumeSlot* findVolumeSlot(std::string_view audioCategory, std::string_view activeRoute)
 {
-    for (const VolumeSlot& slot : volumeSlots) {
-        if (audioCategory == slot.category && slot.takesRoute(activeRoute))
-            return &slot;
+    for (std::size_t row = 0; row < volumeSlots.size(); ++row) {
+        if (slotPairs[row].take(audioCategory, activeRoute))
+            return &volumeSlots[row];
     }
     return nullptr;
 }

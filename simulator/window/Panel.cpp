@@ -40,7 +40,7 @@ std::string labelOf(const VolumeSlot& slot)
 
 bool isActive(const VolumeSlot& slot, const SoundService& sound)
 {
-    return sound.categoryInUse() == slot.category && slot.takesRoute(sound.activeRoute().value_or(std::string()));
+    return findVolumeSlot(sound.categoryInUse(), sound.activeRoute().value_or(std::string())) == &slot;
 }
 
 /// How high a card with that many meters below each other is.
