@@ -45,6 +45,29 @@ const RegisteredClass* findRegistered(::Class hostClass)
     return nullptr;
 }
 
+/// An object of ours as it was found. The same few objects are asked for most of the time.
+struct KnownObject {
+    id object = nullptr;
+    const ClassDescription* description = nullptr;
+    void* block = nullptr;
+};
+
+/// Found by the object's place in memory, each in one of four rows that follow each other. So many that of the twelve
+/// sliders, the controller and the helper hardly ever five meet.
+constexpr std::size_t rowsTogether = 4;
+constinit std::array<KnownObject, 32 * rowsTogether> knownObjects {};
+
+std::size_t firstRowOf(id object)
+{
+    const auto address = reinterpret_cast<std::uintptr_t>(object) / alignof(std::max_align_t);
+    return (address ^ address / knownObjects.size()) % knownObjects.size();
+}
+
+std::span<KnownObject> rowsOf(id object)
+{
+    return std::span(knownObjects).subspan(firstRowOf(object) / rowsTogether * rowsTogether, rowsTogether);
+}
+
 const RegisteredClass* findRegistered(id object)
 {
     return object != nullptr ? findRegistered(object_getClass(toRuntime(object))) : nullptr;
@@ -73,6 +96,10 @@ void deallocate(id self, SEL) noexcept
     shielded([=] { registered->description->destroy(self, block); });
     std::memset(block, 0, registered->description->size);
     sendAs(registered->superclass(), self, selectors::dealloc);
+    for (KnownObject& known : rowsOf(self)) {
+        if (known.object == self)
+            known = {}; // another object may come to lie there
+    }
 }
 
 void addMethod(::Class hostClass, const Method& method)
@@ -154,6 +181,22 @@ const RegisteredClass* findOrRegister(const ClassDescription& description)
     return registerClass(description);
 }
 
+[[gnu::noinline]] void* findBlock(id object, const ClassDescription& description)
+{
+    KnownObject* place = &knownObjects[firstRowOf(object)];
+    for (KnownObject& known : rowsOf(object)) {
+        if (known.object == object && known.description == &description)
+            return known.block;
+        if (known.object == nullptr && place->object != nullptr)
+            place = &known;
+    }
+    const RegisteredClass* const registered = findRegistered(object);
+    if (registered == nullptr || registered->description != &description)
+        return nullptr;
+    *place = { object, &description, registered->block(object) };
+    return place->block;
+}
+
 } // namespace
 
 id allocate(const ClassDescription& description) noexcept
@@ -186,16 +229,8 @@ id superInit(id self, const ClassDescription& description) noexcept
 
 void* instanceVariables(id object, const ClassDescription& description) noexcept
 {
-    if (object == nullptr)
-        return nullptr;
-    ::Class const objectClass = object_getClass(toRuntime(object));
-    for (const RegisteredClass& registered : allRegistered()) {
-        if (registered.description == &description) {
-            const bool isOne = objectClass == registered.hostClass || findRegistered(objectClass) == &registered;
-            return isOne ? registered.block(object) : nullptr;
-        }
-    }
-    return nullptr;
+    const KnownObject& known = knownObjects[firstRowOf(object)];
+    return known.object == object && known.description == &description ? known.block : findBlock(object, description);
 }
 
 } // namespace panotra
