@@ -6,7 +6,8 @@
 
 namespace panotra {
 
-constinit ProcessValues processValues;
+// In one piece, even where a compiler sees all that is done with it: by its name it is found in a process from outside.
+[[gnu::used]] constinit ProcessValues processValues;
 
 bool isSpringBoardProcess() noexcept
 {
