@@ -1,7 +1,8 @@
-/// The library's median cut over what was seen, and an ordered dither.
+/// The library's median cut over the colours that were seen, and an ordered dither.
 #include "simulator/film/GifPalette.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
 
 namespace panotra::sim {
@@ -26,6 +27,13 @@ int blueOf(std::uint32_t pixel)
     return static_cast<int>(pixel & 0xffU);
 }
 
+constexpr std::size_t places = std::size_t { 1 } << (3 * bits);
+
+std::size_t placeOf(int red, int green, int blue)
+{
+    return static_cast<std::size_t>((red / step << (2 * bits)) | (green / step << bits) | blue / step);
+}
+
 /// Thresholds of an ordered dither, spread so that no two that follow each other are neighbours.
 constexpr std::array<std::array<int, 4>, 4> thresholds { { { 0, 8, 2, 10 }, { 12, 4, 14, 6 }, { 3, 11, 1, 9 },
     { 15, 7, 13, 5 } } };
@@ -41,29 +49,38 @@ int dithered(int value, int x, int y)
 
 void GifPalette::see(const render::Bitmap& frame)
 {
+    m_seen.resize(places);
     // One of sixteen pixels tells enough.
-    constexpr int stride = 4;
-    for (int y = stride / 2; y < frame.height(); y += stride) {
+    constexpr std::size_t stride = 4;
+    for (int y = 0; y < frame.height(); y += static_cast<int>(stride)) {
         const auto row = frame.row(y);
-        for (std::size_t x = stride / 2; x < row.size(); x += stride) {
-            m_red.push_back(static_cast<GifByteType>(redOf(row[x])));
-            m_green.push_back(static_cast<GifByteType>(greenOf(row[x])));
-            m_blue.push_back(static_cast<GifByteType>(blueOf(row[x])));
-        }
+        for (std::size_t x = 0; x < row.size(); x += stride)
+            ++m_seen[placeOf(redOf(row[x]), greenOf(row[x]), blueOf(row[x]))];
     }
 }
 
 bool GifPalette::choose()
 {
-    m_nearest.assign(std::size_t { 1 } << (3 * bits), -1);
-    std::vector<GifByteType> indices(m_red.size());
+    m_nearest.assign(places, -1);
+    // What fills half the film is one colour, too: each counts as often as its number has digits.
+    std::vector<GifByteType> red;
+    std::vector<GifByteType> green;
+    std::vector<GifByteType> blue;
+    for (std::size_t place = 0; place < m_seen.size(); ++place) {
+        const auto times = static_cast<std::size_t>(std::bit_width(m_seen[place]));
+        const auto middle = [place](int shift) {
+            return static_cast<GifByteType>((place >> shift) % (1U << bits) * step + step / 2);
+        };
+        red.insert(red.end(), times, middle(2 * bits));
+        green.insert(green.end(), times, middle(bits));
+        blue.insert(blue.end(), times, middle(0));
+    }
+    std::vector<GifByteType> indices(red.size());
     int count = colors;
-    const bool isChosen = !m_red.empty()
-        && GifQuantizeBuffer(static_cast<unsigned>(m_red.size()), 1, &count, m_red.data(), m_green.data(),
-               m_blue.data(), indices.data(), m_table.data())
-            == GIF_OK;
-    m_red = m_green = m_blue = {};
-    return isChosen;
+    return !red.empty()
+        && GifQuantizeBuffer(static_cast<unsigned>(red.size()), 1, &count, red.data(), green.data(), blue.data(),
+               indices.data(), m_table.data())
+        == GIF_OK;
 }
 
 std::uint8_t GifPalette::colorOf(std::uint32_t pixel, int x, int y)
@@ -71,8 +88,7 @@ std::uint8_t GifPalette::colorOf(std::uint32_t pixel, int x, int y)
     const int red = dithered(redOf(pixel), x, y);
     const int green = dithered(greenOf(pixel), x, y);
     const int blue = dithered(blueOf(pixel), x, y);
-    const int place = (red / step << (2 * bits)) | (green / step << bits) | blue / step;
-    std::int16_t& nearest = m_nearest[static_cast<std::size_t>(place)];
+    std::int16_t& nearest = m_nearest[placeOf(red, green, blue)];
     if (nearest >= 0)
         return static_cast<std::uint8_t>(nearest);
     int least = std::numeric_limits<int>::max();

@@ -27,7 +27,7 @@ public:
     std::uint8_t colorOf(std::uint32_t pixel, int x, int y);
 
 private:
-    std::vector<GifByteType> m_red, m_green, m_blue; ///< of what was seen
+    std::vector<std::uint32_t> m_seen; ///< how often, by five bits of red, green and blue; empty: nothing was
     std::array<GifColorType, colors> m_table {};
     std::vector<std::int16_t> m_nearest; ///< by five bits of red, green and blue; -1: not looked for yet
 };
