@@ -34,10 +34,11 @@ DrawnScenario::DrawnScenario(std::string fileName, std::string fileText)
     , scenario(parseScenario(text))
 {
     for (const Command& command : scenario.commands) {
-        if (auto reason = whyNotDrawn(command))
-            scenario.mistakes.push_back({ command.line, std::move(*reason) });
+        if (auto reason = whyNotDrawn(command)) {
+            const auto later = std::ranges::upper_bound(scenario.mistakes, command.line, {}, &Mistake::line);
+            scenario.mistakes.insert(later, { command.line, std::move(*reason) });
+        }
     }
-    std::ranges::stable_sort(scenario.mistakes, {}, &Mistake::line);
 }
 
 std::variant<std::unique_ptr<const DrawnScenario>, ScenarioTrouble> readDrawnScenario(const std::string& name)
