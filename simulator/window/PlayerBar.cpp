@@ -62,11 +62,13 @@ void addButtons(Sheet& sheet, const Subject& subject, Area row)
     constexpr double gap = 4;
     constexpr double speedWidth = 40;
     const Pace& pace = subject.desk->pace();
+    constexpr double roomForLabels = 430;
+    const bool hasLabels = row.width >= roomForLabels;
     const double keys = row.width - speedWidth;
     const auto button = [&](WindowAct act, double part, const char* label, bool isOn = false) {
         Area area = row.takeLeft(keys * part);
         area.width -= gap;
-        addAct(sheet, subject, area, act, label, isOn);
+        addAct(sheet, subject, area, act, hasLabels ? label : "", isOn);
     };
     button(WindowAct::FromStart, 0.22, "Start");
     button(WindowAct::Pause, 0.26, pace.isPaused() ? "Go on" : "Pause", pace.isPaused());
