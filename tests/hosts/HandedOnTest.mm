@@ -225,6 +225,31 @@ TEST_F(HandedOn, SettingsAreReadInTheirOrderAfterASynchronizeTwiceIfTheyAreThere
     globalsNow = nullptr;
 }
 
+TEST_F(HandedOn, TheControllerIsThereBeforeTheSettingsAreReadForTheFirstTime)
+{
+    synchronizeUnwatched = hook("SuiteDefaults", "synchronize", reinterpret_cast<IMP>(watchSynchronize));
+    globalsNow = [this] {
+        return sim::Json(device.classes->anyInstance("PNOController") != nullptr);
+    };
+    defaultsAsked.clear();
+    launch();
+    ASSERT_FALSE(defaultsAsked.empty());
+    EXPECT_EQ(defaultsAsked.front().second, true);
+    globalsNow = nullptr;
+}
+
+TEST_F(HandedOn, ANumberThatNoIntegerHoldsIsWrappedBeforeItIsCut)
+{
+    launch();
+    device.preferences->set("net.qorvath.panotra", "activeStyle", 9223372036854777856.0);
+    device.home->notify("net.qorvath.panotra.settingschanged");
+    EXPECT_EQ(library.globals()["activeStyle"], 2048);
+    // An integer of which a double has no room for the last digits keeps them.
+    device.preferences->set("net.qorvath.panotra", "activeStyle", std::int64_t { 9007199254740993 });
+    device.home->notify("net.qorvath.panotra.settingschanged");
+    EXPECT_EQ(library.globals()["activeStyle"], 1);
+}
+
 // Colours and the orientation.
 
 namespace {

@@ -41,6 +41,7 @@ std::vector<Operation> operationsOfObjects()
         operation("integerValue", [=] { return object.integerValue() == 0; }),
         operation("unsignedShortValue", [=] { return object.unsignedShortValue() == 0; }),
         operation("performSelector", [=] { object.performSelector("init", object, 0); }),
+        operation("performSelector of nothing", [=] { object.performSelector(nullptr, object, 0); }),
         operation("stringWithUTF8String", [] { return !NSString::stringWithUTF8String(nullptr); }),
         operation("NSString::constant", [] { return !NSString::constant(nullptr); }),
         operation("NSString::checked", [=] { return !NSString::checked(object); }),
@@ -99,6 +100,13 @@ std::vector<Operation> operationsOfTheRuntime()
 {
     return {
         operation("objc_getClass", [] { return objc_getClass(nullptr) == nullptr; }),
+        operation("replaceMethod of nothing",
+            [] {
+                IMP previous = nullptr;
+                replaceMethod(
+                    objc_getClass("NSObject"), nullptr, [] {}, &previous);
+                return previous == nullptr;
+            }),
         operation("replaceMethod",
             [] {
                 IMP previous = nullptr;
@@ -123,6 +131,7 @@ std::vector<Operation> operationsOfTheRuntime()
         operation("notify_get_state", [] { return notify_get_state(-1) == 0; }),
         operation("notify_post", [] { notify_post(nullptr); }),
         operation("addDarwinObserver", [] { addDarwinObserver("name", nullptr); }),
+        operation("addDarwinObserver without a name", [] { addDarwinObserver(nullptr, []() noexcept {}); }),
     };
 }
 
