@@ -18,16 +18,16 @@ using namespace ios;
 namespace {
 
 /// Whether the runtime's type code is of a kind that key-value reads can make an object of: objects and scalars.
-/// Qualifiers, such as "constant", stand before the code itself.
+/// Qualifiers, such as "constant", stand before the code itself. The end of a text is none of either.
 bool isReadable(const char* encoding)
 {
     constexpr std::string_view qualifiers = "rnNoORV";
     constexpr std::string_view objectsAndScalars = "@cCsSiIlLqQfdB";
     if (encoding == nullptr)
         return false;
-    while (*encoding != '\0' && qualifiers.find(*encoding) != qualifiers.npos)
+    while (qualifiers.find(*encoding) != qualifiers.npos)
         ++encoding;
-    return *encoding != '\0' && objectsAndScalars.find(*encoding) != objectsAndScalars.npos;
+    return objectsAndScalars.find(*encoding) != objectsAndScalars.npos;
 }
 
 constexpr unsigned receiverAndSelector = 2;
