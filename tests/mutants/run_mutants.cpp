@@ -273,10 +273,15 @@ int main(int argumentCount, char** arguments)
             [&](const Planted& mutant) { return isOne(record.find(mutant.name)); });
         return found;
     };
-    const auto left = thoseThat([&](const Fate* fate) {
-        return isSecondTry ? fate != nullptr && isAlive(*fate) : fate == nullptr || fate->by == triedBySome;
-    });
-    if (!left.empty()) {
+    const auto left = thoseThat(
+        [&](const Fate* fate) { return isSecondTry ? fate != nullptr && isAlive(*fate) : fate == nullptr; });
+    // What is called equivalent need not be tried by all of them.
+    const auto undecided = [&] {
+        auto found = thoseThat([](const Fate* fate) { return fate != nullptr && fate->by == triedBySome; });
+        std::erase_if(found, [&](const Planted& mutant) { return equivalent.contains(mutant.name); });
+        return found;
+    };
+    if (!left.empty() || !undecided().empty()) {
         std::vector<Trial> trials = readTrials(arguments[2]);
         const std::string folder = std::filesystem::absolute(recordFile).string() + ".work";
         std::printf("Running %zu tests without a mutant\n", trials.size());
@@ -288,10 +293,7 @@ int main(int argumentCount, char** arguments)
             return EXIT_FAILURE;
         Hunt hunt(std::move(trials), folder);
         tryAll(left, hunt, record, jobs, mostApart);
-        // What is called equivalent need not be tried by all of them.
-        auto survivors = thoseThat([](const Fate* fate) { return fate != nullptr && fate->by == triedBySome; });
-        std::erase_if(survivors, [&](const Planted& mutant) { return equivalent.contains(mutant.name); });
-        tryAll(survivors, hunt, record, jobs, std::numeric_limits<std::size_t>::max());
+        tryAll(undecided(), hunt, record, jobs, std::numeric_limits<std::size_t>::max());
         std::filesystem::remove_all(folder);
     }
     return conclude(chosen, record, equivalent, count == 0 && !isSecondTry);
