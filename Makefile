@@ -90,6 +90,11 @@ deb: build ## make the Debian package of the programs in build/deb, and check it
 	@cpack --config $(build)/DeskPackage.cmake
 	@lintian --fail-on error,warning --allow-root $(build)/deb/panotra_*.deb
 
+.PHONY: coverage
+coverage: ## which lines and branches of the logic and the phone's backend the tests reach
+	@scripts/install-dependencies build test coverage
+	@scripts/coverage $(build) $(jobs) $(quiet)
+
 .PHONY: fuzz
 fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
 	@scripts/install-dependencies build test fuzz
