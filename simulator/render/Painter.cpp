@@ -161,8 +161,13 @@ template <typename Draw> Bitmap Painter::made(const Item& item, PixelFormat form
     return bitmap;
 }
 
-void Painter::paint(const HomeItem&, const Item& item, Bitmap& product)
+void Painter::paint(const HomeItem& home, const Item& item, Bitmap& product)
 {
+    if (home.isBare) {
+        m_box.wallpaper.draw(
+            context(), { static_cast<double>(item.extent.width), static_cast<double>(item.extent.height) });
+        return;
+    }
     if (product.isEmpty()) {
         product = Bitmap(item.extent.width, item.extent.height, PixelFormat::Opaque);
         drawHomeScreen(product, m_box.pixelsPerPoint, m_box.wallpaper, m_box.typesetter);

@@ -76,6 +76,22 @@ Renderer::Renderer(Wallpaper wallpaper, Typesetter typesetter)
 
 Renderer::Frame Renderer::draw(const sim::Device& device)
 {
+    return draw(device, sceneOf(device));
+}
+
+Renderer::Frame Renderer::drawView(const sim::Device& device, const sim::View& view)
+{
+    return draw(device, sceneOfView(device, view));
+}
+
+void Renderer::setWallpaper(Wallpaper wallpaper)
+{
+    m_wallpaper = std::move(wallpaper);
+    m_canvas = {};
+}
+
+Renderer::Frame Renderer::draw(const sim::Device& device, Scene scene)
+{
     const PixelRect screen = screenPixels(device);
     if (m_canvas.extent() != screen || m_pixelsPerPoint != device.screen->scale) {
         m_canvas = Bitmap(screen.width, screen.height, PixelFormat::Opaque);
@@ -83,7 +99,6 @@ Renderer::Frame Renderer::draw(const sim::Device& device)
         m_scene.clear();
         m_products.clear();
     }
-    Scene scene = sceneOf(device);
     Comparison comparison(m_scene, m_products, scene);
     if (!comparison.damage.isEmpty()) {
         const PaintBox box { m_wallpaper, m_typesetter, m_images, m_pixelsPerPoint };

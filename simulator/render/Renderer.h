@@ -32,9 +32,17 @@ public:
     /// not be too large or too small.
     Frame draw(const sim::Device& device);
 
+    /// One view alone (sceneOfView), on a picture as large as the screen.
+    Frame drawView(const sim::Device& device, const sim::View& view);
+
+    /// Starts afresh.
+    void setWallpaper(Wallpaper wallpaper);
+
     const Typesetter& typesetter() const { return m_typesetter; }
 
 private:
+    Frame draw(const sim::Device& device, Scene scene);
+
     Wallpaper m_wallpaper;
     Typesetter m_typesetter;
     ImageFiles m_images;

@@ -82,6 +82,7 @@ public:
     }
 
     void addSurroundings();
+    void addBareWallpaper();
     void addView(const sim::View& view, const Transform& toPixels);
     void addIndicator();
     Scene take() { return std::move(m_scene); }
@@ -152,6 +153,12 @@ std::string clockText(double seconds)
     const std::int64_t now = (startTimeInMinutes + static_cast<std::int64_t>(minutes)) % minutesADay;
     const std::string minute = std::to_string(now % 60);
     return std::to_string(now / 60) + (minute.size() < 2 ? ":0" : ":") + minute;
+}
+
+void SceneBuilder::addBareWallpaper()
+{
+    const sim::Screen& screen = *m_device.screen;
+    add(HomeItem { true }, { scaling(screen.scale), { screen.width, screen.height } });
 }
 
 void SceneBuilder::addSurroundings()
@@ -276,6 +283,15 @@ void SceneBuilder::addIndicator()
     });
 }
 
+/// From the coordinates in which a view stands to pixels.
+Transform surroundingsToPixels(const sim::Device& device, const sim::View& view)
+{
+    Transform toPixels;
+    for (const sim::View* around = view.superview; around != nullptr; around = around->superview)
+        toPixels = compose(Presented(*device.runLoop, *around).toSuperview(), toPixels);
+    return compose(scaling(device.screen->scale), toPixels);
+}
+
 } // namespace
 
 PixelRect screenPixels(const sim::Device& device)
@@ -293,6 +309,22 @@ Scene sceneOf(const sim::Device& device)
         builder.addView(*window, scaling(device.screen->scale));
     builder.addIndicator();
     return builder.take();
+}
+
+Scene sceneOfView(const sim::Device& device, const sim::View& view)
+{
+    SceneBuilder builder(device, screenPixels(device));
+    builder.addBareWallpaper();
+    builder.addView(view, surroundingsToPixels(device, view));
+    return builder.take();
+}
+
+Presence presenceOf(const sim::Device& device, const sim::View& view)
+{
+    const Presented shown(*device.runLoop, view);
+    const Shape shape { compose(surroundingsToPixels(device, view), shown.toSuperview()), shown.bounds,
+        view.layer.cornerRadius, view.layer.continuousCorners };
+    return { shape, view.hidden ? 0 : std::max(shown.alpha, 0.0) };
 }
 
 } // namespace panotra::render

@@ -17,6 +17,7 @@ using sim::Rgba;
 
 /// The home screen, over everything.
 struct HomeItem {
+    bool isBare = false; ///< nothing but the wallpaper
     friend bool operator==(const HomeItem&, const HomeItem&) = default;
 };
 
@@ -107,5 +108,18 @@ PixelRect screenPixels(const sim::Device& device);
 
 /// What the screen of the device shows at this moment of its clock: running animations are where they are.
 Scene sceneOf(const sim::Device& device);
+
+/// What one view of the device shows at this moment, and all that is in it, over the bare wallpaper: nothing of what
+/// stands before, behind or around it.
+Scene sceneOfView(const sim::Device& device, const sim::View& view);
+
+/// The part of the screen that a view takes at this moment of the clock, to pixels, and how much of what is behind it
+/// the view hides there, from 0 to 1.
+struct Presence {
+    Shape shape;
+    double opacity = 0;
+    friend bool operator==(const Presence&, const Presence&) = default;
+};
+Presence presenceOf(const sim::Device& device, const sim::View& view);
 
 } // namespace panotra::render

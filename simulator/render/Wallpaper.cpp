@@ -26,8 +26,13 @@ std::optional<Wallpaper> Wallpaper::fromFile(const std::string& path, std::strin
     Bitmap photograph = readPng(path, failure);
     if (photograph.isEmpty())
         return std::nullopt;
+    return ofPicture(std::make_shared<Bitmap>(std::move(photograph)));
+}
+
+Wallpaper Wallpaper::ofPicture(std::shared_ptr<const Bitmap> picture)
+{
     Wallpaper wallpaper;
-    wallpaper.m_photograph = std::make_shared<Bitmap>(std::move(photograph));
+    wallpaper.m_photograph = std::move(picture);
     return wallpaper;
 }
 

@@ -19,6 +19,8 @@ public:
     static Wallpaper dawn(); ///< light
     /// None and the reason in `failure` if the file is no readable PNG.
     static std::optional<Wallpaper> fromFile(const std::string& path, std::string& failure);
+    /// A picture (Opaque) that is not empty. Shared, not copied.
+    static Wallpaper ofPicture(std::shared_ptr<const Bitmap> picture);
 
     /// Fills the rectangle of `size` at the context's origin; what does not fit its proportions is cut off evenly.
     void draw(cairo_t* context, Size size) const;
