@@ -23,8 +23,11 @@ void addDesktopCommand(CLI::App& app, ExitStatus& status, const std::function<Ex
     command->add_flag("--headless", options->isHeadless, "Remember and put back, and show nothing");
     command->add_flag("--status", options->wantsStatus, "Print what the one that runs knows, and nothing else");
     command->footer(
+        "The mixer is above other windows while it is shown, and takes no keyboard; on X11 it is blurred from what is "
+        "behind it,\nand a press beside it, which the other window gets, sends it away. Without a display nothing is "
+        "shown.\n"
         "It runs until it is told to end (Ctrl-C). There is one a session: a second one brings up the mixer of the "
-        "first.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
+        "first, or\nsends it away. What `panotra prefs set` changes meanwhile is obeyed at once.\n"
         "Exit status: 0 all went well, 1 with --status: none runs; else: one runs already and shows nothing, 2 the "
         "command\nline is wrong, 3 a file could not be read or written, or there is no session.");
     command->callback([options, open, &status] { status = open(*options); });

@@ -83,27 +83,30 @@ DesktopLoop::DesktopLoop(
     m_signals = FileDescriptor(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
-bool DesktopLoop::turn(int longest)
+bool DesktopLoop::turn(const std::function<Pause()>& show)
 {
     m_phone.follow();
     if (m_bell.silence().isForSettings)
         m_phone.lookForForeignChanges();
     m_mixer.turn();
     m_requests.serve();
+    const Pause pause = show ? show() : Pause {};
     m_mixer.send();
     if (!m_isOver)
-        wait(longest);
+        wait(pause);
     return !m_isOver;
 }
 
-void DesktopLoop::wait(int longest)
+void DesktopLoop::wait(const Pause& pause)
 {
     std::vector<pollfd> waitingFor { { m_signals.get(), POLLIN, 0 }, { m_bell.descriptor(), POLLIN, 0 } };
+    if (pause.descriptor >= 0)
+        waitingFor.push_back({ pause.descriptor, POLLIN, 0 });
     m_requests.addTo(waitingFor);
-    int milliseconds = longest;
+    int milliseconds = pause.longest;
     if (const auto due = m_phone.untilDue()) {
         const auto untilDue = static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(*due).count());
-        milliseconds = longest < 0 ? untilDue : std::min(longest, untilDue);
+        milliseconds = pause.longest < 0 ? untilDue : std::min(pause.longest, untilDue);
     }
     if (::poll(waitingFor.data(), waitingFor.size(), milliseconds) > 0)
         m_isOver = waitingFor.front().revents != 0;

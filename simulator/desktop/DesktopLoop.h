@@ -39,12 +39,19 @@ public:
     DesktopLoop(
         DesktopPhone& phone, DesktopMixer& mixer, const DesktopBell& bell, int door, std::function<bool()> present);
 
-    /// Does what there is to be done, then waits for more of it: at most `longest` milliseconds; negative: as long as
-    /// it takes. Answers false once a signal has asked for the end.
-    bool turn(int longest = -1);
+    /// How to wait: at most `longest` milliseconds, negative: as long as it takes; and until there is something to be
+    /// read from `descriptor`, if it is not negative.
+    struct Pause {
+        int longest = -1;
+        int descriptor = -1;
+    };
+
+    /// Does what there is to be done, then waits for more of it. `show` shows what has come about, and answers how to
+    /// wait; without one nothing is shown. Answers false once a signal has asked for the end.
+    bool turn(const std::function<Pause()>& show = {});
 
 private:
-    void wait(int longest);
+    void wait(const Pause& pause);
     DesktopRequests::Answer answerTo(const std::string& request);
 
     DesktopPhone& m_phone;

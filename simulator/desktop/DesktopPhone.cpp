@@ -8,6 +8,7 @@
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
+#include "simulator/device/Screen.h"
 #include "simulator/window/SettingLines.h"
 
 #include <nlohmann/json.hpp>
@@ -22,16 +23,27 @@ DesktopPhone::DesktopPhone(const Setup& setup, const Library& library)
     , m_complain(setup.complain)
 {
     m_device.resourceFolder = setup.resourceFolder;
-    constexpr const char* replacesIndicator = mixerSetting("replaceHUD").key;
+    m_device.screen->width = setup.screen.width;
+    m_device.screen->height = setup.screen.height;
+    m_device.screen->scale = setup.screen.scale;
     m_settings = settings();
-    if (setup.isSeen && (!m_settings.contains(ownDomain) || !m_settings[ownDomain].contains(replacesIndicator))) {
-        m_device.preferences->set(ownDomain, replacesIndicator, true);
-        m_settings = settings();
+    if (setup.isSeen) {
+        // It is to be seen, and where there is no other way to send it away a press beside it does.
+        chooseWhereNobodyHas(mixerSetting("replaceHUD").key);
+        chooseWhereNobodyHas(mixerSetting("dismissOnTouch").key);
     }
     library.load();
     m_device.home->finishLaunching();
     m_device.runLoop->turn();
     passOnWarnings();
+}
+
+void DesktopPhone::chooseWhereNobodyHas(const char* setting)
+{
+    if (m_settings.contains(ownDomain) && m_settings[ownDomain].contains(setting))
+        return;
+    m_device.preferences->set(ownDomain, setting, true);
+    m_settings = settings();
 }
 
 void DesktopPhone::follow()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/picture/ShownMixer.h"
 #include "simulator/scenario/Library.h"
 
 #include <nlohmann/json.hpp>
@@ -19,7 +20,9 @@ public:
     struct Setup {
         std::string preferencesFolder; ///< exists
         std::string resourceFolder {};
-        /// Where nobody has chosen, the mixer stands in for the system's indicator: it is to be seen.
+        ScreenSize screen {};
+        /// Where nobody has chosen, the mixer stands in for the system's indicator, and a press beside it sends it
+        /// away.
         bool isSeen = false;
         std::function<void(const std::string& line)> complain {};
     };
@@ -39,6 +42,7 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    void chooseWhereNobodyHas(const char* setting);
     Json settings() const;
     void passOnWarnings();
 

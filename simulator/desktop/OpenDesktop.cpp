@@ -4,6 +4,9 @@
 #include "simulator/Play.h"
 #include "simulator/desktop/DesktopLoop.h"
 #include "simulator/desktop/OneInstance.h"
+#include "simulator/desktop/Overlay.h"
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/RunLoop.h"
 #include "simulator/preferences/DefaultFolder.h"
 #include "simulator/sound/PulseServer.h"
 #include "simulator/text/Printable.h"
@@ -12,6 +15,8 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -43,6 +48,15 @@ ExitStatus bringUpTheFirst()
         return failed(failure);
     return *answer == isShown ? ExitStatus::AllWell
                               : failed("panotra desktop runs already, and shows nothing", ExitStatus::NotFulfilled);
+}
+
+/// What is shown already goes away: nothing else would send away a mixer that was asked for.
+bool present(DesktopPhone& phone)
+{
+    Device& device = phone.device();
+    device.home->sendActivatorEvent(viewToShow(device) == nullptr ? listener::present : listener::dismiss);
+    device.runLoop->turn();
+    return true;
 }
 
 } // namespace
@@ -85,15 +99,26 @@ ExitStatus openDesktop(const DesktopOptions& options, const Library& library)
     if (server == nullptr)
         return failed("the system has no thread for the sound server");
 
+    auto renderer = options.isHeadless ? nullptr : Overlay::prepare(complain, failure);
+    const bool isSeen = renderer != nullptr;
+    if (!isSeen && !options.isHeadless)
+        complain("nothing is shown: " + failure);
     DesktopPhone phone({ .preferencesFolder = folder,
                            .resourceFolder = options.resourceFolder,
-                           .isSeen = !options.isHeadless,
+                           .screen = isSeen ? overlayScreen : ScreenSize {},
+                           .isSeen = isSeen,
                            .complain = complain },
         library);
     constexpr double percent = 100;
     DesktopMixer mixer(phone.device(), *server, static_cast<float>(options.limit / percent), complain);
-    DesktopLoop loop(phone, mixer, bell, instance.descriptor(), [] { return false; });
-    while (loop.turn()) { }
+    std::optional<Overlay> overlay;
+    if (isSeen)
+        overlay.emplace(phone, std::move(renderer), complain);
+    DesktopLoop loop(phone, mixer, bell, instance.descriptor(), [&phone, isSeen] { return isSeen && present(phone); });
+    const auto show = [&overlay] {
+        return overlay ? overlay->turn() : DesktopLoop::Pause {};
+    };
+    while (loop.turn(show)) { }
     return phone.filesWorked() ? ExitStatus::AllWell : ExitStatus::FileFailed;
 }
 

@@ -7,14 +7,8 @@
 
 namespace panotra::sim {
 
-namespace {
-
-/// How much of the display a new window takes, and how much larger than made for it may be.
-constexpr double partOfDisplay = 0.92;
-constexpr double largestGrowth = 1.25;
-
 /// SDL would make do without any display, and draw where nobody looks. Whoever names a driver knows what they want.
-bool chooseDriver(std::string& failure)
+bool chooseVideoDriver(std::string& failure)
 {
     if (std::getenv("SDL_VIDEODRIVER") != nullptr)
         return true;
@@ -27,6 +21,12 @@ bool chooseDriver(std::string& failure)
     return failure.empty();
 }
 
+namespace {
+
+/// How much of the display a new window takes, and how much larger than made for it may be.
+constexpr double partOfDisplay = 0.92;
+constexpr double largestGrowth = 1.25;
+
 struct FreeSurface {
     void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };
@@ -35,7 +35,7 @@ struct FreeSurface {
 
 std::unique_ptr<Display> Display::open(const char* title, std::string& failure)
 {
-    if (!chooseDriver(failure))
+    if (!chooseVideoDriver(failure))
         return nullptr;
     // The surface goes to the display without a graphics library in between, and in parts.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");

@@ -12,6 +12,9 @@
 
 namespace panotra::sim {
 
+/// Tells SDL which display there is, before it begins. Answers false and the reason in `failure` if there is none.
+bool chooseVideoDriver(std::string& failure);
+
 class Display {
 public:
     enum class Shown {
