@@ -112,6 +112,20 @@ TEST_F(OtherAnswers, ABannerBesideAStatusBarThatIsNotThereStandsAsBesideAHiddenO
     EXPECT_EQ(view("_containerView")->center.x, beside);
 }
 
+TEST_F(OtherAnswers, WhereNothingCanBeAnimatedEverythingIsDoneAtOnce)
+{
+    launch();
+    hosts::raiseWhere([](std::string_view asked) {
+        return asked == "+[UIView animateWithDuration:delay:options:animations:completion:]";
+    });
+    show(panel);
+    EXPECT_GT(hosts::raised(), 0u);
+    EXPECT_EQ(view("_containerView")->alpha, 1.0);
+    dismiss();
+    EXPECT_EQ(held("_window"), nullptr);
+    hosts::raiseWhere({});
+}
+
 TEST_F(OtherAnswers, ABannerStandsSoTooWhereTheQuestionForTheStatusBarRaises)
 {
     launch();
