@@ -1,6 +1,7 @@
 /// Hosts that answer, and not as expected.
 #include "tests/hosts/MixerHostTest.h"
 
+#include "tests/hosts/Blocks.h"
 #include "tests/hosts/Peers.h"
 #include "tests/hosts/Raising.h"
 
@@ -74,6 +75,19 @@ id nothingFor(id, SEL, id)
     return nil;
 }
 
+int timesToRun = 1;
+int animationCount = 0;
+
+void animateAtOnce(Class, SEL, double, double, unsigned long, void* animations, void* completion)
+{
+    ++animationCount;
+    for (int time = 0; time < timesToRun; ++time) {
+        hosts::functionOfBlock(animations)();
+        if (completion != nullptr)
+            hosts::functionOfBlock(completion)();
+    }
+}
+
 int dismissals = 0;
 
 void countDismissal(id, SEL)
@@ -110,6 +124,25 @@ TEST_F(OtherAnswers, ABannerBesideAStatusBarThatIsNotThereStandsAsBesideAHiddenO
     hook("UIApplication", "statusBar", reinterpret_cast<IMP>(nothing));
     show(banner);
     EXPECT_EQ(view("_containerView")->center.x, beside);
+}
+
+TEST_F(OtherAnswers, WhatAHostRunsMoreThanOnceIsDoneOnce)
+{
+    launch();
+    show(panel); // the first layout is another than all that follow
+    dismiss();
+    replaceClassMethod(
+        "UIView", "animateWithDuration:delay:options:animations:completion:", reinterpret_cast<IMP>(animateAtOnce));
+    std::vector<int> counts;
+    for (const int times : { 1, 2 }) {
+        timesToRun = times;
+        animationCount = 0;
+        show(panel);
+        dismiss();
+        counts.push_back(animationCount);
+    }
+    EXPECT_GT(counts[0], 2);
+    EXPECT_EQ(counts[1], counts[0]);
 }
 
 TEST_F(OtherAnswers, WhereNothingCanBeAnimatedEverythingIsDoneAtOnce)
