@@ -97,10 +97,14 @@ void Device::report(EventName name, Json fields)
 {
     const TraceEvent& event = name.event();
     assert(areFieldsOf(event, fields));
-    Json line { { "t", runLoop->now() }, { "event", event.name } };
-    for (auto& [field, value] : fields.items())
-        line[field] = std::move(value);
-    traceSink(line);
+    auto& members = fields.get_ref<Json::object_t&>();
+    Json::object_t line;
+    line.reserve(2 + members.size());
+    line.emplace_back("t", runLoop->now());
+    line.emplace_back("event", event.name);
+    for (auto& [field, value] : members)
+        line.emplace_back(field, std::move(value));
+    traceSink(std::move(line));
 }
 
 } // namespace panotra::sim

@@ -1,6 +1,7 @@
 /// Preference domains of the simulated device: in memory, or each a property list in a folder.
 #include "simulator/device/Preferences.h"
 
+#include "simulator/device/EventFields.h"
 #include "simulator/preferences/DomainNames.h"
 #include "simulator/preferences/PropertyListFile.h"
 #include "simulator/text/Printable.h"
@@ -135,7 +136,7 @@ PreferenceHandle::~PreferenceHandle()
 
 void PreferenceHandle::synchronize()
 {
-    m_implementation->device.trace("synchronize", [&] { return Json { { "domain", m_implementation->domain } }; });
+    m_implementation->device.trace("synchronize", [&] { return eventFields("domain", m_implementation->domain); });
     m_implementation->read();
 }
 
@@ -150,9 +151,8 @@ std::optional<Json> PreferenceHandle::objectForKey(const std::string& key) const
 void PreferenceHandle::setFloat(const std::string& key, float value)
 {
     Change change { key, Json(double { value }) };
-    m_implementation->device.trace("write", [&] {
-        return Json { { "domain", m_implementation->domain }, { "key", key }, { "value", *change.value } };
-    });
+    m_implementation->device.trace(
+        "write", [&] { return eventFields("domain", m_implementation->domain, "key", key, "value", *change.value); });
     if (m_implementation->settings)
         m_implementation->settings->apply(change);
     m_implementation->changes.push_back(std::move(change));

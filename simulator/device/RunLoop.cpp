@@ -3,6 +3,7 @@
 
 #include "simulator/device/Animation.h"
 #include "simulator/device/ClassTable.h"
+#include "simulator/device/EventFields.h"
 #include "simulator/device/View.h"
 
 #include <nlohmann/json.hpp>
@@ -70,7 +71,7 @@ struct RunLoop::Implementation {
     Json performFields(const PerformKey& key) const
     {
         const auto& [target, selector, object] = key;
-        return { { "selector", selector->name }, { "object", device.nameOf(object) } };
+        return eventFields("selector", selector->name, "object", device.nameOf(object));
     }
 
     void forgetPerform(const PerformKey& key, const Place& place)
@@ -147,7 +148,7 @@ struct RunLoop::Implementation {
         // The animated views live until the completion has run.
         const std::shared_ptr<Animation> keptAlive = *ended.inList;
         animations.erase(ended.inList);
-        device.trace("animationEnd", [&] { return Json { { "finished", finished } }; });
+        device.trace("animationEnd", [&] { return eventFields("finished", finished); });
         if (ended.completion)
             runInside(nullptr, [&] { ended.completion(finished); });
     }
@@ -251,9 +252,7 @@ void RunLoop::animate(double duration, double delay, std::uint64_t options, cons
     std::function<void(bool finished)> completion)
 {
     Implementation& loop = *m_implementation;
-    loop.device.trace("animate", [&] {
-        return Json { { "duration", duration }, { "delay", delay }, { "options", options } };
-    });
+    loop.device.trace("animate", [&] { return eventFields("duration", duration, "delay", delay, "options", options); });
     const auto animation = std::make_shared<Animation>(loop.now, delay, duration);
     // The end takes its place in the queue before the block can ask for anything.
     const Place end = loop.nextPlace(delay + duration);

@@ -2,6 +2,7 @@
 #include "facts/AudioNames.h"
 #include "simulator/device/AudioService.h"
 #include "simulator/device/ClassTable.h"
+#include "simulator/device/EventFields.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/PlatformMethods.h"
 #include "simulator/device/RunLoop.h"
@@ -37,11 +38,8 @@ void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announce
         const auto value = [values](const char* key) {
             return values == nullptr ? nullptr : values->objectForKey(currentKey(process(), key));
         };
-        return Json {
-            { "category", jsonOfText(value(announcementKey::category)) },
-            { "reason", jsonOfText(value(announcementKey::reason)) },
-            { "level", jsonOfNumber(value(announcementKey::level)) },
-        };
+        return eventFields("category", jsonOfText(value(announcementKey::category)), "reason",
+            jsonOfText(value(announcementKey::reason)), "level", jsonOfNumber(value(announcementKey::level)));
     });
 }
 
@@ -59,9 +57,8 @@ bool getActiveCategoryVolume(HostObject*, Selector, float* level, HostObject** n
 
 bool setVolume(HostObject*, Selector, float level, HostObject* categoryObject)
 {
-    process().trace("setVolume", [&] {
-        return Json { { "category", jsonOfText(categoryObject) }, { "level", static_cast<double>(level) } };
-    });
+    process().trace("setVolume",
+        [&] { return eventFields("category", jsonOfText(categoryObject), "level", static_cast<double>(level)); });
     const std::string* const category = textOf(categoryObject);
     if (category == nullptr)
         return true;
