@@ -92,6 +92,7 @@ TEST_F(Refusal, ANullControllerAnswersNothingAndAsksNothingOfTheHost)
     processValues.presentedViaActivator = true;
     processValues.replaceHUD = true;
     processValues.dismissOnTouch = true;
+    device.screen->orientation = 3; // a transform that is not the identity
     device.classes->drainAutoreleasePool();
     const sim::Json globals = library.globals();
     const std::size_t objects = device.classes->liveObjects();
