@@ -6,9 +6,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-#include <array>
-#include <cmath>
 #include <utility>
 
 namespace panotra::sim {
@@ -28,84 +25,6 @@ private:
     Sink m_sink;
 };
 
-void appendNumber(std::string& line, double number)
-{
-    if (!std::isfinite(number)) {
-        line += "null";
-        return;
-    }
-    std::array<char, 64> digits;
-    line.append(digits.data(), nlohmann::detail::to_chars(digits.data(), digits.data() + digits.size(), number));
-}
-
-/// Whether a text stands between quotes as it is.
-bool isPlain(const std::string& text)
-{
-    return std::ranges::all_of(text,
-        [](char character) { return character >= ' ' && character <= '~' && character != '"' && character != '\\'; });
-}
-
-/// Everything that takes thought, by the library of JSON. Preference files of other programs may hold any bytes.
-void appendByLibrary(std::string& line, const Json& value)
-{
-    constexpr int onOneLine = -1;
-    line += value.dump(onOneLine, ' ', false, Json::error_handler_t::replace);
-}
-
-void appendText(std::string& line, const std::string& text)
-{
-    if (!isPlain(text)) {
-        appendByLibrary(line, text);
-        return;
-    }
-    line += '"';
-    line += text;
-    line += '"';
-}
-
-/// As the library of JSON would write it, without setting up its machinery for every line of a trace.
-void append(std::string& line, const Json& value) // NOLINT(misc-no-recursion): as deep as the event
-{
-    const char* separator = "";
-    switch (value.type()) {
-    case Json::value_t::object:
-        line += '{';
-        for (const auto& [name, member] : value.get_ref<const Json::object_t&>()) {
-            line += separator;
-            appendText(line, name);
-            line += ':';
-            append(line, member);
-            separator = ",";
-        }
-        line += '}';
-        return;
-    case Json::value_t::array:
-        line += '[';
-        for (const Json& element : value) {
-            line += separator;
-            append(line, element);
-            separator = ",";
-        }
-        line += ']';
-        return;
-    case Json::value_t::string:
-        appendText(line, value.get_ref<const std::string&>());
-        return;
-    case Json::value_t::boolean:
-        line += value.get<bool>() ? "true" : "false";
-        return;
-    case Json::value_t::null:
-        line += "null";
-        return;
-    case Json::value_t::number_float:
-        appendNumber(line, value.get<double>());
-        return;
-    default:
-        appendByLibrary(line, value);
-        return;
-    }
-}
-
 } // namespace
 
 std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Sink sink, TextLook look)
@@ -123,11 +42,9 @@ std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Si
 
 std::string jsonLine(const Json& event)
 {
-    std::string line;
-    line.reserve(160); // most are shorter
-    append(line, event);
-    line += '\n';
-    return line;
+    constexpr int onOneLine = -1;
+    // Preference files of other programs may hold any bytes.
+    return event.dump(onOneLine, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 } // namespace panotra::sim

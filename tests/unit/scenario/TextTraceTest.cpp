@@ -8,7 +8,6 @@
 #include <nlohmann/json.hpp>
 
 #include <initializer_list>
-#include <limits>
 #include <set>
 #include <string>
 
@@ -257,17 +256,6 @@ TEST(JsonTrace, IsOneObjectALineWithNumbersThatReadBackTheSame)
         EXPECT_EQ(line.find('\n'), line.size() - 1);
         EXPECT_EQ(Json::parse(line).at("t").get<double>(), number) << line;
     }
-}
-
-TEST(JsonTrace, IsWhatTheLibraryOfJsonWrites)
-{
-    const Json values { nullptr, true, false, -1, 12345678901234567890U, 0.0, 100.0, 1e-7, 1e300, 1.0 / 3,
-        std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::infinity(), "", "plain", "a \"quote\"",
-        "back\\slash", "tab\tnew\nline", std::string("zero\0", 5), "\x7f", "\u00e4\U0001f50a", Json::array(),
-        Json::object(), { 1, { 2, { 3 } } }, { { "name \"x\"", { { "deep", { 0.5, nullptr } } } } } };
-    for (const Json& value : values)
-        EXPECT_EQ(jsonLine(value), value.dump() + '\n');
-    EXPECT_EQ(jsonLine(values), values.dump() + '\n');
 }
 
 TEST(JsonTrace, ReplacesBytesThatAreNotUtf8)
