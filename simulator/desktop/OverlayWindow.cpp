@@ -22,6 +22,7 @@ std::unique_ptr<OverlayDisplay> OverlayDisplay::open(std::string& failure)
              std::pair { SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1" },
              std::pair { SDL_HINT_NO_SIGNAL_HANDLERS, "1" },
              std::pair { SDL_HINT_WINDOW_NO_ACTIVATION_WHEN_SHOWN, "1" },
+             std::pair { SDL_HINT_VIDEO_WAYLAND_ALLOW_LIBDECOR, "0" }, // there are no borders to draw
              std::pair { SDL_HINT_X11_FORCE_OVERRIDE_REDIRECT, "1" },
              std::pair { SDL_HINT_X11_WINDOW_TYPE, "_NET_WM_WINDOW_TYPE_NOTIFICATION" },
          })
