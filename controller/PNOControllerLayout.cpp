@@ -35,7 +35,8 @@ UIView shownStatusBar()
 {
     const SpringBoard home = SpringBoard::sharedApplication();
     if (home && !home.respondsToSelector("isSpringBoardStatusBarHidden")) {
-        const UIView bar = home.statusBarForEmbeddedDisplay();
+        // As on all systems the bar is found only where the application's public class is.
+        const UIView bar = objc_getClass("UIApplication") == nullptr ? nullptr : home.statusBarForEmbeddedDisplay();
         return bar.isHidden() ? nullptr : bar;
     }
     return home.isSpringBoardStatusBarHidden() ? nullptr : UIApplication::sharedApplication().statusBar();
