@@ -140,8 +140,12 @@ HostObject* HomeScreen::statusBar()
 
 HostObject* HomeScreen::windowScene()
 {
-    const bool hasScenes = isOfTheSystem(m_implementation->device, "SBWindowScene")
-        && m_implementation->classes().find("UIWindowScene") != nullptr;
+    const auto isThere = [this](const char* className) {
+        return m_implementation->classes().find(className) != nullptr;
+    };
+    const bool canBeAskedFor = isThere("UIApplication") || isThere("SpringBoard");
+    const bool hasScenes
+        = isOfTheSystem(m_implementation->device, "SBWindowScene") && isThere("UIWindowScene") && canBeAskedFor;
     return hasScenes ? shared("SBWindowScene") : nullptr;
 }
 

@@ -67,7 +67,7 @@ public:
     HostObject* mainScreen();
     /// The status bar, its centre where the screen says.
     HostObject* statusBar();
-    /// The scene to which windows belong on the device's system; null where they belong to none.
+    /// The scene to which windows belong on the device's system; null where there is none, or nobody to ask for it.
     HostObject* windowScene();
     /// The mixer's window, which it keeps in its field `_window`, or null.
     HostObject* window();
