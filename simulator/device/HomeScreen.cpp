@@ -260,7 +260,7 @@ void HomeScreen::reorientHUD(bool flag)
     HostObject* const controller = shared("SBHUDController");
     if (knows(controller, "reorientHUDIfNeeded:"))
         send<void>(controller, selector("reorientHUDIfNeeded:"), flag);
-    else if (controller != nullptr && flag)
+    else if (controller != nullptr && flag) // a class that is lacking takes along what took the place of its methods
         send<void, std::int64_t, double, HostObject*>(shared("SpringBoard"),
             selector("noteInterfaceOrientationChanged:duration:logMessage:"),
             m_implementation->device.screen->orientation, rotationDuration, nullptr);

@@ -42,10 +42,11 @@ bool isLacking(const std::string& scenario, std::string_view className)
     return lacking;
 }
 
-/// A change of the orientation is told to a method of the application's class, if to anybody.
-bool isReorientationUnheard(const std::string& scenario, int system)
+/// What took the place of the indicator's re-orientation is a method of the application: an event on a class that is
+/// lacking does nothing.
+bool isReorientationLacking(const std::string& scenario, int system)
 {
-    return system >= 13 && (isLacking(scenario, "SpringBoard") || isLacking(scenario, "SBHUDController"));
+    return system >= 13 && isLacking(scenario, "SpringBoard");
 }
 
 // Hooks of later systems.
@@ -153,13 +154,14 @@ std::string equivalentOf(const std::string& scenario, int system)
     for (std::string line; std::getline(stream, line);) {
         if (system >= 13 && isLine(line, { "reorient-hud", "no" }))
             continue;
-        if (isLine(line, { "reorient-hud" }) && isReorientationUnheard(scenario, system))
+        if (isLine(line, { "reorient-hud" }) && isReorientationLacking(scenario, system))
             continue;
         if (system >= 15 && isLine(line, { "rotation-duration" })) {
             duration = line;
             continue;
         }
-        if (duration && isLine(line, { "reorient-hud", "yes" })) {
+        // A class that is lacking takes along what took the place of its methods: no system tells of a turn then.
+        if (duration && isLine(line, { "reorient-hud", "yes" }) && !isLacking(scenario, "SBHUDController")) {
             text += *duration + "\n";
             duration.reset();
         }
