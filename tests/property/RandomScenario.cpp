@@ -52,7 +52,12 @@ constexpr std::array statusBars { "UIStatusBar", "_UIStatusBar" };
 constexpr std::array booleanSettings { "replaceHUD", "dismissOnTouch", "isAppCallNotification", "handleShake" };
 constexpr std::array screens { "320 480 2", "320 568 2", "375 667 2", "414 736 3", "768 1024 1" };
 constexpr std::array lackable { "AVSystemController", "VolumeControl", "SpringBoard", "AXSpringBoardServer",
-    "SBAssistantController", "LAActivator", "UIViewPropertyAnimator" };
+    "SBAssistantController", "LAActivator", "UIViewPropertyAnimator", "SBHUDController", "SBMediaController",
+    "UIApplication", "UIStatusBar", "_UIStatusBar" };
+constexpr std::array otherMixersClasses { "MeliorWindow", "ABVolumeHUDManager" };
+constexpr std::array visibilities { "hidden", "shown" };
+constexpr std::array namings { "named", "unnamed" };
+constexpr std::array rotations { "0", "0.15", "0.3", "0.5" }; // none, twofold neither, as long as a fade
 /// The ends of fades and growths, and what lies between them.
 constexpr std::array waits { "0", "0.05", "0.1", "0.15", "0.1501", "0.2", "0.25", "0.3", "0.3499", "0.35", "0.4",
     "0.4001", "0.7", "1", "1.5", "2", "2.5", "10" };
@@ -201,6 +206,31 @@ constexpr Happening happenings[] = {
         [](Dice& dice) {
             return "let " + dice.oneOf(directions) + "\n";
         } },
+    // What comes to the mixer by another way on another system.
+    { 3,
+        [](Dice& dice) {
+            return "mode " + std::to_string(dice.below(3)) + "\n";
+        } },
+    { 4,
+        [](Dice& dice) {
+            return "rotation-duration " + dice.oneOf(rotations) + "\n";
+        } },
+    { 3,
+        [](Dice& dice) {
+            return "statusbar " + dice.oneOf(visibilities) + "\n";
+        } },
+    { 3,
+        [](Dice& dice) {
+            return "statusbar center " + place(dice) + "\n";
+        } },
+    { 3,
+        [](Dice& dice) {
+            return "present-volume-hud " + std::to_string(dice.below(3)) + " " + level(dice) + "\n";
+        } },
+    { 2,
+        [](Dice& dice) {
+            return "active-volume " + dice.oneOf(namings) + "\n";
+        } },
 };
 
 const Happening& something(Dice& dice)
@@ -224,6 +254,8 @@ std::string randomScenario(std::uint64_t seed)
     text += "screen " + dice.oneOf(screens) + "\n";
     if (dice.oneIn(10))
         text += "lack " + dice.oneOf(lackable) + "\n";
+    if (dice.oneIn(10))
+        text += "have " + dice.oneOf(otherMixersClasses) + "\n";
     text += integer(dice, "activeStyle", 3);
     text += integer(dice, "mixerSkin", 5);
     for (const char* const key : booleanSettings)
