@@ -1,11 +1,28 @@
 /// Hosts that answer, and not as expected.
 #include "tests/hosts/MixerHostTest.h"
 
+#include "simulator/systems/Systems.h"
 #include "tests/hosts/Blocks.h"
 #include "tests/hosts/Peers.h"
 #include "tests/hosts/Raising.h"
+#include "tests/hosts/classes/SystemClasses.h"
 
 #include <array>
+
+/// Scenes in an order, which a set of the platform's has not.
+@interface ScenesInOrder : NSObject {
+@public
+    NSArray* _scenes;
+}
+- (NSArray*)allObjects;
+@end
+
+@implementation ScenesInOrder
+- (NSArray*)allObjects
+{
+    return _scenes;
+}
+@end
 
 namespace panotra::testing {
 
@@ -86,6 +103,42 @@ void animateAtOnce(Class, SEL, double, double, unsigned long, void* animations, 
         if (completion != nullptr)
             hosts::functionOfBlock(completion)();
     }
+}
+
+struct OnTheNewestHost : HostTest {
+    OnTheNewestHost()
+        : HostTest(systems::newest)
+    {
+    }
+};
+
+ScenesInOrder* connectedScenesInOrder = nil;
+
+id answerConnectedScenes(id, SEL)
+{
+    return connectedScenesInOrder;
+}
+
+id mainScreenOfTheHost(id, SEL)
+{
+    return hosts::hostObjectFor(hosts::device().home->mainScreen());
+}
+
+id anotherScreen(id, SEL)
+{
+    static const id screen = [NSObject new];
+    return screen;
+}
+
+/// A scene of a class of its own, which answers `screen` for its screen.
+id makeScene(const char* superclass, const char* name, IMP screen)
+{
+    const Class made = objc_allocateClassPair(hosts::classNamed(superclass), name, 0);
+    class_addMethod(made, sel_registerName("screen"), screen, "@@:");
+    objc_registerClassPair(made);
+    const id scene = NSAllocateObject(made, 0, nullptr);
+    hosts::attachNewPeer(scene);
+    return scene;
 }
 
 int dismissals = 0;
@@ -187,6 +240,25 @@ TEST_F(OtherAnswers, AListenerWithoutABundleHasNoIconRatherThanOneOfTheProcess)
     ASSERT_EQ(countOf("answer"), 1u);
     EXPECT_TRUE(events.back()["value"].is_null());
     show(banner);
+}
+
+TEST_F(OnTheNewestHost, TheWindowJoinsTheFirstWindowSceneOfTheMainScreen)
+{
+    HostObject* const expected = device.home->windowScene();
+    connectedScenesInOrder = [ScenesInOrder new];
+    connectedScenesInOrder->_scenes = [[NSArray alloc]
+        initWithObjects:makeScene("UIScene", "SceneOfNoWindows", reinterpret_cast<IMP>(mainScreenOfTheHost)),
+        makeScene("UIWindowScene", "SceneOfAnotherScreen", reinterpret_cast<IMP>(anotherScreen)),
+        hosts::hostObjectFor(expected),
+        makeScene("UIWindowScene", "SecondSceneOfTheScreen", reinterpret_cast<IMP>(mainScreenOfTheHost)), nil];
+    launch();
+    hook("UIApplication", "connectedScenes", reinterpret_cast<IMP>(answerConnectedScenes));
+    device.home->sendActivatorEvent("net.qorvath.panotra.presentmixer");
+    pass(1);
+    const auto* const window = dynamic_cast<const sim::Window*>(device.home->window());
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->scene, expected);
+    EXPECT_EQ(countOf("windowShown"), 1u);
 }
 
 /// What `AXSpringBoardServer` is since iOS 13.
