@@ -23,8 +23,12 @@ std::vector<std::string> wordsFor(ServerKind kind, const std::filesystem::path& 
             "--use-pid-file=no", "--realtime=no", "--high-priority=no", "--disable-shm=yes" };
     }
     // The session manager wants a bus.
-    return { "dbus-run-session", "--", "sh", "-c",
-        "for each in pipewire wireplumber pipewire-pulse; do setpriv --pdeathsig KILL $each & sleep 0.1; done; wait" };
+    // Each has to find the one before it; each ends with the one that started it.
+    constexpr const char* script = "setpriv --pdeathsig KILL pipewire & "
+                                   "until [ -S \"$XDG_RUNTIME_DIR/pipewire-0\" ]; do sleep 0.02; done; "
+                                   "setpriv --pdeathsig KILL wireplumber & "
+                                   "setpriv --pdeathsig KILL pipewire-pulse & wait";
+    return { "dbus-run-session", "--", "setpriv", "--pdeathsig", "KILL", "sh", "-c", script };
 }
 
 } // namespace
