@@ -23,15 +23,15 @@ using render::Bitmap;
 using render::PixelRect;
 using Kind = sim::OverlayPicture::Kind;
 
-constexpr int width = 480;
-constexpr int height = 720;
+constexpr int desktopWidth = 480;
+constexpr int desktopHeight = 720;
 
 /// Nowhere the same on both sides of anything.
 Bitmap stripes()
 {
-    Bitmap picture(width, height, render::PixelFormat::Opaque);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
+    Bitmap picture(desktopWidth, desktopHeight, render::PixelFormat::Opaque);
+    for (int y = 0; y < desktopHeight; ++y) {
+        for (int x = 0; x < desktopWidth; ++x) {
             const std::uint32_t stripe = (x / 16 + y / 16) % 2 == 0 ? 0xe0a030 : 0x2040a0;
             picture.row(y)[static_cast<std::size_t>(x)] = 0xff000000 + stripe + static_cast<unsigned>(y / 8);
         }
@@ -49,7 +49,7 @@ class OverlayPictureTest : public ::testing::Test {
 protected:
     void show(std::int64_t style)
     {
-        showing.screen = { width, height, 1 };
+        showing.screen = { desktopWidth, desktopHeight, 1 };
         showing.style = style;
         sim::beginToShow(device, sim::loadedLibrary(), showing);
     }
