@@ -95,7 +95,7 @@ shells_complete_the_command_line() {
     touch "$scratch/here/file.scenario"
     cd "$scratch/here"
     expect "folder" play --prefs ""
-    expect "file.scenario" play --prefs folder fi
+    expect "file.scenario" play --prefs folder 'fi'
     zsh -n "$build/packaging/desk/_panotra" || fail "zsh does not understand its completion"
     # What the shell's own function would be given.
     zsh -fc '_arguments() { print -rl -- "$@"; state=word; }; _describe() { :; }; words=(picture)

@@ -49,8 +49,7 @@ time_stands_still_and_goes_on_by_lines_and_frames() {
     xdotool key Right
     wait_for "the next line" in_recording "press up"
     photograph before
-    local frame
-    for frame in {1..12}; do xdotool key period; done
+    for _ in {1..12}; do xdotool key period; done
     shows_more() {
         photograph now
         [[ $(differences before now 380 60 280 500) -gt 500 ]]
