@@ -135,7 +135,7 @@ What the settings page does for the black skin.
 
 std::string manualPage(const CLI::App& app, const std::string& version)
 {
-    const auto name = app.get_name();
+    const auto& name = app.get_name();
     auto text = ".TH PANOTRA 1 \"\" \"panotra " + plainText(version) + "\" \"User Commands\"\n.SH NAME\n"
         + plainText(name) + " \\- a volume mixer for the home screen, on a simulated device\n.SH SYNOPSIS\n";
     for (const auto* const command : commandsShown(app))
