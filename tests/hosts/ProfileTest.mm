@@ -190,6 +190,7 @@ TEST_P(HostileLaterSystem, PlaysScenariosAndLosesNothing)
     std::vector<std::string> files;
     for (auto number = static_cast<std::size_t>(GetParam()) % systems; number < all.size(); number += systems)
         files.push_back(all[number]);
+    ASSERT_FALSE(files.empty());
     playAll(files);
 }
 

@@ -25,6 +25,7 @@ runs() {
     local file
     for file in "lib/panotra/panotra-desktop" "lib/panotra/Panotra.bundle/Info.plist" \
         "share/man/man1/panotra.1.gz" "share/bash-completion/completions/panotra" \
+        "lib/systemd/user/panotra-desktop.service" "share/panotra/autostart/panotra-desktop.desktop" \
         "share/applications/panotra.desktop" "share/icons/hicolor/scalable/apps/panotra.svg" \
         "share/doc/panotra/copyright" "share/doc/panotra/README.md" "share/doc/panotra/docs/scenario.md" "$@"; do
         [[ -s $root/$file ]] || fail "$root/$file is missing"
@@ -39,7 +40,7 @@ the_package_runs_from_an_empty_root() {
     [[ $(wc -l <<<"$package") -eq 1 && -s $package ]] || fail "expected one package, found: $package"
     local depends
     depends=$(dpkg-deb --field "$package" Depends)
-    [[ $depends == *libcairo2* && $depends == *libsdl2* && $depends == *fonts-inter* ]] ||
+    [[ $depends == *libcairo2* && $depends == *libsdl2* && $depends == *libpulse0* && $depends == *fonts-inter* ]] ||
         fail "the package depends on: $depends"
     local root=$scratch/root
     mkdir -p "$root"
@@ -105,7 +106,7 @@ shells_complete_the_command_line() {
 }
 
 the_manual_tells_of_every_option() {
-    local page=$scratch/panotra.1 command option
+    local page=$scratch/panotra.1 command option known=0
     gzip -dc "$build/packaging/desk/panotra.1.gz" >"$page"
     local commands
     commands=$(sed -n "s/^ *:0) _panotra_words '\(.*\)' ;;$/\1/p" "$build/packaging/desk/panotra.bash")
@@ -113,9 +114,11 @@ the_manual_tells_of_every_option() {
     # shellcheck disable=SC2086 # a word a command, and none for the program
     for command in "" $commands; do
         for option in $("$build/panotra" $command --help | grep -oE '^  +(-[a-z],)?--[a-z-]+' | grep -oE -- '--[a-z-]+'); do
+            known=$((known + 1))
             grep -qF -- "\\fB${option//-/\\-}\\fR" "$page" || fail "the manual does not know $option of '$command'"
         done
     done
+    [[ $known -ge 30 ]] || fail "only $known options were found in the help"
     grep -q '^\.SH ENVIRONMENT$' "$page" || fail "the manual has no environment"
     [[ $("$build/panotra" --help) != *--manual* ]] || fail "help tells of what only packages need"
 }
