@@ -111,10 +111,13 @@ constexpr std::string_view surroundings = R"(.SH ENVIRONMENT
 How wide text may be where standard output is no terminal; 80 without it.
 .TP
 \fBNO_COLOR\fR
-If it is set to anything, no text has colours.
+If it is set and not empty, no text has colours.
 .TP
 \fBXDG_DATA_HOME\fR
 Where the folder of the property lists is kept; ~/.local/share without it.
+.TP
+\fBXDG_RUNTIME_DIR\fR
+The folder of the session, in which \fBpanotra desktop\fR is found by a second one.
 .SH FILES
 .TP
 \fI~/.local/share/panotra/preferences\fR

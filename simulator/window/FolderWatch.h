@@ -22,7 +22,7 @@ public:
 
     /// Null and the reason in `failure` if the folder cannot be watched.
     static std::unique_ptr<FolderWatch> make(const std::string& folder, Ears ears, std::string& failure);
-    /// Neither is called any more afterwards.
+    /// None of them is called any more afterwards.
     ~FolderWatch();
 
 private:
