@@ -16,12 +16,15 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 /// A server that does not get there by then never will.
-constexpr std::chrono::seconds patience { 60 };
+constexpr std::chrono::seconds patience { 30 };
+
+/// The server does not do what it was told, whatever the program under test does.
+constexpr int exitStatusOfServerAtFault = 75;
 
 [[noreturn]] void giveUp(const char* what)
 {
     std::fprintf(stderr, "waited in vain for %s\n", what);
-    std::exit(1); // and the servers with it
+    std::exit(exitStatusOfServerAtFault); // and the servers with it
 }
 
 struct SinkAnswer {
