@@ -2,6 +2,9 @@
 #include "simulator/preferences/PropertyListTree.h"
 
 #include "simulator/preferences/PropertyListFormats.h"
+#include "simulator/preferences/Settings.h"
+
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cassert>

@@ -1,6 +1,8 @@
 /// A value of a property list, of any kind that a file can hold.
 #include "simulator/preferences/PropertyListValue.h"
 
+#include "simulator/preferences/Settings.h"
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>

@@ -4,6 +4,8 @@
 #include "simulator/scenario/TextFormat.h"
 #include "simulator/text/Printable.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <string>
 #include <utility>
