@@ -149,27 +149,18 @@ pictures_and_recordings_say_where_they_went() {
 }
 
 trouble_with_a_scenario_is_one_line() {
-    # expect STATUS PATTERN COMMAND...
-    expect() {
-        local status=0 expected=$1 pattern=$2
-        shift 2
-        "$@" >output 2>complaints || status=$?
-        [[ $status -eq $expected ]] || fail "status $status instead of $expected: $*"
-        [[ $(wc -l <complaints) -eq 1 && ! -s output ]] || fail "not one line: $*"
-        grep -qE -- "$pattern" complaints || fail "no '$pattern': $*"
-    }
     write_scenario
     local window=("$panotra" window --play)
-    expect 3 '^panotra: unborn: No such file' "${window[@]}" unborn
+    expect_one_line 3 '^panotra: unborn: No such file' "${window[@]}" unborn
     echo "lunch" >wrong
-    expect 2 '^wrong:1: found "lunch", .*did you mean launch' "${window[@]}" wrong
+    expect_one_line 2 '^wrong:1: found "lunch", .*did you mean launch' "${window[@]}" wrong
     echo "screen 100000 2 1" >wrong
-    expect 2 '^wrong:1: the screen has sides' "${window[@]}" wrong
-    expect 2 'excludes' "${window[@]}" played.scenario --ios 13
-    expect 2 '^panotra: --watch: expected a file' "${window[@]}" - --watch
-    expect 2 '^panotra: --watch: a phone that is recorded' "${window[@]}" played.scenario --watch --record new
-    expect 2 ' would overwrite --' "${window[@]}" played.scenario --record played.scenario --force
-    expect 2 '--play' "$panotra" window --watch
+    expect_one_line 2 '^wrong:1: the screen has sides' "${window[@]}" wrong
+    expect_one_line 2 'excludes' "${window[@]}" played.scenario --ios 13
+    expect_one_line 2 '^panotra: --watch: expected a file' "${window[@]}" - --watch
+    expect_one_line 2 '^panotra: --watch: a phone that is recorded' "${window[@]}" played.scenario --watch --record new
+    expect_one_line 2 ' would overwrite --' "${window[@]}" played.scenario --record played.scenario --force
+    expect_one_line 2 '--play' "$panotra" window --watch
     [[ ! -e new ]] || fail "a mistake in the command line has made a file"
     printf 'load\nexpect globals.replaceHUD yes\n' >wrong
     open_window_with --play wrong

@@ -132,3 +132,13 @@ expect_no_wake_up() {
     done
     [[ $quiet -eq 5 ]] || fail "never five seconds without a wake-up"
 }
+
+# expect_one_line STATUS PATTERN COMMAND...: it ends with that status and one line of complaint, and says nothing else.
+expect_one_line() {
+    local status=0 expected=$1 pattern=$2
+    shift 2
+    "$@" >output 2>complaints || status=$?
+    [[ $status -eq $expected ]] || fail "status $status instead of $expected: $*"
+    [[ $(wc -l <complaints) -eq 1 && ! -s output ]] || fail "not one line: $*"
+    grep -qE -- "$pattern" complaints || fail "no '$pattern': $*"
+}

@@ -186,33 +186,24 @@ a_level_beyond_all_numbers() {
 }
 
 trouble_is_one_line() {
-    # expect STATUS PATTERN COMMAND...
-    expect() {
-        local status=0 expected=$1 pattern=$2
-        shift 2
-        "$@" >output 2>complaints || status=$?
-        [[ $status -eq $expected ]] || fail "status $status instead of $expected: $*"
-        [[ $(wc -l <complaints) -eq 1 && ! -s output ]] || fail "not one line: $*"
-        grep -qE -- "$pattern" complaints || fail "no '$pattern': $*"
-    }
     echo "no folder" >file
     echo "what was recorded before" >kept
     local without_display=(env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER timeout 20)
     for display in "" DISPLAY=:nowhere SDL_VIDEODRIVER=x11; do
         # shellcheck disable=SC2086 # an empty word sets nothing
-        expect 3 '^panotra: no display to open a window on: ' \
+        expect_one_line 3 '^panotra: no display to open a window on: ' \
             "${without_display[@]}" env $display "$panotra" window --prefs preferences --record kept --force
     done
     grep -qFx "what was recorded before" kept || fail "a window that did not open has emptied the recording"
-    expect 3 '^panotra: file/preferences: Not a directory$' "$panotra" window --prefs file/preferences
-    expect 3 '^panotra: file: Not a directory$' "$panotra" window --prefs file
-    expect 3 '^panotra: no home folder' env -u HOME -u XDG_DATA_HOME "$panotra" window
-    expect 2 '^panotra: ' "$panotra" window --frobnicate
-    expect 2 '^panotra: ' "$panotra" window --record
-    expect 2 '^panotra: --record: kept is there already' "$panotra" window --prefs preferences --record kept
-    expect 2 '^panotra: --trace: kept is there already' "$panotra" window --prefs preferences --trace kept
-    expect 2 '^panotra: --screen: found "0x667@2", expected ' "$panotra" window --prefs preferences --screen 0x667@2
-    expect 3 '^panotra: file: ' "$panotra" window --prefs preferences --wallpaper file
+    expect_one_line 3 '^panotra: file/preferences: Not a directory$' "$panotra" window --prefs file/preferences
+    expect_one_line 3 '^panotra: file: Not a directory$' "$panotra" window --prefs file
+    expect_one_line 3 '^panotra: no home folder' env -u HOME -u XDG_DATA_HOME "$panotra" window
+    expect_one_line 2 '^panotra: ' "$panotra" window --frobnicate
+    expect_one_line 2 '^panotra: ' "$panotra" window --record
+    expect_one_line 2 '^panotra: --record: kept is there already' "$panotra" window --prefs preferences --record kept
+    expect_one_line 2 '^panotra: --trace: kept is there already' "$panotra" window --prefs preferences --trace kept
+    expect_one_line 2 '^panotra: --screen: found "0x667@2", expected ' "$panotra" window --prefs preferences --screen 0x667@2
+    expect_one_line 3 '^panotra: file: ' "$panotra" window --prefs preferences --wallpaper file
     ln -s kept soft
     ln kept hard
     ln -s unborn first
@@ -222,26 +213,26 @@ trouble_is_one_line() {
         "--record unborn --trace unborn" "--record first --trace second" "--record /dev/stdout --trace /dev/stdout" \
         "--record wall.png --wallpaper wall.png" "--trace wall.png --wallpaper wall.png"; do
         # shellcheck disable=SC2086 # several words
-        expect 2 ' would overwrite --' "${without_display[@]}" "$panotra" window --prefs preferences $files
+        expect_one_line 2 ' would overwrite --' "${without_display[@]}" "$panotra" window --prefs preferences $files
     done
     for option in --record --trace; do
-        expect 2 'cannot be a file of the preferences' \
+        expect_one_line 2 'cannot be a file of the preferences' \
             "${without_display[@]}" "$panotra" window --prefs preferences $option preferences/$domain.plist
     done
     [[ ! -e unborn && ! -e preferences/$domain.plist ]] || fail "a mistake in the command line has made a file"
-    expect 3 '^panotra: no display' \
+    expect_one_line 3 '^panotra: no display' \
         "${without_display[@]}" "$panotra" window --prefs preferences --record /dev/null --trace /dev/null
-    expect 2 'found "--recrod", .*did you mean --record' "$panotra" window --recrod kept
+    expect_one_line 2 'found "--recrod", .*did you mean --record' "$panotra" window --recrod kept
     cat >fonts.conf <<<'<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd"><fontconfig></fontconfig>'
-    expect 3 '^panotra: no font is installed' \
+    expect_one_line 3 '^panotra: no font is installed' \
         env FONTCONFIG_FILE="$PWD/fonts.conf" "$panotra" window --prefs preferences
     open_display
-    expect 2 '^panotra: --screen: the screen has sides' \
+    expect_one_line 2 '^panotra: --screen: the screen has sides' \
         "$panotra" window --prefs unmade --record kept --screen 99999x9@2
     [[ ! -e unmade ]] || fail "a screen that is too large has preferences"
-    expect 3 '^panotra: no/recording: there is no folder no$' \
+    expect_one_line 3 '^panotra: no/recording: there is no folder no$' \
         "$panotra" window --prefs preferences --record no/recording
-    expect 3 '^panotra: no/trace: there is no folder no$' \
+    expect_one_line 3 '^panotra: no/trace: there is no folder no$' \
         "$panotra" window --prefs preferences --record kept --trace no/trace --force
     grep -qFx "what was recorded before" kept || fail "a window that did not open has emptied the recording"
 }
