@@ -5,6 +5,7 @@
 #include "simulator/window/Numerals.h"
 #include "simulator/window/SettingValues.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -62,9 +63,13 @@ void Person::press(std::size_t control, Holder holder)
 {
     settle();
     // A button is down once, whoever else presses it; anything else is done again.
-    const bool isDown = allControls()[control].release != nullptr && isHeld(control);
-    if (m_held.emplace(control, holder).second && !isDown)
-        m_session.playAll(allControls()[control].press(m_phone));
+    const bool isButton = allControls()[control].release != nullptr;
+    const bool isDown = isButton && isHeld(control);
+    if (!m_held.emplace(control, holder).second || isDown)
+        return;
+    m_session.playAll(allControls()[control].press(m_phone));
+    if (isButton)
+        m_repeat = Repeat { control, repeatDelay };
 }
 
 void Person::release(std::size_t control, Holder holder)
@@ -72,6 +77,8 @@ void Person::release(std::size_t control, Holder holder)
     settle();
     if (m_held.erase({ control, holder }) == 0 || isHeld(control))
         return;
+    if (m_repeat && m_repeat->control == control)
+        m_repeat.reset();
     if (const auto release = allControls()[control].release)
         m_session.playAll(release(m_phone));
 }
@@ -161,6 +168,25 @@ void Person::settle()
 {
     if (const auto move = std::exchange(m_move, std::nullopt))
         touch("move", *move);
+}
+
+void Person::passTime(std::chrono::microseconds time)
+{
+    // After a long sleep of the computer nobody wants all that was missed.
+    constexpr int mostAtOnce = 20;
+    for (int i = 0; i < mostAtOnce && m_repeat && m_repeat->rest <= time; ++i) {
+        m_session.advance(m_repeat->rest);
+        time -= std::exchange(m_repeat->rest, repeatInterval);
+        m_session.playAll(allControls()[m_repeat->control].press(m_phone));
+    }
+    m_session.advance(time);
+    if (m_repeat)
+        m_repeat->rest = std::max(m_repeat->rest - time, std::chrono::microseconds { 0 });
+}
+
+std::optional<std::chrono::microseconds> Person::untilRepeat() const
+{
+    return m_repeat ? std::optional(m_repeat->rest) : std::nullopt;
 }
 
 void Person::touch(const char* what, Point point)

@@ -4,6 +4,7 @@
 #include "simulator/window/Board.h"
 #include "simulator/window/Controls.h"
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -50,9 +51,23 @@ public:
     /// Passes on what was held back.
     void settle();
 
+    /// Lets so much of the phone's time pass. A volume button that is held is pressed again and again meanwhile, as the
+    /// platform does it; of two the one that went down last.
+    void passTime(std::chrono::microseconds time);
+    /// How much of the phone's time is left until a held button is pressed again; none if none is held.
+    std::optional<std::chrono::microseconds> untilRepeat() const;
+
+    static constexpr std::chrono::microseconds repeatDelay { 500000 };
+    static constexpr std::chrono::microseconds repeatInterval { 100000 };
+
 private:
     /// Who holds a control: what one lets go the other may still hold.
     enum class Holder { Key, Pointer };
+
+    struct Repeat {
+        std::size_t control;
+        std::chrono::microseconds rest; ///< of the phone's time, until it is pressed again
+    };
 
     bool isHeld(std::size_t control) const;
     void press(std::size_t control, Holder holder);
@@ -67,6 +82,7 @@ private:
     const Layout* m_layout = nullptr;
     Attention m_attention;
     std::set<std::pair<std::size_t, Holder>> m_held; ///< controls
+    std::optional<Repeat> m_repeat;
     std::optional<Spot> m_pressed; ///< where the pointer went down
     std::optional<Point> m_move; ///< of a finger on the screen, not passed on yet
 };

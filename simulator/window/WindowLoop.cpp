@@ -93,7 +93,8 @@ std::optional<std::chrono::microseconds> WindowLoop::untilDue()
 {
     const Moment moment = now();
     std::optional<Moment> due;
-    if (const auto time = m_desk.pace().realTimeFor(m_session.untilDue())) {
+    const auto next = m_session.untilDue();
+    if (const auto time = m_desk.pace().realTimeFor(std::min(next, m_person.untilRepeat().value_or(next)))) {
         due = m_clock + *time;
         // Whoever watches a scenario sees how far it is.
         if (m_session.isPlaying())
@@ -111,7 +112,7 @@ void WindowLoop::letTimePass()
         m_desk.beSilent();
     // Even without any time the lines would be played that are due.
     if (!m_desk.pace().isPaused())
-        m_session.advance(m_desk.pace().pass(moment - m_clock));
+        m_person.passTime(m_desk.pace().pass(moment - m_clock));
     m_clock = moment;
 }
 

@@ -71,6 +71,58 @@ TEST_F(PersonTest, AVolumeKeyIsHeldUntilItComesUpHoweverOftenItRepeats)
     EXPECT_FALSE(person.keyDown("F7"));
 }
 
+TEST_F(PersonTest, AHeldButtonIsPressedAgainAfterHalfASecondThenTenTimesASecond)
+{
+    EXPECT_EQ(person.untilRepeat(), std::nullopt);
+    person.keyDown("Up");
+    EXPECT_EQ(person.untilRepeat(), 500ms);
+    person.passTime(499ms);
+    EXPECT_EQ(newLines(), "press up\n");
+    EXPECT_EQ(person.untilRepeat(), 1ms);
+    person.passTime(250ms);
+    EXPECT_EQ(newLines(), "wait 0.5\npress up\nwait 0.1\npress up\nwait 0.1\npress up\n");
+    person.keyUp("Up");
+    person.passTime(10s);
+    EXPECT_EQ(newLines(), "wait 0.049\nrelease up\n");
+    EXPECT_EQ(person.untilRepeat(), std::nullopt);
+}
+
+TEST_F(PersonTest, TheSliderStaysSwollenWhileTheMouseHoldsAButton)
+{
+    const auto size = [this] {
+        const auto* const slider = dynamic_cast<View*>(session->device().classes->heldInField("_volumeView0"));
+        return slider == nullptr ? 0 : slider->transform.a;
+    };
+    const Point up = middleOf(Spot::Purpose::Control, 0);
+    click(up);
+    person.passTime(900ms);
+    EXPECT_EQ(size(), 1) << "after one step it shrinks back";
+    person.pointerDown(up);
+    for (int i = 0; i < 8; ++i) {
+        person.passTime(100ms);
+        EXPECT_DOUBLE_EQ(size(), 1.05);
+    }
+}
+
+TEST_F(PersonTest, OfTwoHeldButtonsTheLastOneRepeats)
+{
+    person.keyDown("Up");
+    person.keyDown("Down");
+    newLines();
+    person.passTime(500ms);
+    person.keyUp("Up");
+    person.passTime(100ms);
+    EXPECT_EQ(newLines(), "wait 0.5\npress down\nrelease up\nwait 0.1\npress down\n");
+}
+
+TEST_F(PersonTest, ALongSleepOfTheComputerIsNotMadeUpFor)
+{
+    person.keyDown("Down");
+    person.passTime(24h);
+    const std::string lines = newLines();
+    EXPECT_LE(std::ranges::count(lines, '\n'), 60);
+}
+
 TEST_F(PersonTest, AButtonIsHeldAsLongAsTheMouseHoldsIt)
 {
     const Point down = middleOf(Spot::Purpose::Control, 1);
