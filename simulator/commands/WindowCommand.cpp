@@ -52,6 +52,9 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
     command->footer(
         "Press ? in the window for its keys; I starts the phone anew as one of the next system, unless it is recorded "
         "or traced.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
+        "A mixer that is shown takes another style, skin or size at once, dismissed and presented anew; on a phone it "
+        "is "
+        "at the next showing.\n"
         "A scenario keeps its settings in memory unless --prefs names a folder, and its `shot` leaves no picture. It "
         "plays until\nit is over or somebody touches the phone, who has it from then on. What it does is recorded and "
         "traced like everything else.\n"

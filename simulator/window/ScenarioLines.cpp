@@ -24,6 +24,7 @@ void Session::playCommand(const Command& command)
     if (m_watcher)
         m_watcher(command);
     m_player.play(command);
+    m_looks.follow(command);
     m_lines.finish();
     m_isLoaded = m_isLoaded || command.form->phase == Phase::Load;
     m_lineTime = m_device.runLoop->now();

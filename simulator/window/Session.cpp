@@ -7,6 +7,7 @@
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
+#include "simulator/scenario/Forms.h"
 #include "simulator/text/Printable.h"
 #include "simulator/window/Numerals.h"
 #include "simulator/window/SettingLines.h"
@@ -37,6 +38,15 @@ Pictures* untakenPictures()
     return &pictures;
 }
 
+bool hasOtherLooks(const Scenario& scenario)
+{
+    return std::ranges::any_of(scenario.commands, [](const Command& command) {
+        const std::string_view name = command.form->syntax.command();
+        return (name == "pref" || name == "unpref")
+            && changesLooks(command.arguments.text(0), command.arguments.text(1));
+    });
+}
+
 } // namespace
 
 /// A line is checked as one of a whole scenario, in which the library has been loaded before.
@@ -63,6 +73,7 @@ Session::Session(SessionSetup setup, const Library& library)
               .expectationFailed = m_setup.expectationFailed,
               .fileFailed = m_setup.fileFailed },
           untakenPictures())
+    , m_looks(m_device)
 {
     if (m_setup.trace)
         m_json = makeTraceWriter(TraceFormat::JsonLines, m_setup.trace);
@@ -147,6 +158,9 @@ void Session::set(const std::string& domain, const std::string& key, const Json&
     m_settings[domain][key] = value;
     if (const auto announcement = announcementOf(domain))
         play("notify " + *announcement);
+    if (changesLooks(domain, key))
+        m_looks.ask();
+    showLooks();
 }
 
 const Json* Session::setting(const std::string& domain, const std::string& key) const
@@ -161,17 +175,23 @@ const Json* Session::setting(const std::string& domain, const std::string& key) 
 void Session::lookForForeignChanges()
 {
     const Json before = std::exchange(m_settings, m_device.preferences->all());
+    bool haveLooksChanged = false;
     for (const std::string& line : linesOfChanges(before, m_settings)) {
         record(line);
         const ParsedLine parsed(line, m_isLoaded);
         for (const Command& command : parsed.scenario.commands)
             tell(command);
+        haveLooksChanged = haveLooksChanged || hasOtherLooks(parsed.scenario);
     }
     for (const std::string& domain : changedDomains(before, m_settings)) {
         // Before the library is there nobody hears of it.
         if (const auto announcement = announcementOf(domain); announcement && m_isLoaded)
             act("notify " + *announcement);
     }
+    // A scenario goes as it was written.
+    if (haveLooksChanged && !isPlaying())
+        m_looks.ask();
+    showLooks();
 }
 
 void Session::advance(std::chrono::microseconds time)
@@ -180,6 +200,13 @@ void Session::advance(std::chrono::microseconds time)
         time = m_playback->passTime(time);
     if (!isPlaying())
         passTime(time);
+    showLooks();
+}
+
+void Session::showLooks()
+{
+    while (const auto line = m_looks.next())
+        act(*line);
 }
 
 void Session::passTime(std::chrono::microseconds time)
@@ -266,7 +293,10 @@ void Session::remember(std::string_view text)
 
 void Session::run(const std::string& line)
 {
-    m_player.play(ParsedLine(line, m_isLoaded).scenario);
+    const ParsedLine parsed(line, m_isLoaded);
+    m_player.play(parsed.scenario);
+    for (const Command& command : parsed.scenario.commands)
+        m_looks.follow(command);
     m_lines.finish();
     m_isLoaded = m_isLoaded || line == "load";
 }

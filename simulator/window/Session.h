@@ -10,6 +10,7 @@
 #include "simulator/scenario/Player.h"
 #include "simulator/scenario/TraceLines.h"
 #include "simulator/scenario/TraceWriter.h"
+#include "simulator/window/LooksAnew.h"
 
 #include <nlohmann/json.hpp>
 
@@ -66,7 +67,8 @@ public:
     /// Hears of each line of the scenario before it is played.
     void setWatcher(std::function<void(const Command& command)> watcher) { m_watcher = std::move(watcher); }
 
-    /// Stores a number, boolean or string and announces it as the settings page does.
+    /// Stores a number, boolean or string and announces it as the settings page does. If it is of the looks
+    /// of a mixer that is shown, that one is shown anew as soon as it can be.
     void set(const std::string& domain, const std::string& key, const Json& value);
     /// Null if the key is absent.
     const Json* setting(const std::string& domain, const std::string& key) const;
@@ -120,6 +122,7 @@ private:
     void keep(TraceLine line);
     void moveClockTo(double time);
     void observe(const Json& event);
+    void showLooks();
 
     SessionSetup m_setup;
     Device m_device;
@@ -127,6 +130,7 @@ private:
     TraceLines m_lines;
     Player m_player;
     std::optional<Playback> m_playback;
+    LooksAnew m_looks;
     std::function<void(const Command&)> m_watcher;
     std::function<void(std::string_view)> m_recorder;
     std::string m_history; ///< all lines so far
