@@ -108,6 +108,16 @@ void complain(const std::string& message)
     std::fprintf(stderr, "panotra: %s\n", message.c_str());
 }
 
+bool mayTakePictures(const std::string& scenarioFile)
+{
+    std::error_code error;
+    if (scenarioFile == "-" || !std::filesystem::is_regular_file(scenarioFile, error))
+        return true;
+    const auto text = readFile(scenarioFile);
+    const auto* const words = std::get_if<std::string>(&text);
+    return words == nullptr || words->find("shot") != words->npos;
+}
+
 ExitStatus play(const PlayOptions& options, const Library& library, Pictures* pictures)
 {
     const auto text = readFile(options.scenarioFile);

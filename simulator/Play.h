@@ -25,6 +25,10 @@ struct PlayOptions {
 /// error, a line each.
 ExitStatus play(const PlayOptions& options, const Library& library, Pictures* pictures = nullptr);
 
+/// Whether the scenario might take a picture, which only some programs can: the word stands in it, or it is no file
+/// that could be read twice.
+bool mayTakePictures(const std::string& scenarioFile);
+
 /// Writes a complaint of the program itself to standard error, "panotra: …".
 void complain(const std::string& message);
 

@@ -10,17 +10,21 @@
 namespace panotra::sim {
 
 struct DesktopOptions;
+struct FilmOptions;
+struct PictureOptions;
+struct WindowOptions;
+
+/// Carries a command out.
+template <typename Options> using Work = std::function<ExitStatus(const Options& options)>;
 
 // If its command stands on the command line, parsing runs it and puts into `status` how it ended.
-void addPictureCommand(CLI::App& app, ExitStatus& status);
+void addPictureCommand(CLI::App& app, ExitStatus& status, Work<PictureOptions> draw);
 void addPrefsCommand(CLI::App& app, ExitStatus& status);
-void addFilmCommand(CLI::App& app, ExitStatus& status);
-void addWindowCommand(CLI::App& app, ExitStatus& status);
-/// `open` runs it.
-void addDesktopCommand(
-    CLI::App& app, ExitStatus& status, const std::function<ExitStatus(DesktopOptions options)>& open);
-/// `library` is what its scenarios load. Answers the command, to which options may be added.
-CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library);
+void addFilmCommand(CLI::App& app, ExitStatus& status, Work<FilmOptions> make);
+void addWindowCommand(CLI::App& app, ExitStatus& status, Work<WindowOptions> open);
+void addDesktopCommand(CLI::App& app, ExitStatus& status, Work<DesktopOptions> open);
+/// Answers the command, to which options may be added.
+CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Work<PlayOptions> play);
 
 /// What was asked for must have reached whoever reads standard output. If not, that is complained of.
 ExitStatus endOfOutput();

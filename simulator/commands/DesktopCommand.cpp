@@ -4,10 +4,11 @@
 #include "simulator/desktop/OpenDesktop.h"
 
 #include <memory>
+#include <utility>
 
 namespace panotra::sim {
 
-void addDesktopCommand(CLI::App& app, ExitStatus& status, const std::function<ExitStatus(DesktopOptions options)>& open)
+void addDesktopCommand(CLI::App& app, ExitStatus& status, Work<DesktopOptions> open)
 {
     const auto options = std::make_shared<DesktopOptions>();
     CLI::App* const command = app.add_subcommand("desktop", "Be the mixer of this computer's own sound");
@@ -30,7 +31,7 @@ void addDesktopCommand(CLI::App& app, ExitStatus& status, const std::function<Ex
         "first, or\nsends it away. What `panotra prefs set` changes meanwhile is obeyed at once.\n"
         "Exit status: 0 all went well, 1 with --status: none runs; else: one runs already and shows nothing, 2 the "
         "command\nline is wrong, 3 a file could not be read or written, or there is no session.");
-    command->callback([options, open, &status] { status = open(*options); });
+    command->callback([options, &status, open = std::move(open)] { status = open(*options); });
 }
 
 } // namespace panotra::sim

@@ -2,13 +2,13 @@
 #include "simulator/commands/Commands.h"
 
 #include "simulator/Bundle.h"
-#include "simulator/LinkedLibrary.h"
 #include "simulator/film/Film.h"
 #include "simulator/scenario/Numbers.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -52,7 +52,7 @@ struct FilmArguments {
 
 } // namespace
 
-void addFilmCommand(CLI::App& app, ExitStatus& status)
+void addFilmCommand(CLI::App& app, ExitStatus& status, Work<FilmOptions> make)
 {
     const auto arguments = std::make_shared<FilmArguments>();
     FilmOptions& options = arguments->options;
@@ -85,12 +85,12 @@ void addFilmCommand(CLI::App& app, ExitStatus& status)
         "picture.\nWhere standard error is a terminal it tells how far it is.\n\n"
         "Exit status: 0 all went well, 1 an expectation of the scenario failed, 2 the command line or the scenario is "
         "wrong\nand nothing was written, 3 a file or a font could not be read or written.");
-    command->callback([arguments, &status] {
+    command->callback([arguments, &status, make = std::move(make)] {
         FilmOptions& chosen = arguments->options;
         chosen.look.size = parseFilmSize(arguments->size).value_or(chosen.look.size);
         chosen.look.captions = arguments->hasCaptions ? Captions::Shown : Captions::Hidden;
         chosen.resourceFolder = bundleBesideProgram();
-        status = makeFilm(chosen, loadedLibrary());
+        status = make(chosen);
     });
 }
 

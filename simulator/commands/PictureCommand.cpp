@@ -3,7 +3,6 @@
 
 #include "facts/MixerSettings.h"
 #include "simulator/Bundle.h"
-#include "simulator/LinkedLibrary.h"
 #include "simulator/commands/NamedOptions.h"
 #include "simulator/picture/SinglePicture.h"
 #include "simulator/scenario/Numbers.h"
@@ -12,6 +11,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -31,7 +31,7 @@ std::string whyNoScale(const std::string& text)
 
 } // namespace
 
-void addPictureCommand(CLI::App& app, ExitStatus& status)
+void addPictureCommand(CLI::App& app, ExitStatus& status, Work<PictureOptions> draw)
 {
     const auto options = std::make_shared<PictureOptions>();
     MixerShowing& showing = options->showing;
@@ -81,9 +81,9 @@ void addPictureCommand(CLI::App& app, ExitStatus& status)
         ->required();
     command->footer("Exit status: 0 all went well, 2 the command line is wrong, 3 a file or a font could not be "
                     "read or written.");
-    command->callback([options, &status] {
+    command->callback([options, &status, draw = std::move(draw)] {
         options->resourceFolder = bundleBesideProgram();
-        status = drawPicture(*options, loadedLibrary());
+        status = draw(*options);
     });
 }
 

@@ -4,7 +4,6 @@
 #include "simulator/Bundle.h"
 #include "simulator/Reference.h"
 #include "simulator/Terminal.h"
-#include "simulator/picture/PictureFolder.h"
 #include "simulator/systems/Systems.h"
 
 #include <iostream>
@@ -50,7 +49,7 @@ std::string readTextOptions(PlayArguments& arguments)
     return mistake.empty() ? mistake : "--only: " + mistake;
 }
 
-ExitStatus run(PlayArguments& arguments, const Library& library)
+ExitStatus run(PlayArguments& arguments, const Work<PlayOptions>& play)
 {
     PlayOptions& options = arguments.options;
     if (const auto mistake = readTextOptions(arguments); !mistake.empty()) {
@@ -58,13 +57,12 @@ ExitStatus run(PlayArguments& arguments, const Library& library)
         return ExitStatus::WrongInput;
     }
     options.resourceFolder = bundleBesideProgram();
-    PictureFolder pictures(options.picturesFolder, complain);
-    return play(options, library, &pictures);
+    return play(options);
 }
 
 } // namespace
 
-CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
+CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Work<PlayOptions> play)
 {
     const auto arguments = std::make_shared<PlayArguments>();
     PlayOptions& options = arguments->options;
@@ -98,7 +96,7 @@ CLI::App* addPlayCommand(CLI::App& app, ExitStatus& status, Library library)
           "Exit status: 0 all went well, 1 an expectation failed, 2 the scenario or the command line is wrong and\n"
           "nothing was run, 3 a file could not be read or written. A file of preferences that is no property list is\n"
           "put aside under another name; the scenario is played as if it were not there, and the status is 3.");
-    command->callback([arguments, &status, library = std::move(library)] { status = run(*arguments, library); });
+    command->callback([arguments, &status, play = std::move(play)] { status = run(*arguments, play); });
     return command;
 }
 

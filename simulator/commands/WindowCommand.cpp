@@ -2,15 +2,15 @@
 #include "simulator/commands/Commands.h"
 
 #include "simulator/Bundle.h"
-#include "simulator/LinkedLibrary.h"
 #include "simulator/commands/NamedOptions.h"
 #include "simulator/window/OpenWindow.h"
 
 #include <memory>
+#include <utility>
 
 namespace panotra::sim {
 
-void addWindowCommand(CLI::App& app, ExitStatus& status)
+void addWindowCommand(CLI::App& app, ExitStatus& status, Work<WindowOptions> open)
 {
     const auto options = std::make_shared<WindowOptions>();
     CLI::App* const command = app.add_subcommand("window", "Open a phone to play with");
@@ -60,9 +60,9 @@ void addWindowCommand(CLI::App& app, ExitStatus& status)
         "traced like everything else.\n"
         "Exit status: 0 all went well, 1 an expectation of the scenario failed, 2 the command line or the scenario is "
         "wrong,\n3 there is no display or no font, or a file could not be read or written.");
-    command->callback([options, &status] {
+    command->callback([options, &status, open = std::move(open)] {
         options->resourceFolder = bundleBesideProgram();
-        status = openWindow(*options, loadedLibrary());
+        status = open(*options);
     });
 }
 

@@ -3,6 +3,7 @@
 
 #include "simulator/FileClashes.h"
 #include "simulator/Files.h"
+#include "simulator/film/FilmSet.h"
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
 #include "simulator/text/Printable.h"

@@ -2,11 +2,15 @@
 #pragma once
 
 #include "simulator/Play.h"
-#include "simulator/film/FilmSet.h"
+#include "simulator/film/FilmLook.h"
 
+#include <functional>
 #include <string>
 
 namespace panotra::sim {
+
+class FilmSet;
+class MovingPicture;
 
 struct FilmOptions {
     std::string scenarioFile; ///< "-": standard input

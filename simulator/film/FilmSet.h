@@ -1,6 +1,7 @@
 /// The phone before the camera: a scenario, played as far as a film has got, and the picture of that moment.
 #pragma once
 
+#include "simulator/film/FilmLook.h"
 #include "simulator/film/MovingPicture.h"
 #include "simulator/picture/DrawnScenario.h"
 #include "simulator/scenario/Library.h"
@@ -13,16 +14,6 @@
 #include <string>
 
 namespace panotra::sim {
-
-enum class Captions { Hidden, Shown };
-
-/// How a film is made of a scenario.
-struct FilmLook {
-    FilmSize size { 360, 720 };
-    int framesPerSecond = 30; ///< above 0
-    double speed = 1; ///< the scenario's seconds in one of the film; above 0
-    Captions captions = Captions::Hidden;
-};
 
 class FilmSet {
 public:

@@ -1,6 +1,7 @@
 /// Files of pictures that move: frames go in, the bytes of a file come out.
 #pragma once
 
+#include "simulator/film/FilmLook.h"
 #include "simulator/render/Bitmap.h"
 
 #include <chrono>
@@ -28,11 +29,6 @@ public:
     /// The whole file, whose last frame is shown until `end`; then it begins again. Empty and the reason in `failure`
     /// if it cannot be.
     virtual std::string finish(std::chrono::milliseconds end, std::string& failure) = 0;
-};
-
-struct FilmSize {
-    int width = 0; ///< pixels
-    int height = 0;
 };
 
 /// Lossy, with as little of each frame as differs from the one before.

@@ -32,7 +32,8 @@ simulator/desktop           | any      | simulator/desktop simulator/sound simul
 simulator/desktop/main.cpp  | any      | simulator/desktop simulator/commands simulator
 simulator/commands          | any      | simulator/commands simulator/film simulator/desktop simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
 simulator                   | any      | simulator simulator/scenario simulator/device simulator/preferences facts simulator/text
-simulator/main.cpp          | any      | simulator simulator/commands simulator/desktop facts
+simulator/main.cpp          | any      | simulator simulator/commands simulator/desktop simulator/film simulator/picture simulator/window
+simulator/graphics.cpp      | any      | simulator simulator/commands simulator/film simulator/picture simulator/window
 simulator/Globals.cpp       | any      | simulator simulator/scenario model platform facts
 simulator/LinkedLibrary.cpp | any      | simulator hooks controller views model platform facts
 '

@@ -50,6 +50,19 @@ TEST_F(DesktopCommandLine, WithoutItsProgramItSaysWhichIsMissing)
     EXPECT_NE(ended.errors.find("panotra-desktop: No such file or directory\n"), std::string::npos) << ended.errors;
 }
 
+TEST_F(DesktopCommandLine, WithoutTheProgramThatDrawsItSaysWhichIsMissingAndPlaysWhatTakesNoPicture)
+{
+    write("drawn", "load\nshot a\n");
+    for (const char* const arguments :
+        { "picture -o a.png", "film good -o a.gif", "window", "play drawn", "play - <good" }) {
+        const Ended ended = runScript("cp \"$panotra\" . && ./panotra " + std::string(arguments));
+        EXPECT_EQ(ended.status, 3) << arguments;
+        EXPECT_NE(ended.errors.find("panotra-graphics: No such file or directory\n"), std::string::npos)
+            << ended.errors;
+    }
+    EXPECT_EQ(runScript("cp \"$panotra\" . && ./panotra play good").status, 0);
+}
+
 TEST_F(DesktopCommandLine, WithoutAServerItWaitsEndsWellWhenToldToAndLeavesNothingBehind)
 {
     const Ended ended = runScript("export XDG_RUNTIME_DIR=$PWD PULSE_SERVER=unix:$PWD/nobody; "

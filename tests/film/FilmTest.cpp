@@ -1,6 +1,7 @@
 /// What a film shows, and when.
 #include "simulator/film/Film.h"
 #include "simulator/LinkedLibrary.h"
+#include "simulator/film/FilmSet.h"
 #include "simulator/picture/PictureFolder.h"
 #include "tests/film/DecodedFilm.h"
 

@@ -1,6 +1,7 @@
 /// From a command line to a file: what is refused, in a line each, and that nothing is overwritten.
 #include "simulator/LinkedLibrary.h"
 #include "simulator/film/Film.h"
+#include "simulator/film/FilmSet.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -23,7 +23,7 @@ runs() {
     "$root/bin/panotra" play "$root/share/doc/panotra/examples/fade.scenario" >"$scratch/told"
     grep -q "mixer is gone" "$scratch/told" || fail "$root/bin/panotra does not play its examples"
     local file
-    for file in "lib/panotra/panotra-desktop" "lib/panotra/Panotra.bundle/Info.plist" \
+    for file in "lib/panotra/panotra-graphics" "lib/panotra/panotra-desktop" "lib/panotra/Panotra.bundle/Info.plist" \
         "share/man/man1/panotra.1.gz" "share/bash-completion/completions/panotra" \
         "lib/systemd/user/panotra-desktop.service" "share/panotra/autostart/panotra-desktop.desktop" \
         "share/applications/panotra.desktop" "share/icons/hicolor/scalable/apps/panotra.svg" \

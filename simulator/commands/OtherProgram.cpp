@@ -1,5 +1,5 @@
 /// One process: whoever started it, a service manager for one, watches the same one on.
-#include "simulator/commands/DesktopProgram.h"
+#include "simulator/commands/OtherProgram.h"
 
 #include "simulator/Play.h"
 
@@ -11,10 +11,10 @@
 
 namespace panotra::sim {
 
-ExitStatus becomeDesktopProgram(char** arguments)
+ExitStatus becomeProgram(const char* name, char** arguments)
 {
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "panotra-desktop";
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / name;
     ::execv(program.c_str(), arguments);
     complain(program.string() + ": " + std::strerror(errno));
     return ExitStatus::FileFailed;
