@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <string>
 #include <string_view>
 
 namespace panotra::sim {
@@ -45,6 +46,57 @@ void shapeClasses(ClassTable& classes, int system)
 std::int64_t answerNothing(HostObject*, const HostSelector*)
 {
     return 0;
+}
+
+/// The same where a floating-point number is asked for, which is answered in another place.
+double answerZero(HostObject*, const HostSelector*)
+{
+    return 0;
+}
+
+/// Whether the method came to its class from another one, of which the class did not take the place as a whole.
+bool cameFromElsewhere(const Row& row)
+{
+    const std::string_view origin = row.insteadOf != nullptr ? row.insteadOf : "";
+    const std::string_view originsClass = origin.substr(0, origin.find(' '));
+    if (row.kind != Kind::Method || row.caller == Caller::Nobody || originsClass.empty() || originsClass == row.owner)
+        return false;
+    return std::ranges::none_of(allRows(), [&](const Row& each) {
+        return each.kind == Kind::Class && std::string_view(each.owner) == row.owner && each.insteadOf != nullptr
+            && originsClass == each.insteadOf;
+    });
+}
+
+bool worksForOthers(const Device& device, std::string_view className)
+{
+    return device.system && std::ranges::any_of(allRows(), [&](const Row& row) {
+        return row.owner == className && row.isOn(*device.system) && cameFromElsewhere(row);
+    });
+}
+
+/// Where all methods of a class are kept while it is left with those that it has for others: a name that no scenario
+/// can write.
+std::string nameOfWhole(const std::string& className)
+{
+    return className + "\n";
+}
+
+void leaveToOthers(const Device& device, HostClass& hostClass)
+{
+    if (isLeftToOthers(device, hostClass.name.c_str()))
+        return;
+    HostClass& whole = device.classes->add(nameOfWhole(hostClass.name), "NSObject");
+    whole.methods = hostClass.methods;
+    for (const Row& row : allRows()) {
+        if (row.kind != Kind::Method || row.owner != hostClass.name)
+            continue;
+        const HostSelector* const name = selector(row.name);
+        const Remainder remainder = remainderOf(device, row);
+        if (remainder == Remainder::Nothing)
+            hostClass.methods.erase(name);
+        else if (remainder == Remainder::Zero)
+            hostClass.methods[name] = row.type[0] == 'd' ? implementation(answerZero) : implementation(answerNothing);
+    }
 }
 
 void shapeMethod(ClassTable& classes, const Row& row, int system)
@@ -105,6 +157,15 @@ void takeShape(Device& device, int system)
 
 void setClassPresent(Device& device, const std::string& name, bool present)
 {
+    if (worksForOthers(device, name)) {
+        HostClass& hostClass = device.classes->platformClass(name);
+        if (!present)
+            leaveToOthers(device, hostClass);
+        else if (const HostClass* const whole = device.classes->find(nameOfWhole(name)))
+            hostClass.methods = whole->methods;
+        device.classes->setPresent(nameOfWhole(name), !present);
+        return;
+    }
     device.classes->setPresent(name, present);
     if (!device.system)
         return;
@@ -112,6 +173,24 @@ void setClassPresent(Device& device, const std::string& name, bool present)
         if (row.kind == Kind::Class && row.isOn(*device.system) && row.insteadOf != nullptr && name == row.insteadOf)
             device.classes->setPresent(row.owner, present);
     }
+}
+
+Remainder remainderOf(const Device& device, const Row& method)
+{
+    const bool isForOthers = device.system && std::ranges::any_of(allRows(), [&](const Row& each) {
+        return std::string_view(each.owner) == method.owner && std::string_view(each.name) == method.name
+            && each.isOn(*device.system) && cameFromElsewhere(each);
+    });
+    if (isForOthers)
+        return Remainder::Whole;
+    const HostClass* const superclass = device.classes->platformClass(method.owner).superclass;
+    const bool isInherited = superclass != nullptr && superclass->find(selector(method.name)) != nullptr;
+    return isInherited || method.type[0] == 'v' ? Remainder::Nothing : Remainder::Zero;
+}
+
+bool isLeftToOthers(const Device& device, const char* className)
+{
+    return device.classes->find(nameOfWhole(className)) != nullptr;
 }
 
 bool isOfTheSystem(const Device& device, const char* className)

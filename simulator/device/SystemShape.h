@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/systems/Systems.h"
 
 #include <string>
 
@@ -11,8 +12,16 @@ namespace panotra::sim {
 void takeShape(Device& device, int system);
 
 /// Makes a class lacking or present, and with it the one that took its place on the device's system: what a scenario
-/// says of the buttons' class it says of the buttons.
+/// says of the buttons' class it says of the buttons. So a class to which methods of others moved keeps those when it
+/// is lacking, and what it was asked for itself is answered as nobody would answer.
 void setClassPresent(Device& device, const std::string& name, bool present);
+
+/// What is left of a method while its class is lacking.
+enum class Remainder { Nothing, Zero, Whole };
+/// `method`: a row of the device's system or of another one, whose class is lacking and keeps what it does for others.
+Remainder remainderOf(const Device& device, const systems::Row& method);
+/// Whether the class is lacking and keeps what it does for others.
+bool isLeftToOthers(const Device& device, const char* className);
 
 /// Whether the device has taken a shape, and that system has the class.
 bool isOfTheSystem(const Device& device, const char* className);

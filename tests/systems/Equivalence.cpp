@@ -8,6 +8,7 @@
 #include <optional>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 namespace panotra::testing {
 
@@ -42,13 +43,6 @@ bool isLacking(const std::string& scenario, std::string_view className)
     return lacking;
 }
 
-/// What took the place of the indicator's re-orientation is a method of the application: an event on a class that is
-/// lacking does nothing.
-bool isReorientationLacking(const std::string& scenario, int system)
-{
-    return system >= 13 && isLacking(scenario, "SpringBoard");
-}
-
 // Hooks of later systems.
 
 struct Successor {
@@ -77,7 +71,7 @@ constexpr MovedHook movedHooks[] = {
 };
 
 /// What is hooked on a later system where other systems hook `event`.
-std::vector<sim::Json> successorsOf(const sim::Json& event, const std::string& scenario, int system)
+std::vector<sim::Json> successorsOf(const sim::Json& event, int system)
 {
     const auto moved = std::ranges::find_if(movedHooks, [&](const MovedHook& each) {
         return system >= 13 && event["class"] == each.className && event["method"] == each.method;
@@ -86,13 +80,28 @@ std::vector<sim::Json> successorsOf(const sim::Json& event, const std::string& s
         return { event };
     std::vector<sim::Json> hooks;
     for (const Successor& each : moved->successors) {
-        if (each.className == nullptr || system < each.since || isLacking(scenario, each.className))
+        if (each.className == nullptr || system < each.since)
             continue;
         hooks.push_back(event);
         hooks.back()["class"] = each.className;
         hooks.back()["method"] = each.method;
     }
     return hooks;
+}
+
+/// What a scenario says of a class that took another's place it says of that one.
+std::string withOlderName(const std::string& line, int system)
+{
+    constexpr std::pair<std::string_view, const char*> olderNames[]
+        = { { "SBVolumeControl", "VolumeControl" }, { "SBRingerControl", "SBMediaController" } };
+    const auto words = wordsOf(line);
+    if (system < 13 || words.size() != 2 || (words[0] != "lack" && words[0] != "have"))
+        return line;
+    for (const auto& [name, older] : olderNames) {
+        if (words[1] == name)
+            return words[0] + " " + older;
+    }
+    return line;
 }
 
 /// Where the duration of a rotation comes with the change of the orientation alone, that change is hooked also without
@@ -154,8 +163,6 @@ std::string equivalentOf(const std::string& scenario, int system)
     for (std::string line; std::getline(stream, line);) {
         if (system >= 13 && isLine(line, { "reorient-hud", "no" }))
             continue;
-        if (isLine(line, { "reorient-hud" }) && isReorientationLacking(scenario, system))
-            continue;
         if (system >= 15 && isLine(line, { "rotation-duration" })) {
             duration = line;
             continue;
@@ -165,7 +172,7 @@ std::string equivalentOf(const std::string& scenario, int system)
             text += *duration + "\n";
             duration.reset();
         }
-        text += line + "\n";
+        text += withOlderName(line, system) + "\n";
     }
     return text;
 }
@@ -176,7 +183,7 @@ std::vector<sim::Json> expectedOn(const std::vector<sim::Json>& events, const st
     std::vector<sim::Json> expected;
     for (sim::Json event : events) {
         if (event["event"] == "hook") {
-            for (sim::Json& hook : successorsOf(event, scenario, system))
+            for (sim::Json& hook : successorsOf(event, system))
                 expected.push_back(std::move(hook));
             continue;
         }

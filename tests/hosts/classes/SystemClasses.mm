@@ -5,6 +5,7 @@
 /// just the methods that belong there.
 #include "tests/hosts/classes/SystemClasses.h"
 
+#include "simulator/device/SystemShape.h"
 #include "simulator/systems/Systems.h"
 #include "tests/hosts/Peers.h"
 
@@ -60,6 +61,13 @@ bool isInTable(Kind kind, const char* owner, std::string_view method)
     });
 }
 
+/// Whether the method's class is lacking and does without it.
+bool isGone(const Row& row)
+{
+    return row.kind == Kind::Method && sim::isLeftToOthers(device(), row.owner)
+        && sim::remainderOf(device(), row) != sim::Remainder::Whole;
+}
+
 /// Gives `target` the methods of `source` that belong there: those that the system has, and those of which the table
 /// says nothing, which others are made of.
 void addMethods(Class target, Class source, Kind kind, const char* owner, int system)
@@ -70,7 +78,7 @@ void addMethods(Class target, Class source, Kind kind, const char* owner, int sy
         const SEL selector = method_getName(methods[i]);
         const char* const name = sel_getName(selector);
         const Row* const row = rowOn(system, kind, owner, name);
-        const bool isOfTheSystem = row != nullptr && row->place == Place::Own;
+        const bool isOfTheSystem = row != nullptr && row->place == Place::Own && !isGone(*row);
         if (isOfTheSystem || !isInTable(kind, owner, name))
             class_addMethod(target, selector, method_getImplementation(methods[i]),
                 isOfTheSystem ? row->type : method_getTypeEncoding(methods[i]));
@@ -84,6 +92,23 @@ id answerNothing(id, SEL)
     return nil;
 }
 
+double answerZero(id, SEL)
+{
+    return 0;
+}
+
+/// Of a class that is lacking and works for others: what it is asked for itself.
+void addZeroAnswers(Class target, const char* owner)
+{
+    for (const Row& row : allRows()) {
+        if (row.kind == Kind::Method && std::string_view(row.owner) == owner && isGone(row)
+            && sim::remainderOf(device(), row) == sim::Remainder::Zero)
+            class_addMethod(target, sel_registerName(row.name),
+                row.type[0] == 'd' ? reinterpret_cast<IMP>(answerZero) : reinterpret_cast<IMP>(answerNothing),
+                row.type);
+    }
+}
+
 /// Every method that the process of the system gives the class of that name.
 void addMethods(Class target, const char* owner, int system)
 {
@@ -93,8 +118,10 @@ void addMethods(Class target, const char* owner, int system)
         addMethods(object_getClass(target), compiled == Nil ? Nil : object_getClass(compiled), Kind::ClassMethod, owner,
             system);
     }
+    addZeroAnswers(target, owner);
     for (const Row& row : allRows()) {
-        if (isMethod(row) && row.isOn(system) && row.caller == Caller::Nobody && std::string_view(row.owner) == owner)
+        if (isMethod(row) && row.isOn(system) && row.caller == Caller::Nobody && std::string_view(row.owner) == owner
+            && !isGone(row))
             class_addMethod(row.kind == Kind::Method ? target : object_getClass(target), sel_registerName(row.name),
                 reinterpret_cast<IMP>(answerNothing), row.type);
     }
@@ -135,7 +162,7 @@ bool mustLose(const Row& row, int system)
 void complainOfWhatIsMissing(int system)
 {
     for (const Row& row : allRows()) {
-        if (!isMethod(row) || !row.isOn(system))
+        if (!isMethod(row) || !row.isOn(system) || isGone(row))
             continue;
         const Class owner = classNamed(row.owner);
         const Class holder = row.kind == Kind::Method || owner == Nil ? owner : object_getClass(owner);

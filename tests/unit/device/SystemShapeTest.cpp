@@ -2,6 +2,7 @@
 #include "simulator/device/SystemShape.h"
 
 #include "simulator/device/PlatformMethods.h"
+#include "simulator/device/Screen.h"
 #include "simulator/systems/Systems.h"
 #include "tests/unit/device/DeviceTest.h"
 
@@ -217,6 +218,35 @@ TEST_P(SystemShape, WhatIsLackingIsLackingWithWhatTookItsPlace)
     device.home->presentHUD(1);
     device.home->reorientHUD(true);
     EXPECT_THAT(eventNames(), ElementsAre("indicator", "ringer", "indicator", "reoriented"));
+}
+
+/// What moved into a class from another one is not what a scenario means by that class.
+TEST_P(SystemShape, AClassThatIsLackingStillDoesWhatItDoesForOthers)
+{
+    const auto duration = [this] {
+        return send<double>(device.home->shared("SpringBoard"), selector("windowRotationDuration"));
+    };
+    for (const char* const again : { "once", "twice" }) {
+        setClassPresent(device, "SpringBoard", false);
+        EXPECT_EQ(device.classes->find("SpringBoard") != nullptr, isLater(13)) << again;
+        EXPECT_EQ(isLeftToOthers(device, "SpringBoard"), isLater(13)) << again;
+    }
+    device.screen->statusBarHidden = true;
+    device.home->finishLaunching();
+    EXPECT_THAT(eventNames(), ElementsAre());
+    device.home->reorientHUD(true);
+    EXPECT_THAT(eventNames(), ElementsAre("reoriented"));
+    EXPECT_EQ(duration(), 0);
+    EXPECT_FALSE(send<bool>(device.home->shared("SpringBoard"), selector("isSpringBoardStatusBarHidden")));
+    EXPECT_EQ(send<HostObject*>(device.home->shared("SpringBoard"), selector("statusBarForEmbeddedDisplay")), nullptr);
+    HostObject* const buttons = send<HostObject*>(device.home->shared("SpringBoard"), selector("volumeControl"));
+    EXPECT_EQ(buttons != nullptr, isLater(16));
+
+    setClassPresent(device, "SpringBoard", true);
+    EXPECT_FALSE(isLeftToOthers(device, "SpringBoard"));
+    device.home->finishLaunching();
+    EXPECT_THAT(eventNames(), ElementsAre("reoriented", "launched"));
+    EXPECT_EQ(duration(), isLater(15) ? 0 : 0.3);
 }
 
 TEST_P(SystemShape, AClassOfOtherSystemsIsThereWithoutWhatItDoesThere)
