@@ -54,6 +54,24 @@ constexpr std::array screens { "320 480 2", "320 568 2", "375 667 2", "414 736 3
 constexpr std::array lackable { "AVSystemController", "VolumeControl", "SpringBoard", "AXSpringBoardServer",
     "SBAssistantController", "LAActivator", "UIViewPropertyAnimator", "SBHUDController", "SBMediaController",
     "UIApplication", "UIStatusBar", "_UIStatusBar" };
+/// Whatever a process may be said to lack.
+constexpr std::array anyClasses { "NSObject", "NSBundle", "NSData", "NSDictionary", "NSNumber", "NSSet", "NSString",
+    "NSUserDefaults", "CALayer", "UIColor", "UIEvent", "UIFont", "UIGestureRecognizer", "UIImage",
+    "UIPanGestureRecognizer", "UIScreen", "UIViewPropertyAnimator", "_UIBackdropViewSettings", "UIResponder",
+    "UIApplication", "UIView", "UIImageView", "UILabel", "UIStatusBar", "UIWindow", "_UIBackdropView", "_UIStatusBar",
+    "AVSystemController", "AXSpringBoardServer", "SBAssistantController", "SBHUDController", "SBMediaController",
+    "SBUISound", "SBSoundController", "SpringBoard", "VolumeControl", "LAActivator", "LAEvent", "ABVolumeHUDManager",
+    "ABVolumeHUDVisibilityManager", "MeliorWindow", "UIScene", "UIWindowScene", "SBWindowScene",
+    "SBAVSystemControllerCache", "SBMainWorkspace", "_SBHUDModel", "SBBannerManager", "FBSystemApp",
+    "UISystemShellApplication", "UIStatusBar_Base", "UIStatusBar_Modern", "_UIScrollsToTopInitiatorView",
+    "AVController", "SBVoiceCommandButton", "SBStatusBarManager", "SBVolumeControl", "SBRingerControl", "Nonesuch" };
+/// What one system or another has, and what none has.
+constexpr std::array classesOfSome { "SBVolumeControl", "SBRingerControl", "VolumeControl", "SBWindowScene",
+    "UIWindowScene", "SBAVSystemControllerCache", "AVController", "SBMainWorkspace", "UIStatusBar_Modern",
+    "_UIStatusBar", "UIViewPropertyAnimator", "MeliorWindow", "ABVolumeHUDManager", "SpringBoard", "Nonesuch" };
+/// Those without which a system shows something else, so that they are lacking more often than others.
+constexpr std::array movingClasses { "SpringBoard", "UIApplication", "VolumeControl", "SBHUDController",
+    "SBMediaController", "AVSystemController" };
 constexpr std::array otherMixersClasses { "MeliorWindow", "ABVolumeHUDManager" };
 constexpr std::array visibilities { "hidden", "shown" };
 constexpr std::array namings { "named", "unnamed" };
@@ -247,15 +265,11 @@ const Happening& something(Dice& dice)
 
 } // namespace
 
-std::string randomScenario(std::uint64_t seed)
+namespace {
+
+std::string whatHappens(Dice& dice)
 {
-    Dice dice(seed);
-    std::string text = "# seed " + std::to_string(seed) + "\n";
-    text += "screen " + dice.oneOf(screens) + "\n";
-    if (dice.oneIn(10))
-        text += "lack " + dice.oneOf(lackable) + "\n";
-    if (dice.oneIn(10))
-        text += "have " + dice.oneOf(otherMixersClasses) + "\n";
+    std::string text;
     text += integer(dice, "activeStyle", 3);
     text += integer(dice, "mixerSkin", 5);
     for (const char* const key : booleanSettings)
@@ -266,6 +280,37 @@ std::string randomScenario(std::uint64_t seed)
     for (std::uint64_t left = 10 + dice.below(30); left > 0; --left)
         text += something(dice).write(dice);
     return text;
+}
+
+std::string beginning(Dice& dice, std::uint64_t seed)
+{
+    return "# seed " + std::to_string(seed) + "\nscreen " + dice.oneOf(screens) + "\n";
+}
+
+} // namespace
+
+std::string randomScenario(std::uint64_t seed)
+{
+    Dice dice(seed);
+    std::string text = beginning(dice, seed);
+    if (dice.oneIn(10))
+        text += "lack " + dice.oneOf(lackable) + "\n";
+    if (dice.oneIn(10))
+        text += "have " + dice.oneOf(otherMixersClasses) + "\n";
+    return text + whatHappens(dice);
+}
+
+std::string randomOddProcess(std::uint64_t seed)
+{
+    Dice dice(seed);
+    std::string text = beginning(dice, seed);
+    for (std::uint64_t left = 1 + dice.below(4); left > 0; --left) {
+        if (dice.oneIn(4))
+            text += "have " + dice.oneOf(classesOfSome) + "\n";
+        else
+            text += "lack " + (dice.oneIn(2) ? dice.oneOf(movingClasses) : dice.oneOf(anyClasses)) + "\n";
+    }
+    return text + whatHappens(dice);
 }
 
 } // namespace panotra::testing

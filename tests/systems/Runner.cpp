@@ -1,7 +1,8 @@
 /// Plays scenarios on every system and compares each trace with what the scenario shows without one.
 ///
-///     system_tests [--apart] [--systems FIRST LAST] [--random FIRST-SEED COUNT] [FILE...]
+///     system_tests [--apart] [--systems FIRST LAST] [--random FIRST-SEED COUNT] [--odd FIRST-SEED COUNT] [FILE...]
 ///
+/// --random plays random scenarios, --odd such ones in processes that lack, or have, any classes.
 /// With --apart each play has a process of its own: for a library that can be loaded only once a process.
 #include "simulator/Files.h"
 #include "simulator/LinkedLibrary.h"
@@ -174,11 +175,12 @@ int main(int argumentCount, char** arguments)
         } else if (word == "--systems" && index + 2 < argumentCount) {
             choice.oldest = std::atoi(arguments[++index]);
             choice.newest = std::atoi(arguments[++index]);
-        } else if (word == "--random" && index + 2 < argumentCount) {
+        } else if ((word == "--random" || word == "--odd") && index + 2 < argumentCount) {
+            const auto scenarioOf = word == "--odd" ? testing::randomOddProcess : testing::randomScenario;
             const auto first = std::strtoull(arguments[++index], nullptr, 10);
             const auto count = std::strtoull(arguments[++index], nullptr, 10);
             for (auto seed = first; seed < first + count; ++seed)
-                compare("seed " + std::to_string(seed), testing::randomScenario(seed), choice);
+                compare("seed " + std::to_string(seed), scenarioOf(seed), choice);
         } else {
             compare(arguments[index], textOf(arguments[index]), choice);
         }
