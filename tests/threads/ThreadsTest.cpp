@@ -1,8 +1,9 @@
 /// A home screen that announces, sets, asks, plays and turns on four threads of its own, while on the main thread
 /// somebody drags, presses and dismisses. Compiled and run under the thread sanitizer.
 ///
-///   threads_tests          every call reaches the host, and every object is given back
-///   threads_tests --bare   calls a hook past its entry, which the sanitizer must find
+///   threads_tests [SYSTEM]   every call reaches the host, and every object is given back; SYSTEM is the shape of the
+///                            process, 9 to 16
+///   threads_tests --bare     calls a hook past its entry, which the sanitizer must find
 #include "hooks/Panotra.h"
 #include "simulator/LinkedLibrary.h"
 #include "simulator/device/ClassTable.h"
@@ -11,14 +12,16 @@
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Screen.h"
 #include "simulator/device/Services.h"
+#include "simulator/device/SystemShape.h"
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
+#include "simulator/systems/Systems.h"
+#include "tests/threads/Methods.h"
 
 #include <array>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <string_view>
 #include <thread>
 #include <vector>
@@ -26,9 +29,11 @@
 namespace {
 
 using namespace panotra;
+using testing::isLater;
+using testing::Methods;
 
 constexpr int threadCount = 4;
-constexpr int roundsOfAThread = 2000;
+constexpr int roundsOfAThread = 1000;
 
 int failures = 0;
 
@@ -88,6 +93,29 @@ void statusBarMoved(id, SEL, sim::Rect)
     runOnMainThread(counts.statusBar);
 }
 
+// Of later systems.
+
+void laterIndicatorShown(id, SEL, id, bool)
+{
+    runOnMainThread(counts.indicator);
+}
+void laterVolumeIndicatorShown(id, SEL, float)
+{
+    runOnMainThread(counts.volumeIndicator);
+}
+void ringerIndicatorShown(id, SEL, std::int32_t)
+{
+    runOnMainThread(counts.indicator);
+}
+void newestRingerIndicatorShown(id, SEL, std::int32_t, float, std::uint64_t)
+{
+    runOnMainThread(counts.indicator);
+}
+void turned(id, SEL, std::int64_t, double, id)
+{
+    runOnMainThread(counts.reorientation);
+}
+
 bool volumeSet(id, SEL, float, id)
 {
     ++counts.setVolume.ran;
@@ -111,39 +139,6 @@ bool activeVolumeAsked(id, SEL, float* level, id* name, id)
     return isAnswered;
 }
 
-/// A method as the runtime finds it: without the device's help, which is the main thread's alone.
-template <typename Type> struct Method;
-template <typename Result, typename... Arguments> struct Method<Result(Arguments...)> {
-    HostObject* receiver;
-    const HostSelector* selector;
-    HostClass::Implementation implementation;
-
-    Method(const char* className, const char* name)
-        : receiver(device->home->shared(className))
-        , selector(sim::selector(name))
-        , implementation(receiver->isa->find(selector))
-    {
-    }
-    Result operator()(Arguments... arguments) const
-    {
-        return sim::call<Result>(implementation, receiver, selector, arguments...);
-    }
-};
-
-struct Methods {
-    Method<void(HostObject*)> announce { "AVSystemController", "postEffectiveVolumeNotification:" };
-    Method<bool(float, HostObject*)> setVolume { "AVSystemController", "setVolumeTo:forCategory:" };
-    Method<bool(float*, HostObject**, HostObject*)> activeVolume { "AVSystemController",
-        "getActiveCategoryVolume:andName:fallbackCategory:" };
-    Method<bool(HostObject*, std::int64_t, HostObject*)> play { "SBSoundController",
-        "playSound:environments:completion:" };
-    Method<void(bool)> muteRinger { "SBMediaController", "setRingerMuted:" };
-    Method<void(HostObject*, double)> presentIndicator { "SBHUDController", "presentHUDView:autoDismissWithDelay:" };
-    Method<void(bool)> reorient { "SBHUDController", "reorientHUDIfNeeded:" };
-    Method<void(std::int32_t, float)> presentVolumeIndicator { "VolumeControl", "_presentVolumeHUDWithMode:volume:" };
-    Method<void(sim::Rect)> moveStatusBar { "UIStatusBar", "setFrame:" };
-};
-
 template <typename Function> void replace(const char* className, const char* name, Function* function)
 {
     device->classes->platformClass(className).methods[sim::selector(name)] = sim::implementation(function);
@@ -155,20 +150,30 @@ void installHost()
     replace("AVSystemController", "setVolumeTo:forCategory:", volumeSet);
     replace("AVSystemController", "getActiveCategoryVolume:andName:fallbackCategory:", activeVolumeAsked);
     replace("SBSoundController", "playSound:environments:completion:", soundPlayed);
-    replace("SBMediaController", "setRingerMuted:", ringerMuted);
-    replace("SBHUDController", "presentHUDView:autoDismissWithDelay:", indicatorShown);
-    replace("SBHUDController", "reorientHUDIfNeeded:", reoriented);
-    replace("VolumeControl", "_presentVolumeHUDWithMode:volume:", volumeIndicatorShown);
     replace("UIStatusBar", "setFrame:", statusBarMoved);
+    if (!isLater()) {
+        replace("SBMediaController", "setRingerMuted:", ringerMuted);
+        replace("SBHUDController", "presentHUDView:autoDismissWithDelay:", indicatorShown);
+        replace("SBHUDController", "reorientHUDIfNeeded:", reoriented);
+        replace("VolumeControl", "_presentVolumeHUDWithMode:volume:", volumeIndicatorShown);
+        return;
+    }
+    replace("SBRingerControl", "setRingerMuted:", ringerMuted);
+    replace("SBRingerControl", "activateRingerHUDFromMuteSwitch:", ringerIndicatorShown);
+    if (device->system == systems::newest)
+        replace("SBRingerControl", "activateRingerHUD:withInitialVolume:fromSource:", newestRingerIndicatorShown);
+    replace("SBHUDController", "_presentHUD:animated:", laterIndicatorShown);
+    replace("SBVolumeControl", "_presentVolumeHUDWithVolume:", laterVolumeIndicatorShown);
+    replace("SpringBoard", "noteInterfaceOrientationChanged:duration:logMessage:", turned);
 }
 
 sim::Dictionary* makeAnnouncement(const char* category, const char* reason, double level)
 {
     sim::ClassTable& classes = *device->classes;
     auto* const made = classes.make<sim::Dictionary>("NSDictionary");
-    made->adopt("AudioCategory", classes.make<sim::String>("NSString", category));
-    made->adopt("AudioVolumeChangeReason", classes.make<sim::String>("NSString", reason));
-    made->adopt("AudioVolume", classes.make<sim::Number>("NSNumber", level));
+    made->adopt(sim::currentKey(*device, "AudioCategory"), classes.make<sim::String>("NSString", category));
+    made->adopt(sim::currentKey(*device, "AudioVolumeChangeReason"), classes.make<sim::String>("NSString", reason));
+    made->adopt(sim::currentKey(*device, "AudioVolume"), classes.make<sim::Number>("NSNumber", level));
     return made;
 }
 
@@ -217,13 +222,14 @@ void live(const Methods& methods, const Objects& objects, HostObject* sound, int
             ++counts.ringer.asked;
             break;
         case 4:
-            methods.reorient(true);
+            methods.turn(1 + round / 8 % 4);
             ++counts.reorientation.asked;
             break;
         case 6:
             methods.moveStatusBar({ 0, 0, 320, 20 });
             ++counts.statusBar.asked;
-            methods.presentIndicator(objects.view, 1);
+            methods.presentIndicator(objects.view);
+            methods.presentRingerIndicator(number);
             break;
         default:
             break;
@@ -357,8 +363,11 @@ int main(int count, char** arguments)
 {
     sim::Device made;
     device = &made;
+    const std::string_view choice = count > 1 ? arguments[1] : "";
+    if (const int system = std::atoi(arguments[count - 1]); system != 0)
+        sim::takeShape(made, system);
     const sim::Library library = sim::loadedLibrary();
-    if (count > 1 && std::string_view(arguments[1]) == "--bare")
+    if (choice == "--bare")
         runBare(library);
     else
         runEverything(library);
