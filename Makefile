@@ -47,9 +47,9 @@ window: build ## build, and open a phone to play with
 	@$(build)/panotra window
 
 .PHONY: test
-test: ## build and run all tests, once more under the sanitizers
+test: ## build and run all tests, once more under the sanitizers; ALL=1: those too that passed and see no change
 	@scripts/install-dependencies build test device
-	@scripts/run-tests $(build) $(jobs) $(quiet)
+	@scripts/run-tests $(build) $(jobs) $(if $(ALL),all,changed) $(quiet)
 
 .PHONY: quick
 quick: ## between two edits: build and run the unit and scenario tests, once and without the rest
