@@ -8,8 +8,6 @@
 #include "simulator/scenario/Player.h"
 #include "simulator/text/Printable.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -81,9 +79,7 @@ ExitStatus playOnDevice(const PlayOptions& options, const Library& library, cons
         options.format, [&output](std::string_view text) { output.write(text); }, options.look);
     Device device(options.preferencesFolder);
     device.resourceFolder = options.resourceFolder;
-    device.traceSink = [&writer](const Json& event) {
-        writer->event(event);
-    };
+    writer->watch(device);
     const Audience audience {
         .commandBegins = [&writer](const Command& command) { writer->command(command); },
         .expectationFailed

@@ -1,6 +1,7 @@
 /// Classes by name, the life of objects, and their fields by key.
 #include "simulator/device/ClassTable.h"
 
+#include "simulator/device/EventFields.h"
 #include "simulator/device/PlatformClasses.h"
 #include "simulator/device/Saturated.h"
 
@@ -120,9 +121,8 @@ bool ClassTable::replace(HostClass& hostClass, const HostSelector* selector, Hos
     if (previous != nullptr)
         *previous = replaced;
     hostClass.methods[selector] = replacement;
-    m_implementation->device.trace("hook", [&] {
-        return Json { { "class", hostClass.name }, { "method", selector->name } };
-    });
+    m_implementation->device.trace(
+        "hook", [&](EventFields& fields) { fields.add("class", hostClass.name, "method", selector->name); });
     return true;
 }
 

@@ -1,7 +1,7 @@
 /// Darwin notifications.
 #include "simulator/device/DarwinNotifications.h"
 
-#include <nlohmann/json.hpp>
+#include "simulator/device/EventFields.h"
 
 namespace panotra::sim {
 
@@ -23,7 +23,7 @@ std::uint64_t DarwinNotifications::state(const std::string& name) const
 
 std::int32_t DarwinNotifications::registerCheck(const std::string& name)
 {
-    m_device.trace("register", [&] { return Json { { "name", name } }; });
+    m_device.trace("register", [&](EventFields& fields) { fields.add("name", name); });
     m_tokens.push_back(name);
     return static_cast<std::int32_t>(m_tokens.size());
 }
@@ -37,7 +37,7 @@ std::uint64_t DarwinNotifications::stateOf(std::int32_t token) const
 
 void DarwinNotifications::addObserver(const std::string& name, std::function<void()> callback)
 {
-    m_device.trace("observe", [&] { return Json { { "name", name } }; });
+    m_device.trace("observe", [&](EventFields& fields) { fields.add("name", name); });
     m_observers.emplace_back(name, std::move(callback));
 }
 
@@ -55,7 +55,7 @@ void DarwinNotifications::deliver(const std::string& name)
 
 void DarwinNotifications::post(const std::string& name)
 {
-    m_device.trace("post", [&] { return Json { { "name", name } }; });
+    m_device.trace("post", [&](EventFields& fields) { fields.add("name", name); });
     deliver(name);
 }
 

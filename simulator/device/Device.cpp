@@ -1,15 +1,13 @@
 /// The device's life, and its trace.
 #include "simulator/device/Device.h"
 
+#include "simulator/device/EventForms.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"
 
-#include <nlohmann/json.hpp>
-
 #include <cassert>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <utility>
@@ -20,23 +18,6 @@ namespace {
 
 Device* currentDevice = nullptr;
 std::thread::id mainThread; ///< the current device's
-
-/// Whether the fields are those that the table of events tells of.
-[[maybe_unused]] bool areFieldsOf(const TraceEvent& event, const Json& fields)
-{
-    std::size_t known = 0;
-    std::istringstream words { std::string(event.fields) };
-    for (std::string word; words >> word;) {
-        const bool mayBeAbsent = word.ends_with('?');
-        if (mayBeAbsent)
-            word.pop_back();
-        const bool isThere = fields.contains(word);
-        if (!isThere && !mayBeAbsent)
-            return false;
-        known += isThere ? 1 : 0;
-    }
-    return known == fields.size();
-}
 
 } // namespace
 
@@ -80,31 +61,30 @@ bool Device::isMainThread() const
 
 void Device::trace(EventName event)
 {
-    if (traceSink)
-        report(event, Json::object());
+    trace(event, [](const EventFields&) {});
 }
 
-Json Device::nameOf(HostObject* object)
+const std::string* Device::nameOf(HostObject* object)
 {
     if (object == nullptr)
         return nullptr;
     if (object->name.empty())
         classes->nameHeldObjects();
-    return object->name.empty() ? Json() : Json(object->name);
+    return object->name.empty() ? nullptr : &object->name;
 }
 
-void Device::report(EventName name, Json fields)
+void Device::report(EventName name, void (*addFields)(const void* with, EventFields& to), const void* with)
 {
-    const TraceEvent& event = name.event();
-    assert(areFieldsOf(event, fields));
-    auto& members = fields.get_ref<Json::object_t&>();
-    Json::object_t line;
-    line.reserve(2 + members.size());
-    line.emplace_back("t", runLoop->now());
-    line.emplace_back("event", event.name);
-    for (auto& [field, value] : members)
-        line.emplace_back(field, std::move(value));
-    traceSink(std::move(line));
+    if (traceSink) {
+        EventObject object(name.event(), runLoop->now());
+        addFields(with, object);
+        traceSink(object.take());
+    }
+    if (traceLines) {
+        EventLine line(name.event(), runLoop->now());
+        addFields(with, line);
+        traceLines(line.finish());
+    }
 }
 
 } // namespace panotra::sim

@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace panotra::sim {
 
@@ -25,6 +26,7 @@ using Json = nlohmann::ordered_json;
 class AudioService;
 class ClassTable;
 class DarwinNotifications;
+class EventFields;
 class HomeScreen;
 class PreferenceDomains;
 class RunLoop;
@@ -46,13 +48,17 @@ public:
     /// Whether the caller is the thread that made the device, which is the only one that may use it. From any thread.
     bool isMainThread() const;
 
-    /// Who gets the trace: called with {"t": …, "event": …, fields…}. None: events cost nothing.
+    /// Who gets the trace: called with {"t": …, "event": …, fields…}.
     std::function<void(const Json&)> traceSink;
-    /// Reports an event; `fields()` gives its fields and is not called when nobody listens.
-    template <typename Fields> void trace(EventName event, Fields fields)
+    /// Who gets it as text: the same, a line of JSON an event. With neither of the two events cost nothing.
+    std::function<void(std::string_view)> traceLines;
+    /// Reports an event; `addFields(fields)` adds what it has besides its name, and is called once for each who
+    /// listens.
+    template <typename AddFields> void trace(EventName event, const AddFields& addFields)
     {
-        if (traceSink)
-            report(event, fields());
+        if (traceSink || traceLines)
+            report(
+                event, [](const void* add, EventFields& to) { (*static_cast<const AddFields*>(add))(to); }, &addFields);
     }
     void trace(EventName event);
 
@@ -77,10 +83,10 @@ public:
 
     /// The name of a view or other object for the trace: the field that holds it. Null for null, and for an
     /// object that no field has ever held.
-    Json nameOf(HostObject* object);
+    const std::string* nameOf(HostObject* object);
 
 private:
-    void report(EventName event, Json fields);
+    void report(EventName event, void (*addFields)(const void* with, EventFields& to), const void* with);
 };
 
 } // namespace panotra::sim

@@ -5,6 +5,7 @@
 #include "simulator/device/AudioService.h"
 #include "simulator/device/ClassTable.h"
 #include "simulator/device/DarwinNotifications.h"
+#include "simulator/device/EventFields.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Saturated.h"
 #include "simulator/device/Screen.h"
@@ -302,7 +303,7 @@ void HomeScreen::notify(const std::string& name)
 
 void HomeScreen::registerListener(HostObject* listener, const std::string& name)
 {
-    m_implementation->device.trace("listener", [&] { return Json { { "name", name } }; });
+    m_implementation->device.trace("listener", [&](EventFields& fields) { fields.add("name", name); });
     if (listener == nullptr)
         return;
     retain(listener);
@@ -338,9 +339,8 @@ void HomeScreen::askActivator(const std::string& question, const std::string& li
         if (const std::string* const text = textOf(send<HostObject*>(asked, selector(row->second), activator, name)))
             value = *text;
     }
-    m_implementation->device.trace("answer", [&] {
-        return Json { { "listener", listener }, { "question", question }, { "value", std::move(value) } };
-    });
+    m_implementation->device.trace(
+        "answer", [&](EventFields& fields) { fields.add("listener", listener, "question", question, "value", value); });
 }
 
 void HomeScreen::pan(int slot, std::int64_t state, double x)

@@ -1,5 +1,6 @@
 /// Own implementations of the application, events, the assistant, other overlays and the gesture framework.
 #include "simulator/device/ClassTable.h"
+#include "simulator/device/EventFields.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/PlatformMethods.h"
 #include "simulator/device/Screen.h"
@@ -48,9 +49,9 @@ std::int64_t eventType(HostObject* self, Selector)
 
 void motionBegan(HostObject*, Selector, std::int64_t, HostObject* event)
 {
-    process().trace("motion", [event] {
+    process().trace("motion", [event](EventFields& fields) {
         const auto* const motion = dynamic_cast<const Event*>(event);
-        return Json { { "type", motion == nullptr ? Json() : Json(motion->type) } };
+        fields.add("type", motion == nullptr ? Json() : Json(motion->type));
     });
 }
 
@@ -58,7 +59,7 @@ void motionBegan(HostObject*, Selector, std::int64_t, HostObject* event)
 
 void traceAssistant(const char* action)
 {
-    process().trace("assistant", [action] { return Json { { "action", action } }; });
+    process().trace("assistant", [action](EventFields& fields) { fields.add("action", action); });
 }
 
 bool isSiriVisible(HostObject*, Selector)
@@ -95,9 +96,8 @@ HostObject* targetView(HostObject* self, Selector)
 
 void hideImmediatelyIfPossible(HostObject*, Selector)
 {
-    process().trace("overlay", [] {
-        return Json { { "class", "ABVolumeHUDManager" }, { "action", "hideImmediatelyIfPossible" } };
-    });
+    process().trace("overlay",
+        [](EventFields& fields) { fields.add("class", "ABVolumeHUDManager", "action", "hideImmediatelyIfPossible"); });
 }
 
 // The gesture framework
@@ -111,9 +111,8 @@ void registerListener(HostObject*, Selector, HostObject* listener, HostObject* n
 void setHandled(HostObject* self, Selector, bool handled)
 {
     if (handled)
-        process().trace("handled", [self] {
-            return Json { { "listener", static_cast<const GestureEvent*>(self)->listener } };
-        });
+        process().trace("handled",
+            [self](EventFields& fields) { fields.add("listener", static_cast<const GestureEvent*>(self)->listener); });
 }
 
 } // namespace

@@ -2,14 +2,13 @@
 /// later system, and the ways to shared objects. A process has those of them that its system has.
 #include "simulator/device/AudioService.h"
 #include "simulator/device/ClassTable.h"
+#include "simulator/device/EventFields.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/PlatformMethods.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Screen.h"
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <string_view>
@@ -22,43 +21,41 @@ namespace {
 
 void presentHUD(HostObject*, Selector self, HostObject*, bool)
 {
-    process().trace("indicator", [self] { return Json { { "by", self->name } }; });
+    process().trace("indicator", [self](EventFields& fields) { fields.add("by", self->name); });
     const double level = process().sound->level(process().sound->categoryInUse());
     process().home->showIndicator(level, process().home->requestedStay);
 }
 
 void presentVolumeHUDWithVolume(HostObject*, Selector self, float level)
 {
-    process().trace("indicator", [&] {
-        return Json { { "by", self->name }, { "level", static_cast<double>(level) } };
-    });
+    process().trace(
+        "indicator", [&](EventFields& fields) { fields.add("by", self->name, "level", static_cast<double>(level)); });
     process().home->showIndicator(level);
 }
 
 void activateRingerHUDFromMuteSwitch(HostObject*, Selector self, std::int32_t)
 {
-    process().trace("indicator", [self] { return Json { { "by", self->name } }; });
+    process().trace("indicator", [self](EventFields& fields) { fields.add("by", self->name); });
     process().home->showIndicator(process().sound->level("Ringtone"));
 }
 
 void activateRingerHUD(HostObject*, Selector self, std::int32_t, float level, std::uint64_t)
 {
-    process().trace("indicator", [&] {
-        return Json { { "by", self->name }, { "level", static_cast<double>(level) } };
-    });
+    process().trace(
+        "indicator", [&](EventFields& fields) { fields.add("by", self->name, "level", static_cast<double>(level)); });
     process().home->showIndicator(level);
 }
 
 void setRingerControlMuted(HostObject*, Selector, bool muted)
 {
-    process().trace("ringer", [muted] { return Json { { "muted", muted } }; });
+    process().trace("ringer", [muted](EventFields& fields) { fields.add("muted", muted); });
 }
 
 // The application
 
 void noteInterfaceOrientationChanged(HostObject*, Selector, std::int64_t, double, HostObject*)
 {
-    process().trace("reoriented", [] { return Json { { "flag", true } }; });
+    process().trace("reoriented", [](EventFields& fields) { fields.add("flag", true); });
 }
 
 std::int64_t screenOrientation(HostObject*, Selector)

@@ -136,7 +136,8 @@ PreferenceHandle::~PreferenceHandle()
 
 void PreferenceHandle::synchronize()
 {
-    m_implementation->device.trace("synchronize", [&] { return eventFields("domain", m_implementation->domain); });
+    m_implementation->device.trace(
+        "synchronize", [&](EventFields& fields) { fields.add("domain", m_implementation->domain); });
     m_implementation->read();
 }
 
@@ -151,8 +152,9 @@ std::optional<Json> PreferenceHandle::objectForKey(const std::string& key) const
 void PreferenceHandle::setFloat(const std::string& key, float value)
 {
     Change change { key, Json(double { value }) };
-    m_implementation->device.trace(
-        "write", [&] { return eventFields("domain", m_implementation->domain, "key", key, "value", *change.value); });
+    m_implementation->device.trace("write", [&](EventFields& fields) {
+        fields.add("domain", m_implementation->domain, "key", key, "value", double { value });
+    });
     if (m_implementation->settings)
         m_implementation->settings->apply(change);
     m_implementation->changes.push_back(std::move(change));

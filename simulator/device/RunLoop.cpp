@@ -68,10 +68,10 @@ struct RunLoop::Implementation {
 
     Place nextPlace(double delay) { return { now + (delay > 0 ? delay : 0), asked++ }; }
 
-    Json performFields(const PerformKey& key) const
+    void addPerform(EventFields& fields, const PerformKey& key) const
     {
         const auto& [target, selector, object] = key;
-        return eventFields("selector", selector->name, "object", device.nameOf(object));
+        fields.add("selector", selector->name, "object", device.nameOf(object));
     }
 
     void forgetPerform(const PerformKey& key, const Place& place)
@@ -90,7 +90,7 @@ struct RunLoop::Implementation {
         if (work.perform.has_value()) {
             const auto [target, selector, object] = *work.perform;
             forgetPerform(*work.perform, node.key());
-            device.trace("perform", [&] { return performFields(*work.perform); });
+            device.trace("perform", [&](EventFields& fields) { addPerform(fields, *work.perform); });
             runPerform(target, selector, object);
             sim::release(object);
             sim::release(target);
@@ -148,7 +148,7 @@ struct RunLoop::Implementation {
         // The animated views live until the completion has run.
         const std::shared_ptr<Animation> keptAlive = *ended.inList;
         animations.erase(ended.inList);
-        device.trace("animationEnd", [&] { return eventFields("finished", finished); });
+        device.trace("animationEnd", [&](EventFields& fields) { fields.add("finished", finished); });
         if (ended.completion)
             runInside(nullptr, [&] { ended.completion(finished); });
     }
@@ -192,10 +192,9 @@ void RunLoop::perform(HostObject* target, const HostSelector* selector, HostObje
     if (target == nullptr)
         return;
     const PerformKey key { target, selector, object };
-    m_implementation->device.trace("schedule", [&] {
-        Json fields = m_implementation->performFields(key);
-        fields["delay"] = delay;
-        return fields;
+    m_implementation->device.trace("schedule", [&](EventFields& fields) {
+        m_implementation->addPerform(fields, key);
+        fields.add("delay", delay);
     });
     retain(target);
     retain(object);
@@ -207,7 +206,7 @@ void RunLoop::perform(HostObject* target, const HostSelector* selector, HostObje
 void RunLoop::cancelPerforms(HostObject* target, const HostSelector* selector, HostObject* object)
 {
     const PerformKey key { target, selector, object };
-    m_implementation->device.trace("cancel", [&] { return m_implementation->performFields(key); });
+    m_implementation->device.trace("cancel", [&](EventFields& fields) { m_implementation->addPerform(fields, key); });
     const auto [begin, end] = m_implementation->performs.equal_range(key);
     const auto cancelled = std::distance(begin, end);
     for (auto each = begin; each != end; ++each)
@@ -222,7 +221,7 @@ void RunLoop::cancelPerforms(HostObject* target, const HostSelector* selector, H
 
 void RunLoop::dispatch(double delay, std::function<void()> block)
 {
-    m_implementation->device.trace("dispatch", [&] { return Json { { "delay", delay } }; });
+    m_implementation->device.trace("dispatch", [&](EventFields& fields) { fields.add("delay", delay); });
     auto run = [this, work = std::move(block)] {
         m_implementation->device.trace("dispatched");
         if (work)
@@ -252,7 +251,8 @@ void RunLoop::animate(double duration, double delay, std::uint64_t options, cons
     std::function<void(bool finished)> completion)
 {
     Implementation& loop = *m_implementation;
-    loop.device.trace("animate", [&] { return eventFields("duration", duration, "delay", delay, "options", options); });
+    loop.device.trace(
+        "animate", [&](EventFields& fields) { fields.add("duration", duration, "delay", delay, "options", options); });
     const auto animation = std::make_shared<Animation>(loop.now, delay, duration);
     // The end takes its place in the queue before the block can ask for anything.
     const Place end = loop.nextPlace(delay + duration);
@@ -292,9 +292,10 @@ Json RunLoop::pending() const
     for (const auto& [place, work] : m_implementation->queue) {
         if (!work.perform.has_value())
             continue;
-        Json entry = m_implementation->performFields(*work.perform);
-        entry["due"] = place.first;
-        list.push_back(std::move(entry));
+        const auto& [target, selector, object] = *work.perform;
+        const std::string* const name = m_implementation->device.nameOf(object);
+        list.push_back({ { "selector", selector->name }, { "object", name != nullptr ? Json(*name) : Json() },
+            { "due", place.first } });
     }
     return list;
 }

@@ -16,13 +16,6 @@ namespace panotra::sim {
 
 namespace {
 
-/// A string object's text, or null for anything else.
-Json jsonOfText(const HostObject* object)
-{
-    const std::string* const text = textOf(object);
-    return text == nullptr ? Json() : Json(*text);
-}
-
 Json jsonOfNumber(const HostObject* object)
 {
     const auto* const number = dynamic_cast<const Number*>(object);
@@ -33,13 +26,13 @@ Json jsonOfNumber(const HostObject* object)
 
 void postEffectiveVolumeNotification(HostObject*, Selector, HostObject* announcement)
 {
-    process().trace("announced", [announcement] {
+    process().trace("announced", [announcement](EventFields& fields) {
         const auto* const values = dynamic_cast<const Dictionary*>(announcement);
         const auto value = [values](const char* key) {
             return values == nullptr ? nullptr : values->objectForKey(currentKey(process(), key));
         };
-        return eventFields("category", jsonOfText(value(announcementKey::category)), "reason",
-            jsonOfText(value(announcementKey::reason)), "level", jsonOfNumber(value(announcementKey::level)));
+        fields.add("category", textOf(value(announcementKey::category)), "reason",
+            textOf(value(announcementKey::reason)), "level", jsonOfNumber(value(announcementKey::level)));
     });
 }
 
@@ -51,14 +44,15 @@ bool getActiveCategoryVolume(HostObject*, Selector, float* level, HostObject** n
         *level = sound.level(category);
     if (name != nullptr)
         *name = autoreleasedString(category);
-    process().trace("activeVolume", [name] { return Json { { "named", name != nullptr } }; });
+    process().trace("activeVolume", [name](EventFields& fields) { fields.add("named", name != nullptr); });
     return true;
 }
 
 bool setVolume(HostObject*, Selector, float level, HostObject* categoryObject)
 {
-    process().trace("setVolume",
-        [&] { return eventFields("category", jsonOfText(categoryObject), "level", static_cast<double>(level)); });
+    process().trace("setVolume", [&](EventFields& fields) {
+        fields.add("category", textOf(categoryObject), "level", static_cast<double>(level));
+    });
     const std::string* const category = textOf(categoryObject);
     if (category == nullptr)
         return true;
@@ -95,23 +89,23 @@ HostObject* attributeForKey(HostObject*, Selector, HostObject* key)
 /// The mode is told as it was asked for, also where the argument had no room for it.
 void presentVolumeHUD(HostObject*, Selector self, std::int32_t mode, float level)
 {
-    process().trace("indicator", [&] {
+    process().trace("indicator", [&](EventFields& fields) {
         const std::int64_t requested = process().home->requestedMode;
         const std::int64_t told = mode == saturated<std::int32_t>(requested) ? requested : mode;
-        return Json { { "by", self->name }, { "mode", told }, { "level", static_cast<double>(level) } };
+        fields.add("by", self->name, "mode", told, "level", static_cast<double>(level));
     });
     process().home->showIndicator(level);
 }
 
 void presentHUDView(HostObject*, Selector self, HostObject*, double delay)
 {
-    process().trace("indicator", [&] { return Json { { "by", self->name }, { "delay", delay } }; });
+    process().trace("indicator", [&](EventFields& fields) { fields.add("by", self->name, "delay", delay); });
     process().home->showIndicator(process().sound->level(process().sound->categoryInUse()), delay);
 }
 
 void reorientHUDIfNeeded(HostObject*, Selector, bool flag)
 {
-    process().trace("reoriented", [flag] { return Json { { "flag", flag } }; });
+    process().trace("reoriented", [flag](EventFields& fields) { fields.add("flag", flag); });
 }
 
 // SBSoundController and SBMediaController
@@ -123,16 +117,16 @@ std::int64_t soundType(HostObject* self, Selector)
 
 bool playSound(HostObject*, Selector, HostObject* sound, std::int64_t, HostObject*)
 {
-    process().trace("sound", [sound] {
+    process().trace("sound", [sound](EventFields& fields) {
         const auto* const typed = dynamic_cast<const Sound*>(sound);
-        return Json { { "type", typed == nullptr ? Json() : Json(typed->type) } };
+        fields.add("type", typed == nullptr ? Json() : Json(typed->type));
     });
     return true;
 }
 
 void setRingerMuted(HostObject*, Selector, bool muted)
 {
-    process().trace("ringer", [muted] { return Json { { "muted", muted } }; });
+    process().trace("ringer", [muted](EventFields& fields) { fields.add("muted", muted); });
 }
 
 } // namespace

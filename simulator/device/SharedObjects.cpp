@@ -2,6 +2,7 @@
 #include "simulator/device/SharedObjects.h"
 
 #include "simulator/device/ClassTable.h"
+#include "simulator/device/EventFields.h"
 
 #include <nlohmann/json.hpp>
 
@@ -19,9 +20,8 @@ template <typename Object, typename... Arguments> Object* make(const char* class
 void OverlayView::setHidden(bool value)
 {
     View::setHidden(value);
-    Device::current()->trace("overlay", [&] {
-        return Json { { "class", owner }, { "action", "setHidden" }, { "value", value } };
-    });
+    Device::current()->trace(
+        "overlay", [&](EventFields& fields) { fields.add("class", owner, "action", "setHidden", "value", value); });
 }
 
 MeliorWindow::MeliorWindow()
@@ -45,8 +45,8 @@ VolumeHUDManager::~VolumeHUDManager()
 
 void StatusBar::setFrame(Rect frame)
 {
-    Device::current()->trace("statusBarFrame", [&] {
-        return Json { { "class", isa->name }, { "frame", { frame.x, frame.y, frame.width, frame.height } } };
+    Device::current()->trace("statusBarFrame", [&](EventFields& fields) {
+        fields.add("class", isa->name, "frame", Json::array({ frame.x, frame.y, frame.width, frame.height }));
     });
 }
 
@@ -54,7 +54,7 @@ void AssistantWindow::setHidden(bool value)
 {
     View::setHidden(value);
     if (value)
-        Device::current()->trace("assistant", [] { return Json { { "action", "hideWindow" } }; });
+        Device::current()->trace("assistant", [](EventFields& fields) { fields.add("action", "hideWindow"); });
 }
 
 AssistantController::AssistantController()

@@ -3,11 +3,10 @@
 
 #include "facts/GestureStates.h"
 #include "simulator/device/ClassTable.h"
+#include "simulator/device/EventFields.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Values.h"
 #include "simulator/device/View.h"
-
-#include <nlohmann/json.hpp>
 
 #include <cmath>
 
@@ -90,9 +89,8 @@ void Touches::down(double x, double y)
 {
     const Point point { x, y };
     View* const hit = m_implementation->viewHitAt(point);
-    m_implementation->device.trace("hit", [&] {
-        return Json { { "x", x }, { "y", y }, { "view", m_implementation->device.nameOf(hit) } };
-    });
+    m_implementation->device.trace(
+        "hit", [&](EventFields& fields) { fields.add("x", x, "y", y, "view", m_implementation->device.nameOf(hit)); });
     PanRecognizer* const recognizer = Implementation::recognizerOver(hit);
     retain(recognizer);
     m_implementation->lift();

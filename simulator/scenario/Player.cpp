@@ -1,6 +1,7 @@
 /// The loop over the commands, and the commands that watch instead of act.
 #include "simulator/scenario/Player.h"
 
+#include "simulator/device/EventFields.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"
@@ -15,6 +16,16 @@
 #include <utility>
 
 namespace panotra::sim {
+
+namespace {
+
+void addAll(EventFields& fields, const Json& report)
+{
+    for (const auto& [name, value] : report.items())
+        fields.add(name, value);
+}
+
+} // namespace
 
 Player::Player(Device& device, Library library, Audience audience, Pictures* pictures)
     : m_device(device)
@@ -43,12 +54,12 @@ void Player::play(const Command& command)
 
 void Player::reportState()
 {
-    m_device.trace("state", [this] { return stateReport(m_device, m_library); });
+    m_device.trace("state", [this](EventFields& fields) { addAll(fields, stateReport(m_device, m_library)); });
 }
 
 void Player::reportTree()
 {
-    m_device.trace("tree", [this] { return treeReport(m_device); });
+    m_device.trace("tree", [this](EventFields& fields) { addAll(fields, treeReport(m_device)); });
 }
 
 void Player::shoot(const std::string& name)
@@ -60,7 +71,7 @@ void Player::shoot(const std::string& name)
         failFile(*failure);
         return;
     }
-    m_device.trace("shot", [&] { return Json { { "file", fileName } }; });
+    m_device.trace("shot", [&](EventFields& fields) { fields.add("file", fileName); });
 }
 
 void Player::expect(const std::string& path, const std::optional<std::string>& value)

@@ -1,10 +1,9 @@
 /// JSON Lines, and the choice between the formats.
 #include "simulator/scenario/TraceWriter.h"
 
+#include "simulator/device/EventForms.h"
 #include "simulator/scenario/StoryTrace.h"
 #include "simulator/scenario/TextTrace.h"
-
-#include <nlohmann/json.hpp>
 
 #include <utility>
 
@@ -19,6 +18,7 @@ public:
     {
     }
 
+    void watch(Device& device) override { device.traceLines = m_sink; }
     void event(const Json& event) override { m_sink(jsonLine(event)); }
 
 private:
@@ -26,6 +26,13 @@ private:
 };
 
 } // namespace
+
+void TraceWriter::watch(Device& device)
+{
+    device.traceSink = [this](const Json& each) {
+        event(each);
+    };
+}
 
 std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Sink sink, TextLook look)
 {
@@ -42,9 +49,7 @@ std::unique_ptr<TraceWriter> makeTraceWriter(TraceFormat format, TraceWriter::Si
 
 std::string jsonLine(const Json& event)
 {
-    constexpr int onOneLine = -1;
-    // Preference files of other programs may hold any bytes.
-    return event.dump(onOneLine, ' ', false, Json::error_handler_t::replace) + '\n';
+    return jsonText(event) + '\n';
 }
 
 } // namespace panotra::sim

@@ -22,6 +22,8 @@ public:
     using Sink = std::function<void(std::string_view text)>;
 
     virtual ~TraceWriter() = default;
+    /// From here on it writes what the device reports, and must outlive the last event.
+    virtual void watch(Device& device);
     /// The events from here on come of this command.
     virtual void command(const Command&) { }
     virtual void event(const Json& event) = 0;

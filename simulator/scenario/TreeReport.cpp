@@ -43,7 +43,8 @@ using ViewField = ReportField<ViewInTree>;
 constexpr std::array viewFields {
     ViewField { "name", "the field that held it first; null for none", "\"_volumeView1\"",
         [](const ViewInTree& node) {
-            return node.device.nameOf(&node.view);
+            const std::string* const name = node.device.nameOf(&node.view);
+            return name != nullptr ? Json(*name) : Json();
         } },
     ViewField { "class", "its class", "\"PNOVolumeView\"",
         [](const ViewInTree& node) -> Json {

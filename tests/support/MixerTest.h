@@ -70,8 +70,10 @@ protected:
     std::vector<std::string> namesOf(const std::vector<sim::View*>& views)
     {
         std::vector<std::string> names;
-        for (sim::View* const each : views)
-            names.push_back(device.nameOf(each).is_string() ? device.nameOf(each).get<std::string>() : "");
+        for (sim::View* const each : views) {
+            const std::string* const name = device.nameOf(each);
+            names.push_back(name != nullptr ? *name : "");
+        }
         return names;
     }
     static CGRect frameOf(const sim::View& view)

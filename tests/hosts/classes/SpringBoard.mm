@@ -1,6 +1,7 @@
 /// The classes of the home screen and of the audio service.
 #include "tests/hosts/classes/SpringBoard.h"
 
+#include "simulator/device/EventFields.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Saturated.h"
 #include "simulator/device/SharedObjects.h"
@@ -193,7 +194,7 @@ id updatedButtons(id buttons)
 
 - (void)dismissSiri
 {
-    hosts::device().trace("assistant", [] { return sim::Json { { "action", "dismissedUnopened" } }; });
+    hosts::device().trace("assistant", [](sim::EventFields& fields) { fields.add("action", "dismissedUnopened"); });
 }
 
 @end

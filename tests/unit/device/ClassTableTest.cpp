@@ -239,7 +239,7 @@ TEST_F(NamesTest, AnObjectIsNamedAfterTheFieldThatHoldsIt)
     View& view = makeView();
     View& other = makeView();
     makeHolder({ { "_rootView", &view }, { "_window", nullptr } });
-    EXPECT_EQ(device.nameOf(&view), "_rootView");
+    EXPECT_THAT(device.nameOf(&view), ::testing::Pointee(std::string("_rootView")));
     EXPECT_EQ(device.nameOf(&other), nullptr);
     EXPECT_EQ(device.nameOf(nullptr), nullptr);
     EXPECT_EQ(device.classes->heldInField("_rootView"), &view);
@@ -256,14 +256,14 @@ TEST_F(NamesTest, ANameStaysWhenTheFieldIsCleared)
     view.removeFromSuperview();
     std::memset(holder.instanceVariables.get(), 0, sizeof(HostObject*));
     EXPECT_EQ(device.classes->heldInField("_volumeView3"), nullptr);
-    EXPECT_EQ(device.nameOf(&view), "_volumeView3");
+    EXPECT_THAT(device.nameOf(&view), ::testing::Pointee(std::string("_volumeView3")));
 }
 
 TEST_F(NamesTest, AHolderThatGoesLeavesItsNamesBehind)
 {
     View& view = makeView();
     release(&makeHolder({ { "_volumeView", &view } }));
-    EXPECT_EQ(device.nameOf(&view), "_volumeView");
+    EXPECT_THAT(device.nameOf(&view), ::testing::Pointee(std::string("_volumeView")));
 }
 
 TEST_F(NamesTest, ATurnOfTheRunLoopNamesWhatFieldsHold)
@@ -272,7 +272,7 @@ TEST_F(NamesTest, ATurnOfTheRunLoopNamesWhatFieldsHold)
     HostObject& holder = makeHolder({ { "_containerView", &view } });
     device.runLoop->turn();
     std::memset(holder.instanceVariables.get(), 0, sizeof(HostObject*));
-    EXPECT_EQ(device.nameOf(&view), "_containerView");
+    EXPECT_THAT(device.nameOf(&view), ::testing::Pointee(std::string("_containerView")));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 #include "tests/support/KnownFacts.h"
 #include "tests/unit/device/DeviceTest.h"
 
+#include "simulator/device/EventFields.h"
+
 namespace panotra::sim {
 namespace {
 
@@ -132,18 +134,15 @@ TEST(Trace, CostsNothingWhenNobodyListens)
 {
     Device device;
     bool asked = false;
-    device.trace("post", [&] {
-        asked = true;
-        return Json::object();
-    });
+    device.trace("post", [&](EventFields&) { asked = true; });
     EXPECT_FALSE(asked);
 }
 
 TEST_F(DarwinNotificationsTest, AnEventHasItsTimeAndItsNameFirst)
 {
     device.runLoop->wait(0.25);
-    device.trace("cancel", [] { return Json { { "object", nullptr }, { "selector", "s" } }; });
-    EXPECT_EQ(events.back().dump(), R"({"t":0.25,"event":"cancel","object":null,"selector":"s"})");
+    device.trace("cancel", [](EventFields& fields) { fields.add("selector", "s", "object", nullptr); });
+    EXPECT_EQ(events.back().dump(), R"({"t":0.25,"event":"cancel","selector":"s","object":null})");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 /// The table of events, and that it is obeyed.
 #include "tests/unit/device/DeviceTest.h"
 
+#include "simulator/device/EventFields.h"
 #include "simulator/device/TraceEvents.h"
 
 #include <gtest/gtest.h>
@@ -16,12 +17,19 @@ using TraceEventsTest = DeviceTest;
 
 TEST_F(TraceEventsTest, AnEventHasTheFieldsOfItsRow)
 {
-    device.trace("overlay", [] { return Json { { "class", "C" }, { "action", "hide" } }; });
-    device.trace("overlay", [] { return Json { { "class", "C" }, { "action", "hide" }, { "value", true } }; });
+    device.trace("overlay", [](EventFields& fields) { fields.add("class", "C", "action", "hide"); });
+    device.trace("overlay", [](EventFields& fields) { fields.add("class", "C", "action", "hide", "value", true); });
     EXPECT_EQ(events.size(), 2u);
-    EXPECT_DEATH(device.trace("post", [] { return Json { { "nom", "n" } }; }), "areFieldsOf");
-    EXPECT_DEATH(device.trace("post"), "areFieldsOf");
-    EXPECT_DEATH(device.trace("launched", [] { return Json { { "name", "n" } }; }), "areFieldsOf");
+    const auto nom = [](EventFields& fields) {
+        fields.add("nom", "n");
+    };
+    const auto turned = [](EventFields& fields) {
+        fields.add("object", nullptr, "selector", "s");
+    };
+    EXPECT_DEATH(device.trace("post", nom), "does not have there");
+    EXPECT_DEATH(device.trace("post"), "is missing");
+    EXPECT_DEATH(device.trace("launched", nom), "does not have there");
+    EXPECT_DEATH(device.trace("cancel", turned), "does not have there");
 }
 
 TEST(TraceEvents, HaveNamesOfTheirOwn)

@@ -1,4 +1,5 @@
 /// The trace as a person reads it.
+#include "simulator/device/EventFields.h"
 #include "simulator/scenario/TextFormat.h"
 #include "simulator/scenario/TextTemplate.h"
 #include "simulator/scenario/TraceWriter.h"
@@ -7,7 +8,10 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <set>
 #include <string>
 
@@ -261,6 +265,41 @@ TEST(JsonTrace, IsOneObjectALineWithNumbersThatReadBackTheSame)
 TEST(JsonTrace, ReplacesBytesThatAreNotUtf8)
 {
     EXPECT_EQ(jsonLine({ { "x", "a\xFFz" } }), "{\"x\":\"a\xEF\xBF\xBDz\"}\n");
+}
+
+TEST(JsonTrace, ALineIsToTheByteWhatTheObjectOfItsEventWouldBe)
+{
+    Device device;
+    std::string lines;
+    std::string objects;
+    device.traceLines = [&lines](std::string_view line) {
+        lines += line;
+    };
+    device.traceSink = [&objects](const Json& event) {
+        objects += jsonLine(event);
+    };
+    using Doubles = std::numeric_limits<double>;
+    using Integers = std::numeric_limits<std::int64_t>;
+    for (const double number : { 0.1, 1.0 / 3, -0.0, 100.0, 1e15, 1e16, 9.5e-5, Doubles::denorm_min(), Doubles::max(),
+             static_cast<double>(0.1F), Doubles::infinity(), Doubles::quiet_NaN() })
+        device.trace("dispatch", [number](EventFields& fields) { fields.add("delay", number); });
+    for (const std::string& text : { std::string("plain"), std::string("\"quoted\" \\ and /"),
+             std::string("\b\f\n\r\t\x01\x1f\x7f"), std::string("\xC3\xA9\xE2\x82\xAC"), std::string("a\xFFz"),
+             std::string("a\xC3"), std::string(1, '\0'), std::string() })
+        device.trace("post", [&text](EventFields& fields) { fields.add("name", text); });
+    const std::string held = "held";
+    const std::string* const none = nullptr;
+    device.trace("cancel", [&](EventFields& fields) { fields.add("selector", &held, "object", none); });
+    for (const std::int64_t mode : { Integers::min(), std::int64_t { -1 }, Integers::max() })
+        device.trace("indicator", [mode](EventFields& fields) { fields.add("by", "a", "mode", mode, "delay", 0.0); });
+    device.trace("animate", [](EventFields& fields) {
+        fields.add("duration", 0.0, "delay", 0.5F, "options", std::numeric_limits<std::uint64_t>::max());
+    });
+    device.trace("activeVolume", [](EventFields& fields) { fields.add("named", true); });
+    device.trace("tree", [](EventFields& fields) { fields.add("root", Json { { "a", { 1, nullptr, "\xFF" } } }); });
+    device.trace("launched");
+    EXPECT_EQ(lines, objects);
+    EXPECT_EQ(std::ranges::count(lines, '\n'), 28);
 }
 
 TEST(JsonTrace, WritesEventsAndNothingElse)

@@ -90,7 +90,7 @@ TEST_F(ClassesTest, ItsFieldsAreReadByKey)
     EXPECT_EQ(window.valueForKey("level").doubleValue(), 0.75);
     EXPECT_TRUE(window.valueForKey("_isOpen").boolValue());
     EXPECT_FALSE(window.valueForKey("_isShut"));
-    EXPECT_EQ(device.nameOf(window.fields()._rootView.get()), "_rootView");
+    EXPECT_THAT(device.nameOf(window.fields()._rootView.get()), ::testing::Pointee(std::string("_rootView")));
 }
 
 TEST_F(ClassesTest, ItsMethodsAreReachedBySelector)
