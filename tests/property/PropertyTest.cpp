@@ -1,10 +1,11 @@
 /// A few thousand random scenarios, after each command of which the invariants are looked at.
 #include "tests/property/Invariants.h"
 #include "tests/property/RandomScenario.h"
+#include "tests/property/Reduction.h"
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <string>
 
 namespace panotra::testing {
 namespace {
@@ -16,36 +17,9 @@ constexpr std::uint64_t scenariosPerBatch = 300;
 constexpr std::uint64_t firstBatch = PANOTRA_SANITIZED ? 8 : 0;
 constexpr std::uint64_t endOfBatches = PANOTRA_SANITIZED ? 10 : 8;
 
-std::vector<std::string> linesOf(const std::string& text)
+bool fails(const std::string& scenario)
 {
-    std::vector<std::string> lines;
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t end = text.find('\n', begin);
-        lines.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return lines;
-}
-
-std::string textOf(const std::vector<std::string>& lines)
-{
-    std::string text;
-    for (const std::string& line : lines)
-        text += line + "\n";
-    return text;
-}
-
-/// Leaves out every line without which the scenario still fails, so that what remains is what matters.
-std::string reduced(const std::string& failing)
-{
-    std::vector<std::string> lines = linesOf(failing);
-    for (std::size_t i = lines.size(); i-- > 0;) {
-        auto shorter = lines;
-        shorter.erase(shorter.begin() + static_cast<std::ptrdiff_t>(i));
-        if (lines[i] != "load" && firstViolation(textOf(shorter)))
-            lines = shorter;
-    }
-    return textOf(lines);
+    return scenario.find("load\n") != scenario.npos && firstViolation(scenario);
 }
 
 struct Batch : ::testing::TestWithParam<std::uint64_t> { };
@@ -56,7 +30,7 @@ TEST_P(Batch, WhateverHappensTheInvariantsHold)
     for (std::uint64_t seed = first; seed < first + scenariosPerBatch; ++seed) {
         const std::string scenario = randomScenario(seed);
         if (const auto violation = firstViolation(scenario)) {
-            const std::string remaining = reduced(scenario);
+            const std::string remaining = reduced(scenario, fails);
             FAIL() << "seed " << seed << ": " << *violation << "\nreduced to\n"
                    << remaining << "which ends in: " << firstViolation(remaining).value_or("nothing") << "\n";
         }
@@ -64,6 +38,14 @@ TEST_P(Batch, WhateverHappensTheInvariantsHold)
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, Batch, ::testing::Range(firstBatch, endOfBatches));
+
+TEST(Reduction, LeavesTheLinesThatMatter)
+{
+    const auto bothMatter = [](const std::string& scenario) {
+        return scenario.find("b\n") != std::string::npos && scenario.find("d\n") != std::string::npos;
+    };
+    EXPECT_EQ(reduced("a\nb\nc\nd\ne\n", bothMatter), "b\nd\n");
+}
 
 TEST(RandomScenario, TheSameSeedGivesTheSameScenario)
 {
