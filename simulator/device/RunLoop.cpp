@@ -305,6 +305,23 @@ std::size_t RunLoop::pendingCount() const
     return m_implementation->queue.size();
 }
 
+std::vector<RunLoop::Waiting> RunLoop::waiting() const
+{
+    std::vector<Waiting> list;
+    for (const auto& [place, work] : m_implementation->queue) {
+        Waiting& each = list.emplace_back(place.first, nullptr, nullptr, nullptr, false);
+        if (work.perform.has_value())
+            std::tie(std::ignore, each.selector, each.object) = *work.perform;
+        for (const auto& [animation, running] : m_implementation->running) {
+            if (running.end == place) {
+                each.ending = animation;
+                each.hasCompletion = running.completion != nullptr;
+            }
+        }
+    }
+    return list;
+}
+
 std::size_t RunLoop::runningAnimations() const
 {
     return m_implementation->animations.size();

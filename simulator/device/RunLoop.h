@@ -15,6 +15,15 @@ struct View;
 
 class RunLoop {
 public:
+    /// What is in the queue: a delayed perform, the end of an animation or, if it is neither, a block.
+    struct Waiting {
+        double due; ///< seconds
+        const HostSelector* selector; ///< null unless it is a perform
+        HostObject* object; ///< of a perform; may be null
+        const Animation* ending; ///< null unless it is such an end
+        bool hasCompletion; ///< of that animation
+    };
+
     explicit RunLoop(Device& device);
     ~RunLoop();
 
@@ -54,6 +63,8 @@ public:
     /// The deferred performs in the order of the queue: {"selector", "object", "due"}.
     Json pending() const;
     std::size_t pendingCount() const; ///< everything in the queue
+    /// Everything in the queue, in its order, for those who compare processes.
+    std::vector<Waiting> waiting() const;
     std::size_t runningAnimations() const;
     /// The animations that run now, oldest first, for those who draw what is between the values.
     const std::list<std::shared_ptr<Animation>>& animations() const;

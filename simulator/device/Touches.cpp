@@ -22,13 +22,6 @@ constexpr std::int64_t touchesEvent = 0; ///< UIEventTypeTouches
 } // namespace
 
 struct Touches::Implementation {
-    struct Finger {
-        Point down;
-        Point now;
-        PanRecognizer* recognizer; ///< counted; null: nothing under the finger takes drags
-        bool isDragging = false;
-    };
-
     explicit Implementation(Device& owner)
         : device(owner)
     {
@@ -94,14 +87,14 @@ void Touches::down(double x, double y)
     PanRecognizer* const recognizer = Implementation::recognizerOver(hit);
     retain(recognizer);
     m_implementation->lift();
-    m_implementation->finger = Implementation::Finger { point, point, recognizer, false };
+    m_implementation->finger = Finger { point, point, recognizer, false };
 }
 
 void Touches::move(double x, double y)
 {
     if (!m_implementation->finger.has_value())
         return;
-    Implementation::Finger& finger = *m_implementation->finger;
+    Finger& finger = *m_implementation->finger;
     finger.now = { x, y };
     if (finger.isDragging) {
         m_implementation->sendState(UIGestureRecognizerState::Changed);
@@ -118,6 +111,18 @@ void Touches::up()
     if (m_implementation->finger->isDragging)
         m_implementation->sendState(UIGestureRecognizerState::Ended);
     m_implementation->lift();
+}
+
+const std::optional<Touches::Finger>& Touches::finger() const
+{
+    return m_implementation->finger;
+}
+
+bool Touches::isDraggingSomething() const
+{
+    const auto& finger = m_implementation->finger;
+    return finger.has_value() && finger->isDragging && finger->recognizer != nullptr
+        && m_implementation->isReachable(*finger->recognizer);
 }
 
 } // namespace panotra::sim

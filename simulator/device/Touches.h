@@ -2,14 +2,25 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/device/Geometry.h"
 
 #include <memory>
+#include <optional>
 
 namespace panotra::sim {
+
+struct PanRecognizer;
 
 /// One finger on the mixer's window, in screen coordinates.
 class Touches {
 public:
+    struct Finger {
+        Point down;
+        Point now;
+        PanRecognizer* recognizer; ///< counted; null: nothing under the finger takes drags
+        bool isDragging = false;
+    };
+
     explicit Touches(Device& device);
     ~Touches();
 
@@ -17,6 +28,10 @@ public:
     void down(double x, double y);
     void move(double x, double y);
     void up();
+    /// The finger that is down, if one is.
+    const std::optional<Finger>& finger() const;
+    /// Whether the finger drags a slider that is still on the screen, not one that was torn down under it.
+    bool isDraggingSomething() const;
 
 private:
     struct Implementation;
