@@ -100,6 +100,13 @@ fuzz: ## feed the program anything, each fuzzer for FUZZ_SECONDS=60
 	@scripts/install-dependencies build test fuzz
 	@scripts/fuzz $(build) $(jobs) $(quiet)
 
+.PHONY: interleavings
+interleavings: ## look at every order of what races in real use, as deep as INTERLEAVING_SECONDS=600 allow
+	@scripts/install-dependencies build test
+	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
+	@cmake --build $(build) --parallel $(jobs) --target interleavings -- $(quiet)
+	@$(build)/tests/interleavings/interleavings --seconds $${INTERLEAVING_SECONDS:-600}
+
 .PHONY: faults
 faults: ## let files be damaged, system calls fail and processes die, FAULT_ROUNDS=1000 times at random moments
 	@scripts/install-dependencies build test
