@@ -7,20 +7,13 @@
 #include "simulator/scenario/Numbers.h"
 #include "simulator/systems/Systems.h"
 #include "simulator/text/Printable.h"
+#include "simulator/text/SmallLetters.h"
 
 #include <algorithm>
 
 namespace panotra::sim {
 
 namespace {
-
-std::string inSmallLetters(std::string_view text)
-{
-    std::string small(text);
-    std::ranges::transform(small, small.begin(),
-        [](char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter; });
-    return small;
-}
 
 /// "0, 1 or 2" is too long for many: the names in their order, with commas.
 std::string listed(const NamedNumbers& names)

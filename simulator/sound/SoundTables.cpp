@@ -2,21 +2,13 @@
 #include "simulator/sound/SoundTables.h"
 
 #include "facts/AudioNames.h"
+#include "simulator/text/SmallLetters.h"
 
 #include <algorithm>
 
 namespace panotra::sound {
 
 namespace {
-
-/// Only the letters of ASCII: roles and form factors have no others.
-std::string inSmallLetters(std::string_view text)
-{
-    std::string small(text);
-    std::ranges::transform(
-        small, small.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return small;
-}
 
 bool saysSomething(const std::string& portType)
 {

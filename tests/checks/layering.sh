@@ -27,7 +27,7 @@ simulator/picture           | any      | simulator/picture simulator/render simu
 simulator/gallery           | any      | simulator/gallery simulator/film simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
 simulator/film              | any      | simulator/film simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator facts simulator/text
 simulator/window            | any      | simulator/window simulator/picture simulator/render simulator/scenario simulator/device simulator/systems simulator/preferences simulator facts simulator/text
-simulator/sound             | any      | simulator/sound simulator/device facts
+simulator/sound             | any      | simulator/sound simulator/device facts simulator/text
 simulator/desktop           | any      | simulator/desktop simulator/sound simulator/window simulator/render simulator/picture simulator/scenario simulator/device simulator/preferences simulator facts simulator/text
 simulator/desktop/main.cpp  | any      | simulator/desktop simulator/commands simulator
 simulator/commands          | any      | simulator/commands simulator/film simulator/desktop simulator/systems simulator/window simulator/picture simulator/scenario simulator/preferences simulator facts simulator/text
