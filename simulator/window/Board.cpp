@@ -189,7 +189,8 @@ void addControls(Sheet& sheet, const Subject& subject, Area area)
         addButton(sheet, spot.area, control.cap, control.label,
             control.state != nullptr ? control.state(subject.phone) : std::string(),
             subject.emphasisOf(spot, isOn(control, subject.phone)));
-        sheet.spots.push_back(spot);
+        if (subject.phone.isSoundChosenHere() || !control.choosesSound)
+            sheet.spots.push_back(spot);
     }
     area.takeTop(groupGap);
     Area row = area.takeTop(buttonHeight);

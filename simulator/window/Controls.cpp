@@ -28,9 +28,7 @@ template <std::size_t route> constexpr Control routeControl(const char* key, con
     constexpr const char* name = routes[route];
     return { "Audio route", key, key, label, [](Phone& phone) { return phone.useRoute(name); }, nullptr,
         [](const Phone& phone) { return phone.isActive(name); },
-        [](const Phone& phone) -> std::string {
-            return phone.isPluggedIn(name) ? "plugged in" : "";
-        } };
+        [](const Phone& phone) -> std::string { return phone.isPluggedIn(name) ? "plugged in" : ""; }, true };
 }
 
 template <std::size_t listener> constexpr Control gestureControl(const char* key, const char* label)
@@ -66,14 +64,10 @@ constexpr std::array controls {
     routeControl<5>("6", "Headset BT"),
 
     Control { "Sound", "C", "C", "Category", [](Phone& phone) { return phone.nextCategory(); }, nullptr, nullptr,
-        [](const Phone& phone) {
-            return phone.category();
-        } },
+        [](const Phone& phone) { return phone.category(); }, true },
     Control { "Sound", "P", "P", "Phone call", [](Phone& phone) { return phone.beginOrEndCall(); }, nullptr,
         [](const Phone& phone) { return phone.isInCall(); },
-        [](const Phone& phone) -> std::string {
-            return phone.isInCall() ? "in a call" : "";
-        } },
+        [](const Phone& phone) -> std::string { return phone.isInCall() ? "in a call" : ""; }, true },
     Control { "Sound", "N", "N", "Notification", [](Phone& phone) { return phone.playNotificationSound(); }, nullptr,
         nullptr, nullptr },
 

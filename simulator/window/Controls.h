@@ -17,6 +17,7 @@ struct Control {
     Lines (*release)(Phone& phone); ///< null: it is not held
     bool (*isOn)(const Phone& phone); ///< null: it is never on
     std::string (*state)(const Phone& phone); ///< what stands beside the label; null: nothing
+    bool choosesSound = false; ///< where it is heard, or what plays
 };
 
 std::span<const Control> allControls();

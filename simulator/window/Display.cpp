@@ -82,6 +82,11 @@ double Display::pixelsPerPointerUnit() const
     return static_cast<double>(size().width) / std::max(width, 1);
 }
 
+void Display::raise() const
+{
+    SDL_RaiseWindow(m_window);
+}
+
 Display::Shown Display::show(
     const render::Bitmap& picture, const std::vector<render::PixelRect>& changed, std::string& failure)
 {

@@ -33,6 +33,8 @@ public:
     PixelSize size() const;
     /// How many pixels a unit of the pointer is.
     double pixelsPerPointerUnit() const;
+    /// Above other windows, as far as the display lets programs do that.
+    void raise() const;
     /// Brings the rectangles of the picture, which has the window's size, onto the display. The reason in `failure`
     /// if it failed.
     Shown show(const render::Bitmap& picture, const std::vector<render::PixelRect>& changed, std::string& failure);

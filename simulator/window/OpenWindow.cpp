@@ -1,15 +1,14 @@
 /// Everything that can be missing is asked for before the window opens.
 #include "simulator/window/OpenWindow.h"
 
-#include "simulator/device/Services.h"
 #include "simulator/picture/DrawnScenario.h"
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
-#include "simulator/render/Orientation.h"
 #include "simulator/text/Printable.h"
 #include "simulator/window/PreferenceWatch.h"
 #include "simulator/window/WindowFiles.h"
 #include "simulator/window/WindowLoop.h"
+#include "simulator/window/WindowMeans.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -28,10 +27,9 @@ ExitStatus failed(const std::string& message, ExitStatus status = ExitStatus::Fi
     return status;
 }
 
-void print(std::FILE* stream, const std::string& line)
+void print(const std::string& line)
 {
-    std::fprintf(stream, "%s\n", line.c_str());
-    std::fflush(stream);
+    std::fprintf(stderr, "%s\n", line.c_str());
 }
 
 /// What is wrong with options that do not go together, or nothing.
@@ -55,15 +53,6 @@ std::unique_ptr<render::Renderer> makeRendererOf(const WindowOptions& options, s
         return nullptr;
     }
     return makeRenderer(std::move(*wallpaper), complain, failure);
-}
-
-std::function<void()> pusherOf(std::uint32_t event)
-{
-    return [event] {
-        SDL_Event pushed {};
-        pushed.type = event;
-        SDL_PushEvent(&pushed);
-    };
 }
 
 std::unique_ptr<FolderWatch> watchPreferences(const std::string& folder, std::string& failure)
@@ -99,7 +88,7 @@ public:
         , m_scenario(std::move(scenario))
     {
         m_setup.expectationFailed = [this](std::size_t line, const std::string& message) {
-            print(stderr, aboutLine(m_scenario->name, line, message));
+            print(aboutLine(m_scenario->name, line, message));
         };
     }
 
@@ -125,7 +114,7 @@ private:
         Session session(m_setup, m_library);
         Phone phone(session.device());
         session.setWatcher([&phone](const Command& command) { phone.follow(command); });
-        Desk desk(session, meansOf(session, phone, renderer));
+        Desk desk(session, windowMeans(m_options.shotsFolder, session, phone, renderer));
         desk.pace() = m_pace;
         const auto statistics = m_options.wantsStatistics ? Statistics::Kept : Statistics::None;
         WindowLoop loop(display, session, phone, desk, renderer, statistics);
@@ -147,26 +136,13 @@ private:
         return wasClosed && (loop.wantsOtherSystem() || desk.wantsStart());
     }
 
-    Desk::Means meansOf(const Session& session, const Phone& phone, render::Renderer& renderer) const
-    {
-        return { .folder = m_options.shotsFolder,
-            .takePicture = [&](const std::string& path) -> std::optional<std::string> {
-                const render::Bitmap& screen = renderer.draw(session.device()).pixels;
-                if (!phone.isScreenOn())
-                    return writePng(render::Bitmap(screen.width(), screen.height(), render::PixelFormat::Opaque), path);
-                return writePng(render::asViewed(screen, session.device().screen->orientation), path);
-            },
-            .tell = [](const std::string& message) { print(stdout, message); },
-            .complain = complain };
-    }
-
     /// What was saved is played anew, unless it cannot be: then the old play stays.
     void takeSaved(const Session& session, Desk& desk)
     {
         auto read = readDrawnScenario(m_scenario->name);
         if (const auto* const trouble = std::get_if<ScenarioTrouble>(&read)) {
             for (const std::string& line : trouble->lines)
-                print(stderr, line);
+                print(line);
             return desk.say(trouble->lines.front(), true);
         }
         m_saved = std::move(std::get<ScenarioPointer>(read));
@@ -207,7 +183,7 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
         auto read = readDrawnScenario(*options.playFile);
         if (const auto* const trouble = std::get_if<ScenarioTrouble>(&read)) {
             for (const std::string& line : trouble->lines)
-                print(stderr, line);
+                print(line);
             return trouble->status;
         }
         scenario = std::move(std::get<ScenarioPointer>(read));

@@ -91,6 +91,8 @@ Lines Phone::switchScreen()
 
 Lines Phone::useRoute(const std::string& route)
 {
+    if (!isSoundChosenHere())
+        return {};
     Lines lines;
     if (route == route::speaker || route == route::receiver) {
         changeRoute(lines, route);
@@ -125,6 +127,8 @@ std::string Phone::announcement(const std::string& category, const char* reason)
 
 Lines Phone::nextCategory() const
 {
+    if (!isSoundChosenHere())
+        return {};
     const auto current = std::ranges::find(categories, category());
     const bool isLast = current == categories.end() || current + 1 == categories.end();
     const std::string next = isLast ? categories.front() : *(current + 1);
@@ -133,6 +137,8 @@ Lines Phone::nextCategory() const
 
 Lines Phone::beginOrEndCall()
 {
+    if (!isSoundChosenHere())
+        return {};
     const bool begins = !isInCall();
     const std::string next = begins ? category::phoneCall : *m_categoryBeforeCall;
     if (begins)
@@ -170,6 +176,11 @@ void Phone::follow(const Command& command)
         else
             m_finger = Point { words.number(0), words.number(1) };
     }
+}
+
+bool Phone::isInCall() const
+{
+    return isSoundChosenHere() ? m_categoryBeforeCall.has_value() : category() == category::phoneCall;
 }
 
 bool Phone::isActive(const std::string& route) const

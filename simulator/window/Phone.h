@@ -14,15 +14,23 @@ namespace panotra::sim {
 
 using Lines = std::vector<std::string>;
 
+/// Who says where sound is heard, and what plays.
+enum class SoundChoice {
+    Persons, ///< the person with the phone
+    Others, ///< nothing that is done to the phone changes it
+};
+
 /// Remembers what the device itself does not know: what is plugged in, and what went on before a call.
 class Phone {
 public:
-    explicit Phone(const Device& device)
+    explicit Phone(const Device& device, SoundChoice choice = SoundChoice::Persons)
         : m_device(device)
+        , m_soundChoice(choice)
     {
     }
 
-    // Each answers the lines that do it; the phone counts as being so from then on.
+    // Each answers the lines that do it; the phone counts as being so from then on. Where the choice is others', there
+    // are none for routes, categories and calls.
     Lines press(Button button) const;
     Lines release(Button button) const;
     Lines switchRinger();
@@ -43,7 +51,8 @@ public:
     bool isHeld(Button button) const;
     bool isRingerMuted() const { return m_isRingerMuted; }
     bool isScreenOn() const { return m_isScreenOn; }
-    bool isInCall() const { return m_categoryBeforeCall.has_value(); }
+    bool isInCall() const;
+    bool isSoundChosenHere() const { return m_soundChoice == SoundChoice::Persons; }
     /// Where the finger of a scenario is on the screen, in points; none if it is lifted.
     const std::optional<Point>& finger() const { return m_finger; }
     bool isActive(const std::string& route) const;
@@ -57,6 +66,7 @@ private:
     std::string announcement(const std::string& category, const char* reason) const;
 
     const Device& m_device;
+    SoundChoice m_soundChoice;
     std::vector<std::string> m_accessories; ///< the last one plugged in last
     std::optional<std::string> m_categoryBeforeCall; ///< none: there is no call
     std::optional<Point> m_finger;

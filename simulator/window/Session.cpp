@@ -183,7 +183,7 @@ void Session::lookForForeignChanges()
             tell(command);
         haveLooksChanged = haveLooksChanged || hasOtherLooks(parsed.scenario);
     }
-    for (const std::string& domain : changedDomains(before, m_settings)) {
+    for (const std::string& domain : changedDomains(announced(before), announced(m_settings))) {
         // Before the library is there nobody hears of it.
         if (const auto announcement = announcementOf(domain); announcement && m_isLoaded)
             act("notify " + *announcement);
@@ -192,6 +192,21 @@ void Session::lookForForeignChanges()
     if (haveLooksChanged && !isPlaying())
         m_looks.ask();
     showLooks();
+}
+
+/// Those settings whose change is announced.
+Json Session::announced(const Json& settings) const
+{
+    if (!m_setup.isUnannounced)
+        return settings;
+    Json some = Json::object();
+    for (const auto& domain : settings.items()) {
+        for (const auto& setting : domain.value().items()) {
+            if (!m_setup.isUnannounced(domain.key(), setting.key()))
+                some[domain.key()][setting.key()] = setting.value();
+        }
+    }
+    return some;
 }
 
 void Session::advance(std::chrono::microseconds time)

@@ -38,6 +38,9 @@ struct SessionSetup {
     std::function<void(std::string_view text)> trace {}; ///< gets the trace as JSON Lines; may be empty
     std::function<void(const std::string& message)> fileFailed {}; ///< as Audience has it
     std::function<void(std::size_t line, const std::string& message)> expectationFailed {}; ///< likewise
+    /// Settings whose change by others is recorded and not announced: whoever needs them reads them anew. Empty: none.
+    std::function<bool(const std::string& domain, const std::string& key)> isUnannounced {};
+    bool isOnlyPhone = false; ///< what drives it knows this phone alone: it is not started anew
 };
 
 class Session : private Stage {
@@ -97,7 +100,7 @@ public:
     bool expectationsHeld() const { return m_player.expectationsHeld(); }
 
     /// Whether the phone can be started anew: not if it is recorded or traced, for both know of one phone.
-    bool canStartAnew() const { return !m_setup.record && !m_setup.trace && !isRecording(); }
+    bool canStartAnew() const { return !m_setup.isOnlyPhone && !m_setup.record && !m_setup.trace && !isRecording(); }
     /// Whether it can be started as one of another system: a scenario says itself which it is for.
     bool canChangeSystem() const { return canStartAnew() && !m_playback; }
 
@@ -119,6 +122,7 @@ private:
     void record(const std::string& line);
     void run(const std::string& line);
     void tell(const Command& command);
+    Json announced(const Json& settings) const;
     void keep(TraceLine line);
     void moveClockTo(double time);
     void observe(const Json& event);

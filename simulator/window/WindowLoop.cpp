@@ -38,6 +38,12 @@ std::uint32_t WindowLoop::scenarioEvent()
     return event;
 }
 
+std::uint32_t WindowLoop::turnEvent()
+{
+    static const std::uint32_t event = SDL_RegisterEvents(1);
+    return event;
+}
+
 WindowLoop::WindowLoop(
     Display& display, Session& session, Phone& phone, Desk& desk, render::Renderer& renderer, Statistics statistics)
     : m_display(display)
@@ -68,6 +74,7 @@ bool WindowLoop::run(std::string& failure)
         for (SDL_Event event; SDL_PollEvent(&event) != 0;)
             handle(event);
         m_person.settle();
+        m_isOpen = (!m_onTurn || m_onTurn()) && m_isOpen;
     }
     m_session.finish();
     return isWell;

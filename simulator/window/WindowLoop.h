@@ -25,11 +25,15 @@ public:
     static std::uint32_t preferencesEvent();
     /// Likewise, when the file of the scenario that is played was saved.
     static std::uint32_t scenarioEvent();
+    /// Likewise, when there is something to do in `onTurn`.
+    static std::uint32_t turnEvent();
 
     WindowLoop(Display& display, Session& session, Phone& phone, Desk& desk, render::Renderer& renderer,
         Statistics statistics);
 
     void onScenarioSaved(std::function<void()> saved) { m_scenarioSaved = std::move(saved); }
+    /// Called in every turn of the loop, which ends when it answers false.
+    void onTurn(std::function<bool()> turn) { m_onTurn = std::move(turn); }
 
     /// Until the window is closed or another phone is asked for. Answers false and the reason in
     /// `failure` if the display fails before.
@@ -68,6 +72,7 @@ private:
     Moment m_noticeEnd; ///< when the notice on the sheet is to go
     std::size_t m_noticeShown = 0; ///< its number
     std::function<void()> m_scenarioSaved;
+    std::function<bool()> m_onTurn;
     const Statistics m_statistics;
     bool m_isOpen = true;
     bool m_isExposed = true; ///< the whole window has to be shown

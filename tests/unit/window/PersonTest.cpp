@@ -153,6 +153,20 @@ TEST_F(PersonTest, EveryControlHasAButtonInTheWindow)
         middleOf(Spot::Purpose::Control, index);
 }
 
+TEST_F(PersonTest, WhatOthersChooseIsSeenAndCannotBePressed)
+{
+    const Phone seen(session->device(), SoundChoice::Others);
+    const std::size_t drawn = sheet.elements.size();
+    sheet = makeSheet({ *session, seen, layout, person.attention() });
+    EXPECT_EQ(sheet.elements.size(), drawn);
+    for (std::size_t index = 0; index < allControls().size(); ++index) {
+        const bool canBePressed = std::ranges::any_of(sheet.spots, [index](const Spot& spot) {
+            return spot.isSameAs({ {}, Spot::Purpose::Control, index });
+        });
+        EXPECT_EQ(canBePressed, !allControls()[index].choosesSound) << allControls()[index].label;
+    }
+}
+
 TEST_F(PersonTest, TheMouseIsAFingerOnTheScreen)
 {
     person.pointerDown(onPhone(100, 200));

@@ -81,6 +81,18 @@ TEST_F(PhoneTest, ACallStaysOnTheHeadset)
     EXPECT_THAT(played(phone.useRoute("Headset"))[0], "route Receiver") << "there is nothing else in a call";
 }
 
+TEST_F(PhoneTest, WhereOthersChooseTheSoundThePhoneShowsItAndChoosesNone)
+{
+    Phone other(session->device(), SoundChoice::Others);
+    EXPECT_THAT(other.useRoute("Headphone"), IsEmpty());
+    EXPECT_THAT(other.nextCategory(), IsEmpty());
+    EXPECT_THAT(other.beginOrEndCall(), IsEmpty());
+    EXPECT_FALSE(other.isInCall());
+    played({ "route HeadsetBT", "category PhoneCall" });
+    EXPECT_TRUE(other.isActive("HeadsetBT"));
+    EXPECT_TRUE(other.isInCall());
+}
+
 TEST_F(PhoneTest, FourTurnsAreNone)
 {
     std::vector<std::string> seen;

@@ -135,6 +135,24 @@ TEST_F(SessionTest, WhatAnotherProcessWritesIsAnnouncedAndObeyed)
     EXPECT_EQ(newLines(), "");
 }
 
+TEST_F(SessionTest, AChangeOfWhatIsReadAnewIsRecordedAndNotAnnounced)
+{
+    auto setup = setupOfFixture();
+    setup.isUnannounced = [](const std::string&, const std::string& key) {
+        return key == "volume1";
+    };
+    session.emplace(std::move(setup), library);
+    newLines();
+    writeElsewhere("volume1", 0.25);
+    session->lookForForeignChanges();
+    EXPECT_EQ(newLines(), "pref net.qorvath.panotra volume1 float 0.25\n");
+    writeElsewhere("volume1", 0.5);
+    writeElsewhere("activeStyle", 1);
+    session->lookForForeignChanges();
+    EXPECT_THAT(newLines(), HasSubstr("\nnotify net.qorvath.panotra.settingschanged\n"));
+    EXPECT_EQ(*session->setting(ownDomain, "volume1"), 0.5);
+}
+
 TEST_F(SessionTest, WhatTheMixerSavesIsNotTakenForAnothersChange)
 {
     start();
