@@ -190,7 +190,8 @@ std::optional<VolumeSet> ServerReading::nextSet(Serial serial)
     if (!m_output || !m_route.hasSlot)
         return std::nullopt;
     const ChannelVolumes& current = m_inFlight.empty() ? m_output->volumes : m_inFlight.back().set.volumes;
-    if (wished.why == Wish::PutBack && peakOf(current) > fullVolume)
+    // Above full counts as full: whoever chooses full has it already.
+    if (peakOf(current) > fullVolume && (wished.why == Wish::PutBack || wished.level >= 1))
         return std::nullopt;
     const auto balance = m_balances.find(m_output->traits.name);
     VolumeSet set { serial, m_output->index,

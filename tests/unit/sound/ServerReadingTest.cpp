@@ -148,6 +148,15 @@ TEST_F(ServerReadingTest, WhoChoosesALevelIsHeardAlsoAboveFull)
     EXPECT_TRUE(tell(0.5f, Wish::Chosen));
 }
 
+TEST_F(ServerReadingTest, WhoChoosesFullAboveFullHasItAlready)
+{
+    begin();
+    setVolume(0, { fullVolume + 1000, fullVolume });
+    see();
+    EXPECT_FALSE(tell(1.0f, Wish::Chosen));
+    EXPECT_TRUE(reading.isAtRest());
+}
+
 TEST_F(ServerReadingTest, AnotherOutputIsAnotherRouteWithItsOwnVolume)
 {
     begin();
