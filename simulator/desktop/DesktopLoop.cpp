@@ -1,7 +1,7 @@
 /// poll, and nothing that asks again and again.
 #include "simulator/desktop/DesktopLoop.h"
 
-#include "simulator/desktop/DesktopStatus.h"
+#include "simulator/desktop/DesktopAnswers.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -48,6 +48,12 @@ void holdEndingSignals()
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 
+FileDescriptor openEndingSignals()
+{
+    const sigset_t signals = endingSignals();
+    return FileDescriptor(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+}
+
 DesktopBell::DesktopBell()
     : m_event(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {
@@ -76,11 +82,9 @@ DesktopLoop::DesktopLoop(
     : m_phone(phone)
     , m_mixer(mixer)
     , m_bell(bell)
-    , m_present(std::move(present))
-    , m_requests(door, [this](const std::string& request) { return answerTo(request); })
+    , m_requests(door, answersOf(mixer, std::move(present)))
+    , m_signals(openEndingSignals())
 {
-    const sigset_t signals = endingSignals();
-    m_signals = FileDescriptor(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
 bool DesktopLoop::turn(const std::function<Pause()>& show)
@@ -110,20 +114,6 @@ void DesktopLoop::wait(const Pause& pause)
     }
     if (::poll(waitingFor.data(), waitingFor.size(), milliseconds) > 0)
         m_isOver = waitingFor.front().revents != 0;
-}
-
-DesktopRequests::Answer DesktopLoop::answerTo(const std::string& request)
-{
-    if (request == request::present) {
-        return [this] {
-            return std::optional<std::string>(m_present() ? isShown : nothingToShow);
-        };
-    }
-    if (request != request::status)
-        return {};
-    return [this, asked = m_mixer.askAnew()]() -> std::optional<std::string> {
-        return m_mixer.isDone(asked) ? std::optional(statusOf(m_mixer)) : std::nullopt;
-    };
 }
 
 } // namespace panotra::sim

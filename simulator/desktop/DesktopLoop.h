@@ -52,18 +52,18 @@ public:
 
 private:
     void wait(const Pause& pause);
-    DesktopRequests::Answer answerTo(const std::string& request);
 
     DesktopPhone& m_phone;
     DesktopMixer& m_mixer;
     const DesktopBell& m_bell;
-    std::function<bool()> m_present;
-    preferences::FileDescriptor m_signals;
     DesktopRequests m_requests;
+    preferences::FileDescriptor m_signals;
     bool m_isOver = false;
 };
 
 /// Has the signals that end a program wait until the loop asks for them. Before any thread is made.
 void holdEndingSignals();
+/// Can be read from once one of them has come.
+preferences::FileDescriptor openEndingSignals();
 
 } // namespace panotra::sim
