@@ -14,8 +14,6 @@ using sound::Announcement;
 using sound::Reason;
 using sound::SetLevels;
 
-namespace {
-
 const char* nameOf(Reason reason)
 {
     switch (reason) {
@@ -29,18 +27,23 @@ const char* nameOf(Reason reason)
     return nullptr;
 }
 
-} // namespace
-
-DesktopMixer::DesktopMixer(
-    Device& device, sound::SoundServer& server, float limit, std::function<void(const std::string& line)> tell)
+DesktopMixer::DesktopMixer(Device& device, sound::SoundServer& server, float limit,
+    std::function<void(const std::string& line)> tell, Announce announce)
     : m_device(device)
     , m_server(server)
     , m_limit(limit)
     , m_tell(std::move(tell))
     , m_audio(m_reading, limit)
+    , m_announce(std::move(announce))
     , m_levels(device)
 {
     m_device.sound = &m_audio;
+    if (!m_announce) {
+        m_announce = [this](const Announcement& happened) {
+            m_device.home->announce(happened.category, nameOf(happened.reason), happened.level);
+            m_device.runLoop->turn();
+        };
+    }
 }
 
 DesktopMixer::~DesktopMixer()
@@ -104,8 +107,7 @@ void DesktopMixer::announce(const Announcement& happened)
             takeOver(slot, happened);
         m_audio.setLevels = isKnown ? SetLevels::PutBack : SetLevels::Dropped;
     }
-    m_device.home->announce(happened.category, nameOf(happened.reason), happened.level);
-    m_device.runLoop->turn();
+    m_announce(happened);
     m_audio.setLevels = SetLevels::Chosen;
 }
 
@@ -117,8 +119,7 @@ void DesktopMixer::takeOver(SlotNumber slot, const Announcement& happened)
     if (m_device.home->window() == nullptr)
         return;
     m_audio.setLevels = SetLevels::Dropped;
-    m_device.home->announce(happened.category, changeReason::explicitChange, happened.level);
-    m_device.runLoop->turn();
+    m_announce({ Reason::ExplicitVolume, happened.category, happened.route, happened.level });
 }
 
 } // namespace panotra::sim

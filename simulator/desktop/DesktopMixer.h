@@ -12,12 +12,19 @@
 
 namespace panotra::sim {
 
+/// As the platform calls it.
+const char* nameOf(sound::Reason reason);
+
 class DesktopMixer {
 public:
+    /// How the home screen is told of what happened, once the audio service shows it.
+    using Announce = std::function<void(const sound::Announcement& happened)>;
+
     /// `device` has launched; from now on the server makes its sound. `limit`: how loud what is put back may be, 0
-    /// to 1. `tell` gets a line for what a person should know. The server must outlive this.
-    DesktopMixer(
-        Device& device, sound::SoundServer& server, float limit, std::function<void(const std::string& line)> tell);
+    /// to 1. `tell` gets a line for what a person should know. `announce`: none: as a system does. The server must
+    /// outlive this.
+    DesktopMixer(Device& device, sound::SoundServer& server, float limit,
+        std::function<void(const std::string& line)> tell, Announce announce = {});
     ~DesktopMixer();
     DesktopMixer(const DesktopMixer&) = delete;
     DesktopMixer& operator=(const DesktopMixer&) = delete;
@@ -50,6 +57,7 @@ private:
     std::function<void(const std::string& line)> m_tell;
     sound::ServerReading m_reading;
     sound::ServerAudio m_audio;
+    Announce m_announce;
     StandInLevels m_levels;
     sound::Serial m_seen = 0; ///< the last snapshot
 };

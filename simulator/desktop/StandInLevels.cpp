@@ -27,6 +27,13 @@ std::optional<float> levelIn(const Json& domains, const char* domain, const char
 
 } // namespace
 
+bool StandInLevels::isLevel(std::string_view domainOfIt, std::string_view key)
+{
+    return domainOfIt == domain
+        || (domainOfIt == ownDomain
+            && std::ranges::find(volumeSlots, key, &VolumeSlot::preferenceKey) != volumeSlots.end());
+}
+
 StandInLevels::StandInLevels(Device& device)
     : m_device(device)
 {

@@ -10,12 +10,17 @@
 
 #include <array>
 #include <optional>
+#include <string_view>
 
 namespace panotra::sim {
 
 class StandInLevels {
 public:
     static constexpr const char* domain = "net.qorvath.panotra.desktop";
+
+    /// Whether a setting is a level, or says of one that it stands in: those are read whenever they are needed, and
+    /// mostly written by this program.
+    static bool isLevel(std::string_view domainOfIt, std::string_view key);
 
     explicit StandInLevels(Device& device);
 

@@ -4,6 +4,7 @@
 #include "simulator/desktop/DesktopStatus.h"
 #include "tests/support/HomeScreenTest.h"
 #include "tests/support/KnownFacts.h"
+#include "tests/unit/desktop/NumbersServer.h"
 
 #include <gmock/gmock.h>
 
@@ -19,61 +20,6 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-
-/// Does what it is told at once, and keeps what it was told.
-class NumbersServer final : public sound::SoundServer {
-public:
-    NumbersServer()
-    {
-        state.server = "numbers 1";
-        add("box", "speaker", "");
-        add("ear", "handset", "");
-        add("phones", "headphone", "");
-        add("set", "headset", "");
-        add("air", "headphone", "bluetooth");
-        add("air-set", "headset", "bluetooth");
-        add("screen", "tv", "");
-        state.defaultOutput = "box";
-    }
-
-    std::vector<sound::Report> take() override
-    {
-        state.asked = ++serial;
-        reports.emplace_back(state);
-        return std::exchange(reports, {});
-    }
-    sound::Serial nextSerial() override { return ++serial; }
-    void set(const sound::VolumeSet& set) override
-    {
-        for (sound::Output& output : state.outputs) {
-            if (output.index == set.output)
-                output.volumes = set.volumes;
-        }
-        state.changed = ++serial;
-        told.push_back(sound::levelOf(set.volumes));
-        reports.emplace_back(sound::Answer { set.serial, ++serial, true });
-    }
-    void ask() override { }
-
-    sound::Output& heard()
-    {
-        return *std::ranges::find(
-            state.outputs, state.defaultOutput, [](const sound::Output& each) { return each.traits.name; });
-    }
-
-    sound::Snapshot state;
-    std::vector<sound::Report> reports;
-    std::vector<float> told;
-    sound::Serial serial = 0;
-
-private:
-    void add(const char* name, const char* formFactor, const char* bus)
-    {
-        const auto index = static_cast<std::uint32_t>(state.outputs.size() + 1);
-        state.outputs.push_back(
-            { index, { .name = name, .formFactor = formFactor, .bus = bus }, "", { fullVolume / 2, fullVolume / 2 } });
-    }
-};
 
 class DesktopMixerTest : public HomeScreenTest {
 protected:
