@@ -5,6 +5,7 @@
 #include "simulator/desktop/DesktopLoop.h"
 #include "simulator/desktop/OneInstance.h"
 #include "simulator/desktop/Overlay.h"
+#include "simulator/desktop/PhoneWindow.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/RunLoop.h"
 #include "simulator/preferences/DefaultFolder.h"
@@ -61,6 +62,12 @@ bool present(DesktopPhone& phone)
 
 } // namespace
 
+float limitOf(const DesktopOptions& options)
+{
+    constexpr double percent = 100;
+    return static_cast<float>(options.limit / percent);
+}
+
 ExitStatus openDesktop(const DesktopOptions& options, const Library& library)
 {
     if (options.wantsStatus)
@@ -83,6 +90,8 @@ ExitStatus openDesktop(const DesktopOptions& options, const Library& library)
     }
     if (!std::filesystem::create_directories(folder, error) && error)
         return failed(printable(folder) + ": " + error.message());
+    if (options.isPhone)
+        return openPhoneWindow(options, library, folder, instance.descriptor());
 
     holdEndingSignals();
     const DesktopBell bell;
@@ -109,8 +118,7 @@ ExitStatus openDesktop(const DesktopOptions& options, const Library& library)
                            .isSeen = isSeen,
                            .complain = complain },
         library);
-    constexpr double percent = 100;
-    DesktopMixer mixer(phone.device(), *server, static_cast<float>(options.limit / percent), complain);
+    DesktopMixer mixer(phone.device(), *server, limitOf(options), complain);
     std::optional<Overlay> overlay;
     if (isSeen)
         overlay.emplace(phone, std::move(renderer), complain);

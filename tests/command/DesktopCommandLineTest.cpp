@@ -36,6 +36,14 @@ TEST_F(DesktopCommandLine, ALimitIsAPercentage)
     }
 }
 
+TEST_F(DesktopCommandLine, APhoneWantsADisplay)
+{
+    EXPECT_EQ(desktop("--phone --headless").status, 2);
+    const Ended ended = desktop("--phone --prefs preferences");
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_NE(ended.errors.find("no display to open a window on: "), std::string::npos) << ended.errors;
+}
+
 TEST_F(DesktopCommandLine, AFolderThatCannotBeIsNamed)
 {
     const Ended ended = desktop("--headless --prefs good/preferences");
