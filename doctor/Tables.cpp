@@ -101,7 +101,7 @@ std::vector<ClassRow> classRows(int system)
         for (const auto& row : table)
             addClass(rows, row.className, system == 0 || (row.since <= system && system <= row.until));
     };
-    addAll(hookRows);
+    addAll(hookedMethods);
     addAll(ios::messageRows);
     addAll(variableRows);
     return rows;
@@ -129,7 +129,7 @@ void examineTables(int system)
     examineClasses(system);
     {
         Table table(system, "hooks");
-        for (const HookRow& row : hookRows) {
+        for (const HostMethod& row : hookedMethods) {
             table.row(nameOfMethod(row.className, row.method, false), row.type, row.since, row.until,
                 findingOf(typeOfMethod(row.className, row.method, false)));
         }

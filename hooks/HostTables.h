@@ -6,34 +6,17 @@
 #pragma once
 
 #include "facts/AudioNames.h"
+#include "hooks/HookedMethod.h"
+#include "hooks/Panotra.h"
+#include "hooks/PreviousImplementations.h"
 #include "platform/AVSystemController.h"
 #include "platform/SpringBoard.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace panotra {
-
-/// The functions of ours, each with its own place for what it replaces.
-enum class Hook : std::uint8_t {
-    MotionBegan,
-    ApplicationDidFinishLaunching,
-    GetActiveCategoryVolume,
-    PostEffectiveVolumeNotification,
-    SetVolumeTo,
-    PlaySound,
-    SetRingerMuted,
-    ActivateRingerHUDFromMuteSwitch,
-    ActivateRingerHUD,
-    PresentHUDView,
-    PresentHUD,
-    ReorientHUDIfNeeded,
-    NoteInterfaceOrientationChanged,
-    PresentVolumeHUDWithMode,
-    PresentVolumeHUD,
-    SetStatusBarFrame,
-    SetModernStatusBarFrame,
-};
 
 /// When a row's turn comes.
 enum class Turn : std::uint8_t {
@@ -51,39 +34,64 @@ struct HookRow {
     const char* type; ///< the runtime's type code on 64-bit processors
     int since; ///< the first system that has it, counted from iOS 9
     int until; ///< the last one, up to iOS 16
-    Hook hook;
+    HookEntry (*entry)() noexcept; ///< of the function of ours that serves it
     const char* insteadOf = nullptr; ///< an older method of the class, whose answer now comes with a call of this one
 };
 
 using enum Turn;
 
+/// A function of ours with its own place for what it replaces.
+template <auto Function, auto Replaced>
+inline constexpr HookEntry (*by)() noexcept = HookedMethod<Function, Replaced>::entry;
+
+using Previous = PreviousImplementations;
+
 /// In the order of installation. The first row belongs into every process, the others into the home screen.
 // clang-format off
 inline constexpr std::array hookRows {
-    HookRow { Always,  "UIResponder",        "motionBegan:withEvent:",                             "v@:q@",     9, 16, Hook::MotionBegan },
-    HookRow { Always,  "SpringBoard",        "applicationDidFinishLaunching:",                     "v@:@",      9, 16, Hook::ApplicationDidFinishLaunching },
-    HookRow { Always,  "AVSystemController", "getActiveCategoryVolume:andName:fallbackCategory:",  "B@:^f^@@",  9, 16, Hook::GetActiveCategoryVolume },
+    HookRow { Always,  "UIResponder",        "motionBegan:withEvent:",                             "v@:q@",     9, 16, by<hooks::motionBegan, &Previous::motionBegan> },
+    HookRow { Always,  "SpringBoard",        "applicationDidFinishLaunching:",                     "v@:@",      9, 16, by<hooks::applicationDidFinishLaunching, &Previous::applicationDidFinishLaunching> },
+    HookRow { Always,  "AVSystemController", "getActiveCategoryVolume:andName:fallbackCategory:",  "B@:^f^@@",  9, 16, by<hooks::getActiveCategoryVolume, &Previous::getActiveCategoryVolume> },
     // One method, whose argument's type changed. The constructor takes it by the first row, on every system; the second
     // is for whoever compares types.
-    HookRow { Always,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:^v",     9, 15, Hook::PostEffectiveVolumeNotification },
-    HookRow { OrElse,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:@",     16, 16, Hook::PostEffectiveVolumeNotification },
-    HookRow { Always,  "AVSystemController", "setVolumeTo:forCategory:",                           "B@:f@",     9, 16, Hook::SetVolumeTo },
-    HookRow { Always,  "SBSoundController",  "playSound:environments:completion:",                 "B@:@q@?",   9, 16, Hook::PlaySound },
-    HookRow { Always,  "SBMediaController",  "setRingerMuted:",                                    "v@:B",      9, 12, Hook::SetRingerMuted },
-    HookRow { OrElse,  "SBRingerControl",    "setRingerMuted:",                                    "v@:B",     13, 16, Hook::SetRingerMuted },
-    HookRow { AndAlso, "SBRingerControl",    "activateRingerHUDFromMuteSwitch:",                   "v@:i",     13, 16, Hook::ActivateRingerHUDFromMuteSwitch },
-    HookRow { AndAlso, "SBRingerControl",    "activateRingerHUD:withInitialVolume:fromSource:",    "v@:ifQ",   16, 16, Hook::ActivateRingerHUD },
-    HookRow { Always,  "SBHUDController",    "presentHUDView:autoDismissWithDelay:",               "v@:@d",     9, 12, Hook::PresentHUDView },
-    HookRow { OrElse,  "SBHUDController",    "_presentHUD:animated:",                              "v@:@B",    13, 16, Hook::PresentHUD },
+    HookRow { Always,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:^v",     9, 15, by<hooks::postEffectiveVolumeNotification, &Previous::postEffectiveVolumeNotification> },
+    HookRow { OrElse,  "AVSystemController", "postEffectiveVolumeNotification:",                   "v@:@",     16, 16, by<hooks::postEffectiveVolumeNotification, &Previous::postEffectiveVolumeNotification> },
+    HookRow { Always,  "AVSystemController", "setVolumeTo:forCategory:",                           "B@:f@",     9, 16, by<hooks::setVolumeTo, &Previous::setVolumeTo> },
+    HookRow { Always,  "SBSoundController",  "playSound:environments:completion:",                 "B@:@q@?",   9, 16, by<hooks::playSound, &Previous::playSound> },
+    HookRow { Always,  "SBMediaController",  "setRingerMuted:",                                    "v@:B",      9, 12, by<hooks::setRingerMuted, &Previous::setRingerMuted> },
+    HookRow { OrElse,  "SBRingerControl",    "setRingerMuted:",                                    "v@:B",     13, 16, by<hooks::setRingerMuted, &Previous::setRingerMuted> },
+    HookRow { AndAlso, "SBRingerControl",    "activateRingerHUDFromMuteSwitch:",                   "v@:i",     13, 16, by<hooks::activateRingerHUDFromMuteSwitch, &Previous::activateRingerHUDFromMuteSwitch> },
+    HookRow { AndAlso, "SBRingerControl",    "activateRingerHUD:withInitialVolume:fromSource:",    "v@:ifQ",   16, 16, by<hooks::activateRingerHUD, &Previous::activateRingerHUD> },
+    HookRow { Always,  "SBHUDController",    "presentHUDView:autoDismissWithDelay:",               "v@:@d",     9, 12, by<hooks::presentHUDView, &Previous::presentHUDView> },
+    HookRow { OrElse,  "SBHUDController",    "_presentHUD:animated:",                              "v@:@B",    13, 16, by<hooks::presentHUD, &Previous::presentHUD> },
     // Up to 12 the application has it, too, beside what it took the place of.
-    HookRow { AndAlso, "SpringBoard",        "noteInterfaceOrientationChanged:duration:logMessage:", "v@:qd@", 13, 16, Hook::NoteInterfaceOrientationChanged, "windowRotationDuration" },
-    HookRow { Always,  "SBHUDController",    "reorientHUDIfNeeded:",                               "v@:B",      9, 12, Hook::ReorientHUDIfNeeded },
-    HookRow { Always,  "VolumeControl",      "_presentVolumeHUDWithMode:volume:",                  "v@:if",     9, 12, Hook::PresentVolumeHUDWithMode },
-    HookRow { OrElse,  "SBVolumeControl",    "_presentVolumeHUDWithVolume:",                       "v@:f",     13, 16, Hook::PresentVolumeHUD },
-    HookRow { Always,  "UIStatusBar",        "setFrame:",    "v@:{CGRect={CGPoint=dd}{CGSize=dd}}",  9, 16, Hook::SetStatusBarFrame },
-    HookRow { Always,  "_UIStatusBar",       "setFrame:",    "v@:{CGRect={CGPoint=dd}{CGSize=dd}}", 11, 16, Hook::SetModernStatusBarFrame },
+    HookRow { AndAlso, "SpringBoard",        "noteInterfaceOrientationChanged:duration:logMessage:", "v@:qd@", 13, 16, by<hooks::noteInterfaceOrientationChanged, &Previous::noteInterfaceOrientationChanged>, "windowRotationDuration" },
+    HookRow { Always,  "SBHUDController",    "reorientHUDIfNeeded:",                               "v@:B",      9, 12, by<hooks::reorientHUDIfNeeded, &Previous::reorientHUDIfNeeded> },
+    HookRow { Always,  "VolumeControl",      "_presentVolumeHUDWithMode:volume:",                  "v@:if",     9, 12, by<hooks::presentVolumeHUDWithMode, &Previous::presentVolumeHUDWithMode> },
+    HookRow { OrElse,  "SBVolumeControl",    "_presentVolumeHUDWithVolume:",                       "v@:f",     13, 16, by<hooks::presentVolumeHUD, &Previous::presentVolumeHUD> },
+    HookRow { Always,  "UIStatusBar",        "setFrame:",    "v@:{CGRect={CGPoint=dd}{CGSize=dd}}",  9, 16, by<hooks::setStatusBarFrame, &Previous::setStatusBarFrame> },
+    HookRow { Always,  "_UIStatusBar",       "setFrame:",    "v@:{CGRect={CGPoint=dd}{CGSize=dd}}", 11, 16, by<hooks::setModernStatusBarFrame, &Previous::setModernStatusBarFrame> },
 };
 // clang-format on
+
+/// A row for whoever looks for the method without hooking it: the library's functions stay behind.
+struct HostMethod {
+    Turn turn;
+    const char* className;
+    const char* method;
+    const char* type;
+    int since;
+    int until;
+};
+
+inline constexpr auto hookedMethods = [] {
+    std::array<HostMethod, hookRows.size()> methods {};
+    for (std::size_t index = 0; index < methods.size(); ++index) {
+        const HookRow& row = hookRows[index];
+        methods[index] = { row.turn, row.className, row.method, row.type, row.since, row.until };
+    }
+    return methods;
+}();
 
 /// An instance variable of a host object, read by key.
 struct VariableRow {

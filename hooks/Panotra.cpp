@@ -19,53 +19,6 @@ constinit PreviousImplementations previous;
 
 namespace {
 
-using Previous = PreviousImplementations;
-
-/// What is installed for a function of ours. Does not compile where one is forgotten.
-HookEntry entryOf(Hook hook)
-{
-    switch (hook) {
-    case Hook::MotionBegan:
-        return HookedMethod<hooks::motionBegan, &Previous::motionBegan>::entry();
-    case Hook::ApplicationDidFinishLaunching:
-        return HookedMethod<hooks::applicationDidFinishLaunching, &Previous::applicationDidFinishLaunching>::entry();
-    case Hook::GetActiveCategoryVolume:
-        return HookedMethod<hooks::getActiveCategoryVolume, &Previous::getActiveCategoryVolume>::entry();
-    case Hook::PostEffectiveVolumeNotification:
-        return HookedMethod<hooks::postEffectiveVolumeNotification,
-            &Previous::postEffectiveVolumeNotification>::entry();
-    case Hook::SetVolumeTo:
-        return HookedMethod<hooks::setVolumeTo, &Previous::setVolumeTo>::entry();
-    case Hook::PlaySound:
-        return HookedMethod<hooks::playSound, &Previous::playSound>::entry();
-    case Hook::SetRingerMuted:
-        return HookedMethod<hooks::setRingerMuted, &Previous::setRingerMuted>::entry();
-    case Hook::ActivateRingerHUDFromMuteSwitch:
-        return HookedMethod<hooks::activateRingerHUDFromMuteSwitch,
-            &Previous::activateRingerHUDFromMuteSwitch>::entry();
-    case Hook::ActivateRingerHUD:
-        return HookedMethod<hooks::activateRingerHUD, &Previous::activateRingerHUD>::entry();
-    case Hook::PresentHUDView:
-        return HookedMethod<hooks::presentHUDView, &Previous::presentHUDView>::entry();
-    case Hook::PresentHUD:
-        return HookedMethod<hooks::presentHUD, &Previous::presentHUD>::entry();
-    case Hook::ReorientHUDIfNeeded:
-        return HookedMethod<hooks::reorientHUDIfNeeded, &Previous::reorientHUDIfNeeded>::entry();
-    case Hook::NoteInterfaceOrientationChanged:
-        return HookedMethod<hooks::noteInterfaceOrientationChanged,
-            &Previous::noteInterfaceOrientationChanged>::entry();
-    case Hook::PresentVolumeHUDWithMode:
-        return HookedMethod<hooks::presentVolumeHUDWithMode, &Previous::presentVolumeHUDWithMode>::entry();
-    case Hook::PresentVolumeHUD:
-        return HookedMethod<hooks::presentVolumeHUD, &Previous::presentVolumeHUD>::entry();
-    case Hook::SetStatusBarFrame:
-        return HookedMethod<hooks::setStatusBarFrame, &Previous::setStatusBarFrame>::entry();
-    case Hook::SetModernStatusBarFrame:
-        return HookedMethod<hooks::setModernStatusBarFrame, &Previous::setModernStatusBarFrame>::entry();
-    }
-    return {};
-}
-
 /// A class is looked up once for all its hooks that follow each other. A class that inherits the method gets one of its
 /// own first: hooking frameworks differ, and one that hooks what it finds would hook the superclass, and with it every
 /// view of the process.
@@ -98,7 +51,7 @@ void install(std::span<const HookRow> rows)
             className = row.className;
             hostClass = objc_getClass(className);
         }
-        const HookEntry entry = entryOf(row.hook);
+        const HookEntry entry = row.entry();
         *entry.owner = hostClass;
         overrideInherited(hostClass, row.method, entry.callInherited);
         replaceMethod(hostClass, row.method, entry.implementation, entry.previous);

@@ -36,7 +36,7 @@ TEST_P(OnSystem, HooksOfEachKindTheOneMethodThatIsThere)
 {
     load();
     std::vector<std::pair<std::string, std::string>> expected;
-    for (const HookRow& row : hookRows) {
+    for (const HostMethod& row : hookedMethods) {
         const std::pair<std::string, std::string> method { row.className, row.method };
         if (row.since <= GetParam() && GetParam() <= row.until)
             expected.push_back(method);

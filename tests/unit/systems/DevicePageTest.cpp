@@ -111,7 +111,7 @@ TEST(DevicePage, HasARowForEveryMethodThatIsHooked)
     std::string all;
     for (const Feature& feature : readFeatures())
         all += feature.restsOn;
-    for (const HookRow& row : hookRows) {
+    for (const HostMethod& row : hookedMethods) {
         const std::string method = '`' + std::string(row.className) + ' ' + row.method + '`';
         EXPECT_NE(all.find(method), std::string::npos) << method;
     }

@@ -64,7 +64,7 @@ std::string mistakeOf(const Claim& claim)
 std::vector<Claim> claimsOfHooks()
 {
     std::vector<Claim> claims;
-    for (const HookRow& row : hookRows)
+    for (const HostMethod& row : hookedMethods)
         claims.push_back({ Kind::Method, row.className, row.method, row.type, row.since, row.until });
     return claims;
 }
@@ -125,7 +125,7 @@ TEST(TablesOfTheLibrary, HookOneMethodOfEachKindOnEverySystem)
 {
     for (int system = oldest; system <= newest; ++system) {
         int inTurn = 0;
-        const HookRow* first = nullptr;
+        const HostMethod* first = nullptr;
         const auto conclude = [&] {
             const bool beganLate
                 = first != nullptr && std::string_view(first->className) == "_UIStatusBar" && system < 11;
@@ -136,7 +136,7 @@ TEST(TablesOfTheLibrary, HookOneMethodOfEachKindOnEverySystem)
             EXPECT_EQ(inTurn, first == nullptr || beganLate || endedEarly ? 0 : 1)
                 << system << ' ' << (first ? first->method : "");
         };
-        for (const HookRow& row : hookRows) {
+        for (const HostMethod& row : hookedMethods) {
             if (row.turn == Always) {
                 conclude();
                 first = &row;
