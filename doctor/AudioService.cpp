@@ -17,6 +17,8 @@ void examineAudioService()
         writeLine({ "  not there" });
     const NSString route = NSString::checked(audio.attributeForKey(AVController_ActiveAudioRouteAttribute));
     writeLine({ "  route: ", route ? route.view() : "unknown" });
+    const NSString remembered = NSString::checked(SBAVSystemControllerCache::sharedInstance().activeAudioRoute());
+    writeLine({ "  route, as the home screen remembers it: ", remembered ? remembered.view() : "unknown" });
     for (const char* const name : audioCategories) {
         float level = 0;
         const bool isKnown = audio.getVolume(&level, NSString::stringWithUTF8String(name));

@@ -17,9 +17,9 @@ void examine() noexcept
     writeLine({ "" });
     const int system = examineProcess();
     examineTables(system);
-    examineApplication();
+    examineApplication(system);
     examineAudioService();
-    awaitAnnouncement();
+    awaitCalls(system);
 }
 
 [[gnu::constructor]] void initialize()

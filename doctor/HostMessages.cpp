@@ -1,10 +1,16 @@
 /// Tables of names, and a line each.
 #include "doctor/HostMessages.h"
 
+#include "platform/SpringBoard.h"
+#include "platform/UIScreen.h"
 #include "platform/ios/Classes.h"
 #include "platform/ios/Firewall.h"
 #include "platform/ios/ObjectiveC.h"
+#include "platform/ios/Scenes.h"
 #include "platform/ios/Send.h"
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace panotra::doctor {
 
@@ -13,22 +19,14 @@ using namespace ios;
 namespace {
 
 constinit ClassName UIDevice { "UIDevice" };
-constinit ClassName NSThread { "NSThread" };
-constinit ClassName NSNotificationCenter { "NSNotificationCenter" };
 
 constinit Selector<id()> currentDevice { "currentDevice" };
 constinit Selector<id()> systemVersionOfDevice { "systemVersion" };
-constinit Selector<bool()> isMainThread { "isMainThread" };
-constinit Selector<id()> defaultCenter { "defaultCenter" };
-constinit Selector<void(id, SEL, id, id)> addObserverToCenter { "addObserver:selector:name:object:" };
-constinit Selector<void(id)> removeObserverFromCenter { "removeObserver:" };
-constinit Selector<id()> name { "name" };
-constinit Selector<id()> userInfo { "userInfo" };
 constinit Selector<id()> allKeys { "allKeys" };
 
-NSObject center() noexcept
+::Method methodOf(OwnMethod* method) noexcept
 {
-    return ask<NSObject>(NSNotificationCenter, defaultCenter);
+    return reinterpret_cast<::Method>(method);
 }
 
 } // namespace
@@ -37,11 +35,6 @@ NSString systemVersion() noexcept
 {
     const NSObject device = ask<NSObject>(UIDevice, currentDevice);
     return NSString::checked(ask<NSObject>(device.get(), systemVersionOfDevice));
-}
-
-bool isOnMainThread() noexcept
-{
-    return send(NSThread, isMainThread);
 }
 
 bool hasClass(const char* className) noexcept
@@ -71,25 +64,58 @@ const char* typeOfVariable(const char* className, const char* variable) noexcept
     });
 }
 
-void addObserver(const NSObject& observer, const char* called, const NSObject& object) noexcept
+std::vector<std::string> namesOfOwnMethods(const char* className)
 {
-    const NSString wanted = called != nullptr ? NSString::stringWithUTF8String(called) : NSString();
-    send(center().get(), addObserverToCenter, observer.get(), selectorNamed("observe:"), wanted.get(), object.get());
+    std::vector<std::string> names;
+    ::Class const hostClass = ::objc_getClass(className);
+    unsigned count = 0;
+    ::Method* const methods = hostClass != nullptr ? class_copyMethodList(hostClass, &count) : nullptr;
+    for (unsigned index = 0; index < count; ++index)
+        names.emplace_back(sel_getName(method_getName(methods[index])));
+    std::free(methods);
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
-void removeObserver(const NSObject& observer) noexcept
+OwnMethod* ownMethod(const char* className, const char* method) noexcept
 {
-    send(center().get(), removeObserverFromCenter, observer.get());
+    ::Class const hostClass = ::objc_getClass(className);
+    ::SEL const name = sel_registerName(method);
+    unsigned count = 0;
+    ::Method* const methods = hostClass != nullptr ? class_copyMethodList(hostClass, &count) : nullptr;
+    ::Method found = nullptr;
+    for (unsigned index = 0; index < count; ++index) {
+        if (method_getName(methods[index]) == name)
+            found = methods[index];
+    }
+    std::free(methods);
+    return reinterpret_cast<OwnMethod*>(found);
 }
 
-NSString nameOfNotification(const NSObject& notification) noexcept
+IMP implementationOf(OwnMethod* method) noexcept
 {
-    return NSString::checked(ask<NSObject>(notification.get(), name));
+    return reinterpret_cast<IMP>(method_getImplementation(methodOf(method)));
 }
 
-NSDictionary contentsOfNotification(const NSObject& notification) noexcept
+IMP setImplementation(OwnMethod* method, IMP implementation) noexcept
 {
-    return NSDictionary::checked(ask<NSObject>(notification.get(), userInfo));
+    return reinterpret_cast<IMP>(method_setImplementation(methodOf(method), reinterpret_cast<::IMP>(implementation)));
+}
+
+NSObject connectedScenes() noexcept
+{
+    return ask<NSObject>(
+        ask<NSObject>(UIApplication::current().get(), selectors::connectedScenes).get(), selectors::allObjects);
+}
+
+bool isOfMainScreen(const NSObject& scene) noexcept
+{
+    return scene && ask<UIScreen>(scene.get(), selectors::sceneScreen) == UIScreen::mainScreen();
+}
+
+NSObject objectAt(const NSObject& list, std::size_t index) noexcept
+{
+    return ask<NSObject>(list.get(), selectors::objectAtIndex, index);
 }
 
 NSObject keysOf(const NSDictionary& dictionary) noexcept
@@ -104,7 +130,7 @@ std::size_t countOf(const NSObject& list) noexcept
 
 NSString stringAt(const NSObject& list, std::size_t index) noexcept
 {
-    return NSString::checked(ask<NSObject>(list.get(), selectors::objectAtIndex, index));
+    return NSString::checked(objectAt(list, index));
 }
 
 const char* kindOf(const NSObject& value) noexcept

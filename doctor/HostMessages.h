@@ -4,12 +4,13 @@
 #include "platform/NSString.h"
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace panotra::doctor {
 
 /// "12.4.1".
 NSString systemVersion() noexcept;
-bool isOnMainThread() noexcept;
 
 // What the runtime says of a class. It may ask the class about a method that it does not find; a raise inside that
 // counts as "not there".
@@ -20,14 +21,22 @@ const char* typeOfMethod(const char* className, const char* method, bool isOfCla
 /// The same of an instance variable.
 const char* typeOfVariable(const char* className, const char* variable) noexcept;
 
-/// From now on `observer` is sent `observe:` with notifications of that name, null for any, that are posted in the name
-/// of `object`, null for anybody's.
-void addObserver(const NSObject& observer, const char* name, const NSObject& object) noexcept;
-/// From now on it is sent none.
-void removeObserver(const NSObject& observer) noexcept;
+/// The names of the methods that the class's own objects have of its own, in the alphabet's order.
+std::vector<std::string> namesOfOwnMethods(const char* className);
 
-NSString nameOfNotification(const NSObject& notification) noexcept;
-NSDictionary contentsOfNotification(const NSObject& notification) noexcept;
+/// A method that a class has of its own, to be exchanged.
+struct OwnMethod;
+/// Null for one that is inherited or missing.
+OwnMethod* ownMethod(const char* className, const char* method) noexcept;
+IMP implementationOf(OwnMethod* method) noexcept;
+/// Answers the implementation that was there.
+IMP setImplementation(OwnMethod* method, IMP implementation) noexcept;
+
+/// The scenes of the process; null where there are none.
+NSObject connectedScenes() noexcept;
+/// Whether a scene belongs to the main screen.
+bool isOfMainScreen(const NSObject& scene) noexcept;
+NSObject objectAt(const NSObject& list, std::size_t index) noexcept;
 
 /// All keys of a dictionary, in its order.
 NSObject keysOf(const NSDictionary& dictionary) noexcept;

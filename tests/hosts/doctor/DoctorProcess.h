@@ -11,8 +11,14 @@ namespace panotra::hosts {
 void prepareForDoctor(sim::Device& device, int system);
 /// Puts a file on the list of what the dynamic loader has loaded.
 void noteLoaded(const std::string& path);
-/// The audio service announces a change, and posts a notification of it, on the thread that calls this.
-void announceByItself();
+/// Odd: keys of more than one system, values of other kinds, and none of the reason's.
+enum class Announcement { Usual, Odd };
+/// The audio service announces a change, on the thread that calls this.
+void announceByItself(Announcement);
+/// Another library hooks the announcements, in front of whoever stands there.
+void hookAnnouncements();
+/// What an announcement would run now.
+void* implementationOfAnnouncements();
 /// From now on the class raises when the runtime asks it to make a method that it has not.
 void raiseOverMissingMethods(const std::string& className);
 /// What the doctor has written so far.

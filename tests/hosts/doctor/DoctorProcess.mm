@@ -1,4 +1,4 @@
-/// Stand-ins for what only the doctor imports, and the service's notification.
+/// Stand-ins for what only the doctor imports, and the service's announcements.
 #include "tests/hosts/doctor/DoctorProcess.h"
 
 #include "simulator/device/ClassTable.h"
@@ -61,8 +61,7 @@ void prepareForDoctor(sim::Device& device, int system)
 {
     systemNumber = system;
     mainThread = [[NSThread currentThread] retain];
-    for (const char* const name : { "UIDevice", "NSNotificationCenter", "NSThread" })
-        device.classes->setPresent(name, true);
+    device.classes->setPresent("UIDevice", true);
 }
 
 void noteLoaded(const std::string& path)
@@ -70,8 +69,7 @@ void noteLoaded(const std::string& path)
     loadedFiles().push_back(path);
 }
 
-/// The service passes the dictionary that it was given on to whoever observes.
-void announceByItself()
+void announceByItself(Announcement kind)
 {
     NSAutoreleasePool* const pool = [NSAutoreleasePool new];
     const auto text = [](const char* key) {
@@ -80,14 +78,15 @@ void announceByItself()
     const auto keyFor = [&](const char* key) {
         return text(sim::currentKey(*sim::Device::current(), key));
     };
-    NSDictionary* const announcement =
+    NSNumber* const level = [NSNumber numberWithFloat:0.25f];
+    NSDictionary* announcement =
         [NSDictionary dictionaryWithObjectsAndKeys:@"Audio/Video", keyFor("AudioCategory"), @"ExplicitVolumeChange",
-                      keyFor("AudioVolumeChangeReason"), [NSNumber numberWithFloat:0.25f], keyFor("AudioVolume"), nil];
-    AVSystemController* const audio = [AVSystemController sharedAVSystemController];
-    [audio postEffectiveVolumeNotification:announcement];
-    [[NSNotificationCenter defaultCenter] postNotificationName:@"AVSystemController_SystemVolumeDidChangeNotification"
-                                                        object:audio
-                                                      userInfo:announcement];
+                      keyFor("AudioVolumeChangeReason"), level, keyFor("AudioVolume"), nil];
+    if (kind == Announcement::Odd)
+        announcement =
+            [NSDictionary dictionaryWithObjectsAndKeys:level, text("AudioCategory"), level, text("SilenceVolumeHUD"),
+                          level, text("AudioVolume"), @"0.25", text("Volume"), nil];
+    [[AVSystemController sharedAVSystemController] postEffectiveVolumeNotification:announcement];
     [pool drain];
 }
 
@@ -99,6 +98,30 @@ void raiseOverMissingMethods(const std::string& className)
     };
     class_addMethod(object_getClass(classNamed(className.c_str())), @selector(resolveInstanceMethod:),
         reinterpret_cast<IMP>(+resolve), "B");
+}
+
+namespace {
+
+IMP hookedLater = nullptr;
+
+void announcedToLaterHook(id self, SEL selector, id announcement)
+{
+    reinterpret_cast<void (*)(id, SEL, id)>(hookedLater)(self, selector, announcement);
+}
+
+} // namespace
+
+void hookAnnouncements()
+{
+    const Class hostClass = classNamed("AVSystemController");
+    const SEL selector = @selector(postEffectiveVolumeNotification:);
+    hookedLater = class_replaceMethod(hostClass, selector, reinterpret_cast<IMP>(announcedToLaterHook), "v@:@");
+}
+
+void* implementationOfAnnouncements()
+{
+    return reinterpret_cast<void*>(
+        class_getMethodImplementation(classNamed("AVSystemController"), @selector(postEffectiveVolumeNotification:)));
 }
 
 std::string reportOfDoctor()
@@ -159,6 +182,18 @@ Method __wrap_class_getClassMethod(Class hostClass, SEL selector)
 {
     noteCrossing("class_getClassMethod");
     return class_getClassMethod(hostClass, selector);
+}
+
+IMP __wrap_method_setImplementation(Method method, IMP implementation)
+{
+    noteCrossing("method_setImplementation");
+    return method_setImplementation(method, implementation);
+}
+
+const char* __wrap_sel_getName(SEL selector)
+{
+    noteCrossing("sel_getName");
+    return sel_getName(selector);
 }
 
 const char* __wrap_class_getName(Class hostClass)

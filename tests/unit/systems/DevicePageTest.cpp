@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iterator>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -129,6 +131,31 @@ TEST(DevicePage, NamesNothingThatNoSystemHas)
             }
         }
     }
+}
+
+/// The numbers of the notes of a cell: "(1, 2)".
+std::vector<std::string> notesOf(const std::string& cell)
+{
+    const std::size_t start = cell.find('(');
+    return start == std::string::npos ? std::vector<std::string>()
+                                      : split(cell.substr(start + 1, cell.size() - start - 2), ",");
+}
+
+/// Whatever is not certain is looked at on the phone, and the line says for which note.
+TEST(DevicePage, HasALineOfTheDoctorsForEveryNoteByWhichSomethingIsNotCertain)
+{
+    std::ifstream file(PANOTRA_DOCTORS_REPORT);
+    const std::string report { std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>() };
+    std::set<std::string> notes;
+    for (const Feature& feature : readFeatures()) {
+        for (const std::string& cell : feature.cells) {
+            if (verdictOf(cell) == "expected")
+                std::ranges::copy(notesOf(cell), std::inserter(notes, notes.end()));
+        }
+    }
+    EXPECT_GE(notes.size(), 8u);
+    for (const std::string& note : notes)
+        EXPECT_NE(report.find("(note " + note + ")"), std::string::npos) << note;
 }
 
 /// "*ROW*" of what a row rests on; empty if it is no row.

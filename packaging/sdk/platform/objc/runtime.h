@@ -15,6 +15,7 @@ extern "C" {
 // Names.
 Class objc_getClass(const char* name) noexcept;
 SEL sel_registerName(const char* name) noexcept;
+const char* sel_getName(SEL) noexcept;
 
 // What an object is and what it answers to. Those that search a class for a method, its superclasses included, ask the
 // class to make one that is missing.
@@ -30,6 +31,7 @@ Method class_getClassMethod(Class, SEL);
 Method* class_copyMethodList(Class, unsigned* count) noexcept; // the class's own alone; to be freed
 SEL method_getName(Method) noexcept;
 IMP method_getImplementation(Method) noexcept;
+IMP method_setImplementation(Method, IMP) noexcept; // what was there
 unsigned method_getNumberOfArguments(Method) noexcept; // receiver and selector included
 const char* method_getTypeEncoding(Method) noexcept;
 Ivar class_getInstanceVariable(Class, const char* name) noexcept;
