@@ -37,80 +37,68 @@ library() {
         "${usual_place[@]}" "${usual_names[@]}" -Wl,-adhoc_codesign "$@" -o "$planted"
 }
 
+# Plants that say nothing of one another share a library: the check goes on after each complaint.
 constructor='extern "C" void* malloc(unsigned long); [[gnu::constructor]] static void start() { malloc(1); }'
 # Data of a name and a value that nobody asks for and that stay all the same.
-kept() { echo "$constructor; [[gnu::used]] static $1 = $2;"; }
+kept() { echo "[[gnu::used]] static $1 = $2;"; }
 
-# Imports and libraries.
-
-library -Wl,-undefined,dynamic_lookup <<<"extern \"C\" void puts(); $(kept 'void (*pointer)()' puts)"
-expect_refused "an import that no stub allows" 'imports flat-namespace _puts, which no stub allows'
 library <<<"$constructor"
-expect_refused "a stub that allows more than is used, and a library that is not linked" \
+expect_refused "a stub that allows more than is used, a library that is not linked, no message, the linker's signature" \
     'does not import libSystem _free' \
-    'is not linked to /usr/lib/libobjc.A.dylib'
-library -Wl,-weak-lobjc <<<"$constructor"
-expect_refused "a library that may be missing" 'is linked in another way to /usr/lib/libobjc.A.dylib: LC_LOAD_WEAK_DYLIB'
+    'is not linked to /usr/lib/libobjc.A.dylib' \
+    'sends no messages' \
+    'has a signature of 1 parts, not 4'
+
+# Everything that the dynamic loader acts upon. A section of each kind does something at load.
+sections=(__mod_term_func __objc_imageinfo __objc_nlclslist __interpose __init_offsets)
+{
+    echo "$constructor [[gnu::constructor]] static void again() { malloc(2); } extern \"C\" void puts();"
+    kept 'void (*pointer)()' puts
+    for section in "${sections[@]}"; do
+        kept "long of$section [[gnu::section(\"__DATA,$section\")]]" 0
+    done
+    kept 'char room[200000]' '{ 1 }'
+    kept 'const char* path' '"/home/somebody/Panotra.cpp"'
+} | library -Wl,-undefined,dynamic_lookup -Wl,-weak-lobjc -install_name /usr/lib/Panotra.dylib -Wl,-rpath,/var/jb/usr/lib
+expect_refused "a library of which nearly everything is wrong" \
+    'imports flat-namespace _puts, which no stub allows' \
+    'is linked in another way to /usr/lib/libobjc.A.dylib: LC_LOAD_WEAK_DYLIB' \
+    'has 16 bytes of constructors' \
+    "${sections[@]/#/has a section }" \
+    'is installed as /usr/lib/Panotra.dylib' \
+    "searches ./var/jb/usr/lib., not .." \
+    'bytes long, more than 131072' \
+    'holds the path /home/somebody/Panotra.cpp'
 
 mkdir "$scratch/stubs"
 sed -e "s|/usr/lib/libSystem.B.dylib|/usr/lib/libOther.dylib|" -e 's|compatibility-version: 0|compatibility-version: 3|' \
     -e 's|_malloc|_other|' "$stubs/mixer/libSystem.tbd" >"$scratch/stubs/libOther.tbd"
-library -L "$scratch/stubs" -lOther <<<"extern \"C\" void other(); $(kept 'void (*pointer)()' other)"
-expect_refused "another library, of a version that an old system may not have" \
-    'is linked to /usr/lib/libOther.dylib' \
-    'asks for version 3.0.0 of /usr/lib/libOther.dylib'
-
-# Sections.
-
-library <<<"$constructor [[gnu::constructor]] static void again() { malloc(2); }"
-expect_refused "two constructors" 'has 16 bytes of constructors'
-library <<<'int nothing;'
-expect_refused "no constructor" 'has 0 bytes of constructors'
-for section in __mod_term_func __objc_imageinfo __objc_nlclslist __interpose __init_offsets; do
-    library <<<"$(kept "long number [[gnu::section(\"__DATA,$section\")]]" 0)"
-    expect_refused "a section that does something at load" "has a section $section"
-done
-
-library -lobjc <<<"$constructor extern \"C\" void objc_msgSend(); [[gnu::used]] static void send() { objc_msgSend(); }"
-expect_refused "a message whose raise nothing ends" 'does not guard the call of _objc_msgSend at 0x'
-library <<<"$constructor"
-expect_refused "no message at all" 'sends no messages'
-
-# Names.
-
 usual_names=('-Wl,-x')
-library <<<"$constructor extern \"C\" void shown() { }"
-expect_refused "an exported name" 'exports _shown'
-library <<<"extern \"C\" [[gnu::weak]] void shared() { } $(kept 'void (*pointer)()' shared)"
-expect_refused "a name shared with other libraries" 'shares _shared with other libraries'
+{
+    echo 'extern "C" void other(); extern "C" void shown() { } extern "C" [[gnu::weak]] void shared() { }'
+    kept 'void (*pointer)()' other
+    kept 'void (*another)()' shared
+    kept 'const char* path' "\"$root/views\""
+} | library -L "$scratch/stubs" -lOther -Wl,-no_adhoc_codesign
+expect_refused "another library, of a version that an old system may not have; names; the repository's path; no signature" \
+    'is linked to /usr/lib/libOther.dylib' \
+    'asks for version 3.0.0 of /usr/lib/libOther.dylib' \
+    'has 0 bytes of constructors' \
+    'exports _shown' \
+    'shares _shared with other libraries' \
+    "holds the path $root/views" \
+    "is not signed\$"
+
 usual_names=('-Wl,-no_exported_symbols')
-library <<<"$constructor"
-expect_refused "a name of its own" 'names __ZL5startv'
+library -lobjc --target=arm64-apple-ios10.0 <<<"$constructor
+    extern \"C\" void objc_msgSend(); [[gnu::used]] static void send() { objc_msgSend(); }"
+expect_refused "a message whose raise nothing ends, a name of its own, another least version" \
+    'does not guard the call of _objc_msgSend at 0x' \
+    'names __ZL5startv' \
+    'asks for system 10.0, not 9.0'
 usual_names+=('-Wl,-x')
-library <<<"$(kept 'const char* path' '"/home/somebody/Panotra.cpp"')"
-expect_refused "a path of the machine that built it" 'holds the path /home/somebody/Panotra.cpp'
-library <<<"$(kept 'const char* path' "\"$root/views\"")"
-expect_refused "a path of the repository, wherever that is" "holds the path $root/views"
-
-# What it is.
-
-library --target=arm64-apple-ios10.0 <<<"$constructor"
-expect_refused "another least version" 'asks for system 10.0, not 9.0'
 library --target=x86_64-apple-ios11.0-simulator <<<"$constructor"
 expect_refused "another processor" 'is no library for arm64 but x86_64 DYLIB'
-library -install_name /usr/lib/Panotra.dylib <<<"$constructor"
-expect_refused "another place" 'is installed as /usr/lib/Panotra.dylib'
-library -Wl,-rpath,/var/jb/usr/lib <<<"$constructor"
-expect_refused "a run path" "searches ./var/jb/usr/lib., not .."
-library <<<"$(kept 'char room[200000]' '{ 1 }')"
-expect_refused "a library that is too long" 'bytes long, more than 131072'
-
-# Signature. Everything else about it is signature_violations.sh's business.
-
-library -Wl,-no_adhoc_codesign <<<"$constructor"
-expect_refused "no signature" "is not signed\$"
-library <<<"$constructor"
-expect_refused "the linker's signature" "has a signature of 1 parts, not 4"
 
 # The other variant: what is right for one is wrong for the other.
 

@@ -21,32 +21,44 @@ choose() {
     check=("$root/packaging/checks/check-package" "$product" "$kind" "$(dpkg-deb --field "$package" Version)" "$library")
 }
 
+# expect_refused FILE COMPLAINT...
 expect_refused() {
-    local what=$1 expected=$2 file=$3
-    if "${check[@]}" "$file" >"$scratch/said" 2>&1 || ! grep -qE -- "$expected" "$scratch/said"; then
-        echo "not found: $what" >&2
-        cat "$scratch/said" >&2
-        failures=$((failures + 1))
+    local complaint
+    if "${check[@]}" "$1" >"$scratch/said" 2>&1; then
+        echo "nothing found" >>"$scratch/said"
     fi
+    for complaint in "${@:2}"; do
+        if grep -q '^nothing found' "$scratch/said" || ! grep -qE -- "$complaint" "$scratch/said"; then
+            echo "not said: $complaint" >&2
+            cat "$scratch/said" >&2
+            failures=$((failures + 1))
+        fi
+    done
 }
 
 # Each line of standard input: what is done in the unpacked package | what the check must say about it. Paths: D the
-# folder of the library, B of the pictures, P of the settings page.
+# folder of the library, B of the pictures, P of the settings page. The lines up to an empty one are done to one package:
+# they say nothing of one another, and the check goes on after each complaint.
 plant() {
-    local action expected
-    while IFS='|' read -r action expected; do
-        [[ -n $action ]] || continue
-        read -r expected <<<"$expected"
+    local action expected actions=() complaints=()
+    while IFS='|' read -r action expected || [[ ${#actions[@]} -gt 0 ]]; do
+        if [[ -n $action ]]; then
+            read -r expected <<<"$expected"
+            actions+=("$action")
+            complaints+=("$expected")
+            continue
+        fi
         rm -rf "$scratch/tree"
         dpkg-deb --raw-extract "$package" "$scratch/tree"
         (
             cd "$scratch/tree"
             D=${top}Library/MobileSubstrate/DynamicLibraries B=${top}Library/PreferenceBundles/Panotra.bundle \
-                P=${top}Library/PreferenceLoader/Preferences bash -c "$action"
+                P=${top}Library/PreferenceLoader/Preferences bash -ec "$(printf '%s\n' "${actions[@]}")"
         )
         # Gzip at its fastest: how well a plant is packed is nobody's business.
         dpkg-deb --root-owner-group -Zgzip -z1 --build "$scratch/tree" "$planted" >/dev/null
-        expect_refused "$action" "$expected" "$planted"
+        expect_refused "$planted" "${complaints[@]}"
+        actions=() complaints=()
     done
 }
 
@@ -55,29 +67,31 @@ choose panotra rootful iphoneos-arm '' "$device/arm64/Panotra.dylib"
 plant <<'END_OF_PLANTS'
 sed -i "s/^Architecture: .*/Architecture: all/" DEBIAN/control    | Architecture is .all., not .iphoneos-arm.
 sed -i "s/, firmware (>= 9.0)//" DEBIAN/control                   | Depends is .mobilesubstrate, preferenceloader, firmware \(<<
-sed -i "s/, firmware (<< [0-9.]*)//" DEBIAN/control               | Depends is .mobilesubstrate, preferenceloader, firmware \(>= 9.0\).,
 sed -i "s/^Version: .*/Version: 9.9/" DEBIAN/control              | Version is .9.9.
 sed -i "/^Installed-Size/d" DEBIAN/control                        | has no Installed-Size
 printf "#!/bin/sh\n" >DEBIAN/postinst; chmod 755 DEBIAN/postinst  | brings more than a control file
-rm "$D/Panotra.plist"                                             | lacks or has otherwise: .*DynamicLibraries/Panotra.plist
+touch --date=@5 "$B/siri.png"                                     | holds files of different times
+
+sed -i "s/, firmware (<< [0-9.]*)//" DEBIAN/control               | Depends is .mobilesubstrate, preferenceloader, firmware \(>= 9.0\).,
 echo nothing >"$D/README"                                         | holds: .*DynamicLibraries/README
 chmod 777 "$D"                                                    | holds: drwxrwxrwx .*DynamicLibraries
 chmod 644 "$D/Panotra.dylib"                                      | lacks or has otherwise: -rwxr-xr-x .*Panotra.dylib
 echo more >>"$D/Panotra.dylib"                                    | holds another library than .*/arm64/Panotra.dylib
 chmod 755 "$P/Panotra.plist"                                      | holds: -rwxr-xr-x .*Preferences/Panotra.plist
-touch --date=@5 "$B/siri.png"                                     | holds files of different times
+sed -i "s/Panotra.png/Other.png/" "$P/Panotra.plist"              | has no picture for its row in the settings
+
 sed -i "s/<dict>/<dct>/" "$P/Panotra.plist"                       | Preferences/Panotra.plist is no property list
 sed -i "s/com.apple.springboard/com.apple.UIKit/" "$D/Panotra.plist" | is loaded into: com.apple.UIKit
-sed -i "s/Panotra.png/Other.png/" "$P/Panotra.plist"              | has no picture for its row in the settings
-rm "$P/Panotra.png"                                               | has no picture for its row in the settings
 rm "$B/alarm@3x.png"                                              | lacks or has otherwise: .*alarm@3x.png
-cp "$B/alarm.png" "$B/alarm@2x.png"                               | alarm@2x.png is not twice as wide
-cp "$B/alarm@2x.png" "$B/alarm@3x.png"                            | alarm@3x.png is not thrice as wide
 echo nothing >"$B/ringer.png"                                     | ringer.png is no picture
+
+rm "$P/Panotra.png"                                               | has no picture for its row in the settings
+cp "$B/alarm@2x.png" "$B/alarm@3x.png"                            | alarm@3x.png is not thrice as wide
+cp "$B/alarm.png" "$B/alarm@2x.png"                               | alarm@2x.png is not twice as wide
 END_OF_PLANTS
 
 dpkg-deb --root-owner-group -Zxz --build "$scratch/tree" "$planted" >/dev/null
-expect_refused "another compression" 'is not packed with gzip' "$planted"
+expect_refused "$planted" 'is not packed with gzip'
 
 # With another owner, which needs no rights in an archive that is packed by hand.
 mkdir "$scratch/archive"
@@ -90,18 +104,20 @@ mkdir "$scratch/archive"
     rm "$planted"
     ar qc "$planted" debian-binary control.tar.gz data.tar.gz
 )
-expect_refused "another owner" 'holds: .* daemon/daemon .*siri.png' "$planted"
+expect_refused "$planted" 'holds: .* daemon/daemon .*siri.png'
 
 cp "$package" "$scratch/panotra.deb"
-expect_refused "another name" 'has the wrong name' "$scratch/panotra.deb"
+expect_refused "$scratch/panotra.deb" 'has the wrong name'
 
 choose panotra rootless iphoneos-arm64 var/jb/ "$device/arm64/rootless/Panotra.dylib"
 "${check[@]}" "$package" >/dev/null
 plant <<'END_OF_PLANTS'
 sed -i "s/^Architecture: .*/Architecture: iphoneos-arm/" DEBIAN/control | Architecture is .iphoneos-arm., not .iphoneos-arm64.
 sed -i "s/firmware (>= 15.0)/firmware (>= 9.0)/" DEBIAN/control   | Depends is .mobilesubstrate, preferenceloader, firmware \(>= 9.0\)
-mv var/jb/Library . && rmdir var/jb                               | lacks or has otherwise: .*var/jb/Library/MobileSubstrate/DynamicLibraries/Panotra.dylib
+rm "$D/Panotra.plist"                                             | lacks or has otherwise: .*DynamicLibraries/Panotra.plist
 mkdir -p Library; cp "$P/Panotra.png" Library                     | holds: -rw-r--r-- root/root ./Library/Panotra.png
+
+mv var/jb/Library . && rmdir var/jb                               | lacks or has otherwise: .*var/jb/Library/MobileSubstrate/DynamicLibraries/Panotra.dylib
 END_OF_PLANTS
 cp "$device/arm64/Panotra.dylib" "$scratch/rootful.dylib"
 plant <<<"cp '$scratch/rootful.dylib' \"\$D/Panotra.dylib\"       | holds another library than .*/rootless/Panotra.dylib"
