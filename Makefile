@@ -107,6 +107,14 @@ interleavings: ## look at every order of what races in real use, as deep as INTE
 	@cmake --build $(build) --parallel $(jobs) --target interleavings -- $(quiet)
 	@$(build)/tests/interleavings/interleavings --seconds $${INTERLEAVING_SECONDS:-600}
 
+.PHONY: endurance
+endurance: build ## live a year with the mixer, and do anything to the window for WINDOW_SECONDS=600
+	@scripts/install-dependencies build test
+	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
+	@cmake --build $(build) --parallel $(jobs) --target endurance -- $(quiet)
+	@$(build)/tests/endurance/endurance
+	@tests/endurance/window_endurance.sh $(build)/panotra $${WINDOW_SECONDS:-600}
+
 .PHONY: faults
 faults: ## let files be damaged, system calls fail and processes die, FAULT_ROUNDS=1000 times at random moments
 	@scripts/install-dependencies build test
