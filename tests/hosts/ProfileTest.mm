@@ -22,12 +22,16 @@ namespace panotra::testing {
 
 namespace {
 
+/// Every scenario that is a test, an example, a picture, or of an odd process.
 std::vector<std::string> scenarioFiles()
 {
     std::vector<std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(PANOTRA_SCENARIOS)) {
-        if (entry.path().filename() == "scenario")
-            files.push_back(entry.path().string());
+    const std::filesystem::path repository = PANOTRA_REPOSITORY;
+    for (const char* const folder : { "tests/scenarios", "tests/pictures", "tests/systems/processes", "examples" }) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(repository / folder)) {
+            if (entry.path().filename() == "scenario" || entry.path().extension() == ".scenario")
+                files.push_back(entry.path().string());
+        }
     }
     std::ranges::sort(files);
     return files;
@@ -171,7 +175,7 @@ protected:
 TEST_F(HostileProfile, PlaysEveryScenarioAndLosesNothing)
 {
     const auto files = scenarioFiles();
-    ASSERT_GT(files.size(), 50u);
+    ASSERT_GT(files.size(), 100u);
     playAll(files);
 }
 
