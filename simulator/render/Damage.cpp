@@ -39,6 +39,12 @@ bool Damage::touches(const PixelRect& area) const
     return cairo_region_contains_rectangle(m_region.get(), &rectangle) != CAIRO_REGION_OVERLAP_OUT;
 }
 
+bool Damage::covers(const PixelRect& area) const
+{
+    const auto rectangle = cairoRectangle(area);
+    return cairo_region_contains_rectangle(m_region.get(), &rectangle) == CAIRO_REGION_OVERLAP_IN;
+}
+
 std::vector<PixelRect> Damage::rectangles() const
 {
     std::vector<PixelRect> rectangles;

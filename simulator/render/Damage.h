@@ -14,8 +14,9 @@ public:
 
     void add(const PixelRect& area);
     bool isEmpty() const;
-    /// Whether any pixel of the area is damaged.
+    /// Whether any pixel of the area is damaged, and whether all are.
     bool touches(const PixelRect& area) const;
+    bool covers(const PixelRect& area) const;
     /// Without overlaps.
     std::vector<PixelRect> rectangles() const;
     PixelRect bounds() const;

@@ -38,6 +38,7 @@ private:
         Bitmap bitmap; ///< empty for the canvas
         PixelRect extent; ///< the part of the screen that it holds
         Handle<cairo_t> context; ///< in pixels of the screen
+        Bitmap* product; ///< of the group, to be kept; null where it is not whole
     };
 
     std::size_t firstSeen() const;
@@ -67,6 +68,7 @@ private:
     void paint(const ClipEndItem& end, const Item& item, Bitmap& product);
     void paint(const GroupItem& group, const Item& item, Bitmap& product);
     void paint(const GroupEndItem& end, const Item& item, Bitmap& product);
+    void paintGroup(const Bitmap& bitmap, const PixelRect& extent, double opacity);
 
     const PaintBox& m_box;
     const Scene& m_scene;

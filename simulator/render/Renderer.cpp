@@ -22,23 +22,37 @@ bool isDrawnAlone(const Item& item)
 /// Compares a new scene with the one on the canvas, item by item. What differs is damaged, as it was and as it is
 /// now; so is a backdrop with damage behind it, whole. The products of all others are kept, and so are those that
 /// were drawn alone when a group begins or ends around them: setting all texts anew would take half a frame's time.
+///
+/// A group that only fades is as it was for what is in it: a backdrop in it sees what is behind as it always is, and
+/// the group as a whole is kept while nothing in it changes.
 class Comparison {
 public:
     Comparison(const Scene& before, std::vector<Bitmap>& productsBefore, const Scene& now)
         : products(now.size())
     {
         for (std::size_t i = 0; i < now.size(); ++i) {
-            const bool isSame = i < before.size() && before[i] == now[i];
-            const bool seesDamage = now[i].as<BackdropItem>() != nullptr && damage.touches(now[i].extent);
+            const Item& item = now[i];
+            const bool isOld = i < before.size();
+            const bool isSame = isOld && before[i] == item;
+            const bool fades = isOld && !isSame && beginsGroupAt(before[i], item);
+            if (item.as<GroupItem>() != nullptr)
+                m_groups.push_back({ i, isSame || fades });
+            if (item.as<GroupEndItem>() != nullptr)
+                endGroup(isOld && before[i].as<GroupEndItem>() != nullptr, productsBefore);
+            const bool seesDamage = item.as<BackdropItem>() != nullptr && damage.touches(item.extent);
             if (isSame && !seesDamage) {
-                products[i] = std::move(productsBefore[i]);
+                if (item.as<GroupItem>() == nullptr)
+                    products[i] = std::move(productsBefore[i]);
                 continue;
             }
-            damage.add(now[i].extent);
-            if (i < before.size())
+            if (fades)
+                continue; // its end is damaged, and whatever stands behind it in the scene
+            noteChange();
+            damage.add(item.extent);
+            if (isOld)
                 damage.add(before[i].extent);
-            if (!isSame && isDrawnAlone(now[i]))
-                takeProduct(before, productsBefore, now[i], products[i]);
+            if (!isSame && isDrawnAlone(item))
+                takeProduct(before, productsBefore, item, products[i]);
         }
         for (std::size_t i = now.size(); i < before.size(); ++i)
             damage.add(before[i].extent);
@@ -48,12 +62,39 @@ public:
     std::vector<Bitmap> products;
 
 private:
+    struct Group {
+        std::size_t begin; ///< its place in both scenes
+        bool isKept; ///< nothing in it has changed so far
+    };
+
+    static bool beginsGroupAt(const Item& before, const Item& now)
+    {
+        return before.as<GroupItem>() != nullptr && now.as<GroupItem>() != nullptr && before.extent == now.extent;
+    }
+
+    /// Of something in all groups that have begun and not ended.
+    void noteChange()
+    {
+        for (Group& group : m_groups)
+            group.isKept = false;
+    }
+
+    void endGroup(bool endedHere, std::vector<Bitmap>& productsBefore)
+    {
+        const Group group = m_groups.back();
+        m_groups.pop_back();
+        if (group.isKept && endedHere)
+            products[group.begin] = std::move(productsBefore[group.begin]);
+    }
+
     static void takeProduct(const Scene& before, std::vector<Bitmap>& productsBefore, const Item& item, Bitmap& product)
     {
         const auto place = std::ranges::find(before, item) - before.begin();
         if (place < std::ssize(before))
             product = std::move(productsBefore[static_cast<std::size_t>(place)]);
     }
+
+    std::vector<Group> m_groups; ///< those around the item, outermost first
 };
 
 } // namespace

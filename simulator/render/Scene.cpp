@@ -77,7 +77,7 @@ class SceneBuilder {
 public:
     SceneBuilder(const sim::Device& device, const PixelRect& screen)
         : m_device(device)
-        , m_clip { screen, std::nullopt, screen }
+        , m_clip { screen, std::nullopt, {} }
     {
     }
 
@@ -91,7 +91,7 @@ private:
     struct ClipState {
         PixelRect extent;
         std::optional<Shape> shape; ///< of the innermost clip
-        PixelRect interior; ///< where no clip cuts anything off
+        std::vector<Shape> edges; ///< of the clips that may cut something off
         bool isWhole = false; ///< as that of a ClipItem
     };
 
@@ -193,11 +193,12 @@ void SceneBuilder::addView(const sim::View& view, const Transform& toPixels)
         const PixelRect inside = intersection(shape.extent(), m_clip.extent);
         if (inside.isEmpty())
             return;
-        const ClipItem clip { m_clip.interior.covers(shape.extent()) };
-        const ClipState outside
-            = std::exchange(m_clip, { inside, shape, intersection(m_clip.interior, shape.interior()), clip.isWhole });
+        const ClipItem clip { std::ranges::all_of(m_clip.edges, [&](const Shape& edge) { return edge.holds(shape); }) };
+        ClipState within { inside, shape, clip.isWhole ? std::vector<Shape>() : m_clip.edges, clip.isWhole };
+        within.edges.push_back(shape);
+        ClipState outside = std::exchange(m_clip, std::move(within));
         enclose(clip, ClipEndItem {}, shape, [&] { addContents(view, shown, shape); });
-        m_clip = outside;
+        m_clip = std::move(outside);
     };
     if (shown.alpha < 1)
         enclose(GroupItem { shown.alpha }, GroupEndItem { shown.alpha }, {}, addAll);

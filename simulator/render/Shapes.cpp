@@ -97,14 +97,19 @@ PixelRect united(const PixelRect& one, const PixelRect& other)
     return { left, top, right - left, bottom - top };
 }
 
+std::array<Point, 4> Shape::corners() const
+{
+    return { sim::apply(transform, { 0, 0 }), sim::apply(transform, { size.width, 0 }),
+        sim::apply(transform, { 0, size.height }), sim::apply(transform, { size.width, size.height }) };
+}
+
 PixelRect Shape::extent() const
 {
     if (isEmpty())
         return {};
-    const std::array corners { sim::apply(transform, { 0, 0 }), sim::apply(transform, { size.width, 0 }),
-        sim::apply(transform, { 0, size.height }), sim::apply(transform, { size.width, size.height }) };
-    const auto [left, right] = std::ranges::minmax(corners, {}, &Point::x);
-    const auto [top, bottom] = std::ranges::minmax(corners, {}, &Point::y);
+    const auto onScreen = corners();
+    const auto [left, right] = std::ranges::minmax(onScreen, {}, &Point::x);
+    const auto [top, bottom] = std::ranges::minmax(onScreen, {}, &Point::y);
     if (!std::isfinite(left.x + right.x + top.y + bottom.y))
         return {};
     // Far outside of every screen all the same, and within the range of an int.
@@ -116,19 +121,28 @@ PixelRect Shape::extent() const
     return { x, y, pixel(std::ceil(right.x - slack)) - x, pixel(std::ceil(bottom.y - slack)) - y };
 }
 
-PixelRect Shape::interior() const
+bool Shape::isStraight() const
 {
     constexpr double straight = 1e-9;
-    const bool isStraight = std::abs(transform.b) + std::abs(transform.c) < straight
+    return std::abs(transform.b) + std::abs(transform.c) < straight
         || std::abs(transform.a) + std::abs(transform.d) < straight;
-    const double half = std::min(size.width, size.height) / 2;
-    // There the diagonal of a corner meets its curve.
-    const auto inner = inset((1 - std::numbers::sqrt2 / 2) * std::min(cornerRadius, half));
-    if (!isStraight || !inner)
-        return {};
-    // Every pixel that the smaller shape touches, but for the outermost ones.
-    const PixelRect touched = inner->extent();
-    return { touched.x + 1, touched.y + 1, touched.width - 2, touched.height - 2 };
+}
+
+bool Shape::holds(const Shape& other) const
+{
+    const auto [a, b, c, d, tx, ty] = transform;
+    const double area = a * d - b * c;
+    if (isEmpty() || !(std::abs(area) > slack * slack))
+        return false;
+    // There the diagonal of a corner meets its curve; and a pixel, in the units of either side.
+    const double corner = (1 - std::numbers::sqrt2 / 2) * std::min({ cornerRadius, size.width / 2, size.height / 2 });
+    const double marginX = corner + std::hypot(c, d) / std::abs(area);
+    const double marginY = corner + std::hypot(a, b) / std::abs(area);
+    return std::ranges::all_of(other.corners(), [&](const Point& pixels) {
+        const double x = (d * (pixels.x - tx) - c * (pixels.y - ty)) / area;
+        const double y = (a * (pixels.y - ty) - b * (pixels.x - tx)) / area;
+        return x >= marginX && x <= size.width - marginX && y >= marginY && y <= size.height - marginY;
+    });
 }
 
 std::optional<Shape> Shape::inset(double distance) const
@@ -160,13 +174,15 @@ void addOutline(cairo_t* context, const Shape& shape)
     const std::array<Place, 4> places { { { width, 0, 1, -1, true }, { width, height, 1, 1, false },
         { 0, height, -1, 1, true }, { 0, 0, -1, -1, false } } };
     const Corner corner = cornerOf(shape);
+    std::array<Point, stepsPerCorner + 1> curve;
+    for (std::size_t step = 0; step < curve.size(); ++step)
+        curve[step] = corner.at(static_cast<double>(step) / stepsPerCorner);
     cairo_new_sub_path(context);
     for (const Place& place : places) {
         const double centerX = place.x - place.directionX * corner.reach;
         const double centerY = place.y - place.directionY * corner.reach;
-        for (int step = 0; step <= stepsPerCorner; ++step) {
-            const int counted = place.backwards ? stepsPerCorner - step : step;
-            const Point on = corner.at(static_cast<double>(counted) / stepsPerCorner);
+        for (std::size_t step = 0; step < curve.size(); ++step) {
+            const Point& on = curve[place.backwards ? curve.size() - 1 - step : step];
             cairo_line_to(context, centerX + place.directionX * corner.reach * on.x,
                 centerY + place.directionY * corner.reach * on.y);
         }

@@ -4,6 +4,7 @@
 #include "simulator/device/Geometry.h"
 #include "simulator/render/Handles.h"
 
+#include <array>
 #include <optional>
 
 namespace panotra::render {
@@ -49,10 +50,14 @@ struct Shape {
 
     bool isEmpty() const { return !(size.width > 0 && size.height > 0); }
     bool isRound() const { return cornerRadius > 0; }
+    /// Of the rectangle, in pixels.
+    std::array<Point, 4> corners() const;
     /// Every pixel that the shape touches. A sliver thinner than a thousandth of a pixel does not count.
     PixelRect extent() const;
-    /// Pixels that it covers whole, as many as a rectangle can hold away from its corners; none if it stands aslant.
-    PixelRect interior() const;
+    /// Whether its edges are those of pixels, or would be in a finer grid.
+    bool isStraight() const;
+    /// Whether the other lies in it, a pixel away from its edge and out of its corners.
+    bool holds(const Shape& other) const;
     /// The shape inside this one whose edge runs `distance` (in its own units) away; none if nothing is left.
     std::optional<Shape> inset(double distance) const;
     /// Whether both cover the same rectangle, whatever their corners.

@@ -97,7 +97,9 @@ TEST_P(FramesOfAStyle, AreThoseOfARendererThatKeepsNothing)
     drawFrames("the host's own indicator", 0.12);
     device.home->sendActivatorEvent("net.qorvath.panotra.dismissmixer");
     device.runLoop->turn();
-    drawFrames("fading out", 0.5);
+    drawFrames("fading out", 0.1);
+    device.home->announce("Audio/Video", "ExplicitVolumeChange", 0.75F);
+    drawFrames("fading out while a level changes", 0.4);
     device.runLoop->wait(2);
     drawFrame("gone");
 }

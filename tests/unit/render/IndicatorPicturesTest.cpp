@@ -2,6 +2,8 @@
 #include "simulator/device/Preferences.h"
 #include "tests/unit/render/PictureTest.h"
 
+#include <nlohmann/json.hpp>
+
 namespace panotra::testing {
 namespace {
 
