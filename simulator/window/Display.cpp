@@ -39,6 +39,9 @@ std::unique_ptr<Display> Display::open(const char* title, std::string& failure)
         return nullptr;
     // The surface goes to the display without a graphics library in between, and in parts.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    // Nobody writes here: keys are single letters. Reading how letters are composed would take longer than all else
+    // that SDL does before there is a window.
+    setenv("XCOMPOSEFILE", "/dev/null", 0);
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         failure = SDL_GetError();
         return nullptr;
