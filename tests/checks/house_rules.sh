@@ -23,14 +23,37 @@ complain() {
 cd "$root"
 allowed_long() { grep -v -e '^#' -e '^$' "$here/long_files.txt" | cut -d: -f1; }
 
+# shellcheck disable=SC2046 # the names of sources hold no blanks
+# FILE FAULT of each source that is not as it should be; one process reads them all.
+while read -r file fault; do
+    complain "$file" "$fault"
+done < <(sources . | xargs awk -v most="$most_lines" -v allowed="$(allowed_long)" '
+    function judge() {
+        if (isHeader && !isGuarded)
+            print name " has no #pragma once"
+        if (lines > most && !(name in isAllowed))
+            print name " " lines " lines: find the noun that hides in it"
+    }
+    BEGIN {
+        split(allowed, names, "\n")
+        for (i in names)
+            isAllowed[names[i]]
+    }
+    FNR == 1 {
+        if (name != "")
+            judge()
+        name = FILENAME
+        isHeader = name ~ /[.]h$/
+        isGuarded = 0
+        if (substr($0, 1, 4) != "/// ")
+            print name " does not begin with what it is for (///)"
+    }
+    { lines = FNR }
+    $0 == "#pragma once" { isGuarded = 1 }
+    END { judge() }')
 while read -r file; do
-    [[ $(head -c 4 "$file") == "/// " ]] || complain "$file" "does not begin with what it is for (///)"
-    [[ $file != *.h ]] || grep -qx '#pragma once' "$file" || complain "$file" "has no #pragma once"
-    lines=$(wc -l <"$file")
-    if [[ $lines -gt $most_lines ]] && ! allowed_long | grep -qxF "$file"; then
-        complain "$file" "$lines lines: find the noun that hides in it"
-    fi
-done < <(sources .)
+    complain "$file" "is empty"
+done < <(find $(sources .) -empty) # what is empty has no first line
 
 while read -r file; do
     if [[ ! -f $file || $(wc -l <"$file") -le $most_lines ]]; then
