@@ -1,4 +1,4 @@
-/// Writes random scenarios into a folder, each with its seed for a name.
+/// Writes random scenarios: FOLDER/SEED/scenario, as the runners of scenario tests take them.
 ///
 ///     random_scenarios FOLDER FIRST-SEED COUNT
 #include "tests/property/RandomScenario.h"
@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -15,11 +16,13 @@ int main(int argumentCount, char** arguments)
         std::fprintf(stderr, "usage: random_scenarios FOLDER FIRST-SEED COUNT\n");
         return EXIT_FAILURE;
     }
-    const std::string folder = arguments[1];
+    const std::filesystem::path folder = arguments[1];
     const std::uint64_t first = std::strtoull(arguments[2], nullptr, 10);
     const std::uint64_t count = std::strtoull(arguments[3], nullptr, 10);
     for (std::uint64_t seed = first; seed < first + count; ++seed) {
-        std::ofstream file(folder + '/' + std::to_string(seed));
+        const auto place = folder / std::to_string(seed);
+        std::filesystem::create_directory(place);
+        std::ofstream file(place / "scenario");
         file << panotra::testing::randomScenario(seed);
         if (!file.flush())
             return EXIT_FAILURE;
