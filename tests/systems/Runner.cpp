@@ -1,9 +1,11 @@
 /// Plays scenarios on every system and compares each trace with what the scenario shows without one.
 ///
-///     system_tests [--apart] [--systems FIRST LAST] [--random FIRST-SEED COUNT] [--odd FIRST-SEED COUNT] [FILE...]
+///     system_tests [--apart] [--strictly] [--systems FIRST LAST] [--random FIRST-SEED COUNT] [--odd FIRST-SEED COUNT]
+///         [FILE...]
 ///
 /// --random plays random scenarios, --odd such ones in processes that lack, or have, any classes.
 /// With --apart each play has a process of its own: for a library that can be loaded only once a process.
+/// With --strictly even what is known to differ counts: so the comparison shows that it finds something.
 #include "simulator/Files.h"
 #include "simulator/LinkedLibrary.h"
 #include "simulator/device/HomeScreen.h"
@@ -121,6 +123,7 @@ std::string linesOf(const std::vector<sim::Json>& events)
 
 struct Choice {
     bool apart = false;
+    bool strictly = false;
     int oldest = systems::oldest;
     int newest = systems::newest;
     int plays = 0;
@@ -132,10 +135,11 @@ void compare(const std::string& name, const std::string& scenario, Choice& choic
     const auto playOnce = choice.apart ? playApart : play;
     std::map<std::string, std::vector<sim::Json>> played; // by scenario: several systems have one equivalent
     for (int system = choice.oldest; system <= choice.newest; ++system) {
-        const auto equivalent = testing::equivalentOf(scenario, system);
+        const auto equivalent = choice.strictly ? scenario : testing::equivalentOf(scenario, system);
         if (!played.contains(equivalent))
             played[equivalent] = playOnce(equivalent);
-        const auto expected = testing::expectedOn(played[equivalent], scenario, system);
+        const auto expected
+            = choice.strictly ? played[equivalent] : testing::expectedOn(played[equivalent], scenario, system);
         const auto found = playOnce(testing::onSystem(scenario, system));
         ++choice.plays;
         if (hasDied(expected) || hasDied(found)) { // alike or not
@@ -172,6 +176,8 @@ int main(int argumentCount, char** arguments)
         const std::string_view word = arguments[index];
         if (word == "--apart") {
             choice.apart = true;
+        } else if (word == "--strictly") {
+            choice.strictly = true;
         } else if (word == "--systems" && index + 2 < argumentCount) {
             choice.oldest = std::atoi(arguments[++index]);
             choice.newest = std::atoi(arguments[++index]);
