@@ -18,7 +18,6 @@ namespace {
 using systems::allRows;
 using systems::Caller;
 using systems::Kind;
-using systems::Place;
 using systems::Row;
 
 /// Whether any row of the same thing is on the system: a method whose type changed has more than one.
@@ -104,7 +103,7 @@ void shapeMethod(ClassTable& classes, const Row& row, int system)
     HostClass& owner = classes.platformClass(row.owner);
     auto& methods = row.kind == Kind::Method ? owner.methods : owner.classMethods;
     const HostSelector* const name = selector(row.name);
-    if (!isOn(row, system) || row.place == Place::Inherited)
+    if (!isOn(row, system) || row.place == systems::Place::Inherited)
         methods.erase(name);
     else if (!row.isOn(system))
         return; // another row of the same method is
