@@ -84,14 +84,17 @@ struct HostMethod {
     int until;
 };
 
-inline constexpr auto hookedMethods = [] {
+constexpr auto methodsOf(const std::array<HookRow, hookRows.size()>& rows)
+{
     std::array<HostMethod, hookRows.size()> methods {};
     for (std::size_t index = 0; index < methods.size(); ++index) {
-        const HookRow& row = hookRows[index];
+        const HookRow& row = rows[index];
         methods[index] = { row.turn, row.className, row.method, row.type, row.since, row.until };
     }
     return methods;
-}();
+}
+
+inline constexpr auto hookedMethods = methodsOf(hookRows);
 
 /// An instance variable of a host object, read by key.
 struct VariableRow {
