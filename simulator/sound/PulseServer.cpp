@@ -1,10 +1,10 @@
 /// One context at a time, one question at a time.
 #include "simulator/sound/PulseServer.h"
 
+#include "simulator/sound/PulseOutput.h"
 #include "simulator/sound/ServerSocket.h"
 
 #include <algorithm>
-#include <array>
 #include <deque>
 #include <optional>
 #include <string>
@@ -18,65 +18,6 @@ namespace {
 
 constexpr pa_usec_t firstRetry = 50 * PA_USEC_PER_MSEC;
 constexpr pa_usec_t lastRetry = 60 * PA_USEC_PER_SEC;
-
-struct PortTypeName {
-    pa_device_port_type_t type;
-    const char* name;
-};
-
-/// In the words of the table of routes.
-constexpr std::array portTypeNames {
-    PortTypeName { PA_DEVICE_PORT_TYPE_AUX, "aux" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_SPEAKER, "speaker" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_HEADPHONES, "headphones" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_LINE, "line" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_MIC, "mic" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_HEADSET, "headset" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_HANDSET, "handset" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_EARPIECE, "earpiece" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_SPDIF, "spdif" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_HDMI, "hdmi" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_TV, "tv" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_RADIO, "radio" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_VIDEO, "video" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_USB, "usb" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_BLUETOOTH, "bluetooth" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_PORTABLE, "portable" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_HANDSFREE, "hands-free" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_CAR, "car" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_HIFI, "hifi" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_PHONE, "phone" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_NETWORK, "network" },
-    PortTypeName { PA_DEVICE_PORT_TYPE_ANALOG, "analog" },
-};
-
-std::string nameOf(std::uint32_t portType)
-{
-    for (const PortTypeName& each : portTypeNames) {
-        if (static_cast<std::uint32_t>(each.type) == portType)
-            return each.name;
-    }
-    return {};
-}
-
-std::string text(const char* characters)
-{
-    return characters == nullptr ? std::string() : characters;
-}
-
-Output outputOf(const pa_sink_info& sink)
-{
-    Output output { .index = sink.index };
-    output.traits.name = text(sink.name);
-    output.traits.formFactor = text(pa_proplist_gets(sink.proplist, PA_PROP_DEVICE_FORM_FACTOR));
-    output.traits.bus = text(pa_proplist_gets(sink.proplist, PA_PROP_DEVICE_BUS));
-    if (sink.active_port != nullptr) {
-        output.port = text(sink.active_port->name);
-        output.traits.portType = nameOf(sink.active_port->type);
-    }
-    output.volumes.assign(sink.volume.values, sink.volume.values + sink.volume.channels);
-    return output;
-}
 
 /// The loop's lock, which its thread holds while it works.
 class LoopLock {
@@ -285,8 +226,8 @@ struct PulseServer::Implementation {
         if (info == nullptr)
             return;
         Snapshot& answer = from(self).answerSoFar;
-        answer.server = text(info->server_name) + ' ' + text(info->server_version);
-        answer.defaultOutput = text(info->default_sink_name);
+        answer.server = textOf(info->server_name) + ' ' + textOf(info->server_version);
+        answer.defaultOutput = textOf(info->default_sink_name);
     }
 
     static void sinkSeen(pa_context*, const pa_sink_info* info, int end, void* self)
@@ -300,7 +241,7 @@ struct PulseServer::Implementation {
         Implementation& server = from(self);
         if (end == 0 && info != nullptr) {
             server.answerSoFar.streams.push_back({ info->index, info->sink,
-                text(pa_proplist_gets(info->proplist, PA_PROP_MEDIA_ROLE)), info->corked != 0 });
+                textOf(pa_proplist_gets(info->proplist, PA_PROP_MEDIA_ROLE)), info->corked != 0 });
         }
         if (end == 0 || !server.isReady)
             return;
