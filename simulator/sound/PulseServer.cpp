@@ -19,6 +19,12 @@ namespace {
 constexpr pa_usec_t firstRetry = 50 * PA_USEC_PER_MSEC;
 constexpr pa_usec_t lastRetry = 60 * PA_USEC_PER_SEC;
 
+/// A server that says a thousand times a second that something has changed is asked fifty times, the last time
+/// after the last of them. A few questions may follow each other at once: what a person does is several changes to a
+/// server.
+constexpr pa_usec_t questionInterval = 20 * PA_USEC_PER_MSEC;
+constexpr pa_usec_t questionsAtOnce = 5;
+
 /// The loop's lock, which its thread holds while it works.
 class LoopLock {
 public:
@@ -64,6 +70,8 @@ struct PulseServer::Implementation {
     bool isAsked = false; ///< a question is on its way
     bool isUntaken = false; ///< a snapshot lies among the reports
     bool isStale = false; ///< something changed since the last question
+    pa_time_event* laterQuestion = nullptr; ///< while one has to wait
+    pa_usec_t questionsUntil = 0; ///< up to when those asked so far count
     Snapshot answerSoFar {};
     std::deque<Serial> sets {}; ///< unanswered, in the order of the answers
     std::vector<Report> reports {};
@@ -125,6 +133,7 @@ struct PulseServer::Implementation {
         isReady = false;
         isAsked = false;
         isStale = false;
+        forgetLaterQuestion();
         sets.clear();
         disconnect();
         if (!std::exchange(isLossTold, true))
@@ -204,10 +213,36 @@ struct PulseServer::Implementation {
 
     void refresh()
     {
-        if (isAsked || isUntaken)
-            isStale = true;
-        else if (isReady)
-            question();
+        isStale = true;
+        if (isReady && !isAsked && !isUntaken && laterQuestion == nullptr)
+            questionInTime();
+    }
+
+    void questionInTime()
+    {
+        const pa_usec_t now = pa_rtclock_now();
+        const pa_usec_t earliest = now - questionsAtOnce * questionInterval;
+        if (questionsUntil > now) {
+            timeval due {};
+            pa_timeval_add(pa_gettimeofday(&due), questionsUntil - now);
+            laterQuestion = api->time_new(api, &due, timeForQuestion, this);
+            return;
+        }
+        questionsUntil = std::max(questionsUntil, earliest) + questionInterval;
+        question();
+    }
+
+    static void timeForQuestion(pa_mainloop_api*, pa_time_event*, const timeval*, void* self)
+    {
+        from(self).forgetLaterQuestion();
+        if (from(self).isStale)
+            from(self).refresh();
+    }
+
+    void forgetLaterQuestion()
+    {
+        if (laterQuestion != nullptr)
+            api->time_free(std::exchange(laterQuestion, nullptr));
     }
 
     /// Asks for all of it at once. The answers come in this order, the last one ends the snapshot.
@@ -301,6 +336,7 @@ PulseServer::~PulseServer()
     pa_threaded_mainloop_stop(implementation.loop);
     implementation.disconnect();
     implementation.stopWatching();
+    implementation.forgetLaterQuestion();
     pa_threaded_mainloop_free(implementation.loop);
 }
 
@@ -309,8 +345,8 @@ std::vector<Report> PulseServer::take()
     Implementation& implementation = *m_implementation;
     const LoopLock lock(implementation.loop);
     implementation.isUntaken = false;
-    if (implementation.isStale && implementation.isReady && !implementation.isAsked)
-        implementation.question();
+    if (implementation.isStale)
+        implementation.refresh();
     return std::exchange(implementation.reports, {});
 }
 
@@ -329,7 +365,10 @@ void PulseServer::set(const VolumeSet& set)
 void PulseServer::ask()
 {
     const LoopLock lock(m_implementation->loop);
-    m_implementation->refresh();
+    if (m_implementation->isReady && !m_implementation->isAsked && !m_implementation->isUntaken)
+        m_implementation->question(); // whoever asks is not the server
+    else
+        m_implementation->isStale = true;
 }
 
 } // namespace panotra::sound
