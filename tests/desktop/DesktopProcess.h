@@ -24,8 +24,9 @@ public:
 
     /// Answers once it knows the server.
     void start(const std::vector<std::string>& options = {});
-    /// The answer waits until all that had happened before is done with.
-    Status status() const;
+    /// The answer waits until all that had happened before is done with. What one client of PipeWire's service sees
+    /// another one sees a little later: several questions give it some time, one is enough for who asks again anyway.
+    Status status(int questions = 3) const;
     int end(int signal) { return m_process.end(signal); }
     pid_t id() const { return m_process.id(); }
 

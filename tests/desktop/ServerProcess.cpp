@@ -79,7 +79,10 @@ ServerProcess::ServerProcess(ServerKind kind)
     std::ofstream(m_folder / "pulse.conf") << "load-module module-native-protocol-unix auth-anonymous=1\n"
                                               "load-module module-device-restore\n"
                                               "load-module module-stream-restore\n"
-                                              "load-module module-always-sink\n";
+                                              "load-module module-always-sink\n"
+                                              // An output that plays is asked on a thread of its own whenever
+                                              // anybody asks for all of them: in a session most of them sleep.
+                                              "load-module module-suspend-on-idle timeout=0\n";
     ::setenv("XDG_RUNTIME_DIR", m_folder.c_str(), 1);
     ::setenv("HOME", m_folder.c_str(), 1);
     ::setenv("PULSE_SERVER", ("unix:" + (m_folder / "pulse" / "native").string()).c_str(), 1);

@@ -74,12 +74,12 @@ int ServerTest::rounds(const char* variable, int usually)
 
 std::string ServerTest::categorySoon(const std::string& expected)
 {
-    return soon([this] { return desktop.status().facts["Category"]; }, expected);
+    return soon([this] { return desktop.status(1).facts["Category"]; }, expected);
 }
 
 std::string ServerTest::outputSoon(const std::string& expected)
 {
-    return soon([this] { return desktop.status().facts["Output"]; }, expected);
+    return soon([this] { return desktop.status(1).facts["Output"]; }, expected);
 }
 
 std::uint32_t ServerTest::volumeSoon(const std::string& output, std::uint32_t expected)
@@ -90,12 +90,12 @@ std::uint32_t ServerTest::volumeSoon(const std::string& output, std::uint32_t ex
 
 std::uint32_t ServerTest::rememberedSoon(const std::string& pair, std::uint32_t expected)
 {
-    return soon([&] { return remembered(pair); }, expected);
+    return soon([&] { return remembered(pair, 1); }, expected);
 }
 
-std::uint32_t ServerTest::remembered(const std::string& pair)
+std::uint32_t ServerTest::remembered(const std::string& pair, int questions)
 {
-    const auto all = desktop.status().remembered;
+    const auto all = desktop.status(questions).remembered;
     const auto found = all.find(pair);
     return found == all.end() ? 0 : found->second;
 }

@@ -38,7 +38,7 @@ protected:
     std::uint32_t volumeSoon(const std::string& output, std::uint32_t expected);
     /// Of a pair that is remembered; 0 for one that is not.
     std::uint32_t rememberedSoon(const std::string& pair, std::uint32_t expected);
-    std::uint32_t remembered(const std::string& pair);
+    std::uint32_t remembered(const std::string& pair, int questions = 3);
 
     ServerProcess& server;
     DesktopProcess desktop;

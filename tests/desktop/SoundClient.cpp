@@ -21,9 +21,9 @@ constexpr std::chrono::seconds patience { 30 };
 /// The server does not do what it was told, whatever the program under test does.
 constexpr int exitStatusOfServerAtFault = 75;
 
-[[noreturn]] void giveUp(const char* what)
+[[noreturn]] void giveUp(const std::string& what)
 {
-    std::fprintf(stderr, "waited in vain for %s\n", what);
+    std::fprintf(stderr, "waited in vain for %s\n", what.c_str());
     std::exit(exitStatusOfServerAtFault); // and the servers with it
 }
 
@@ -91,7 +91,7 @@ void SoundClient::waitFor(pa_operation* operation)
     pa_operation_unref(operation);
 }
 
-template <typename Condition> void SoundClient::waitUntil(const char* what, Condition condition)
+template <typename Condition> void SoundClient::waitUntil(const std::string& what, Condition condition)
 {
     const auto deadline = Clock::now() + patience;
     while (!condition()) {
@@ -124,12 +124,14 @@ void SoundClient::useOutputSoon(const std::string& name)
 void SoundClient::useOutput(const std::string& name)
 {
     int tries = 0;
-    waitUntil("the default output", [&] {
+    std::string what;
+    waitUntil(what, [&] {
         // A server that has just begun may forget it.
         if (tries++ % 50 == 0)
             waitFor(pa_context_set_default_sink(m_context, name.c_str(), nullptr, nullptr));
         std::string now;
         waitFor(pa_context_get_server_info(m_context, takeServer, &now));
+        what = name + " as the default output, with all streams on it; it is " + now;
         return now == name && allIsHeardOn(name);
     });
 }
@@ -194,6 +196,17 @@ std::pair<std::uint32_t, std::uint32_t> SoundClient::volumes(const std::string& 
     SinkAnswer answer { .name = output };
     waitFor(pa_context_get_sink_info_by_name(m_context, output.c_str(), takeSink, &answer));
     return answer.volumes;
+}
+
+std::map<std::string, std::uint32_t> SoundClient::allVolumes()
+{
+    std::map<std::string, std::uint32_t> all;
+    const auto take = [](pa_context*, const pa_sink_info* info, int end, void* self) {
+        if (end == 0 && info != nullptr)
+            static_cast<decltype(all)*>(self)->emplace(info->name, info->volume.values[0]);
+    };
+    waitFor(pa_context_get_sink_info_list(m_context, take, &all));
+    return all;
 }
 
 std::uint32_t SoundClient::play(const std::string& role)

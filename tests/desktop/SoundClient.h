@@ -33,6 +33,8 @@ public:
     void setVolumes(const std::string& output, std::uint32_t left, std::uint32_t right);
     std::uint32_t volume(const std::string& output) { return volumes(output).first; }
     std::pair<std::uint32_t, std::uint32_t> volumes(const std::string& output);
+    /// Of every output, the first channel.
+    std::map<std::string, std::uint32_t> allVolumes();
 
     /// Begins to play silence; answers a number for it once it is heard.
     std::uint32_t play(const std::string& role);
@@ -52,7 +54,7 @@ public:
 
 private:
     void waitFor(pa_operation* operation);
-    template <typename Condition> void waitUntil(const char* what, Condition condition);
+    template <typename Condition> void waitUntil(const std::string& what, Condition condition);
     bool allIsHeardOn(const std::string& output);
     std::size_t streamsOnServer();
 

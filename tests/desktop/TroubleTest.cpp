@@ -27,10 +27,7 @@ protected:
         }
         return sum;
     }
-    long wakeUps() const
-    {
-        return sumOfThreads("voluntary_ctxt_switches:") + sumOfThreads("nonvoluntary_ctxt_switches:");
-    }
+    long wakeUps() const { return sumOfThreads("voluntary_ctxt_switches:"); }
 };
 
 TEST_P(Trouble, NothingWakesItWhenNothingChanges)
@@ -77,7 +74,7 @@ TEST_P(Trouble, WhatIsHeardIsRememberedHoweverChangesFallTogether)
         person->finish();
         person->useOutput(next);
         const auto isRemembered = [&] {
-            return desktop.status().facts["Output"] == next && person->volume(next) == remembered(pair);
+            return desktop.status(1).facts["Output"] == next && person->volume(next) == remembered(pair, 1);
         };
         EXPECT_TRUE(soon(isRemembered, true)) << next;
     }
@@ -122,15 +119,21 @@ TEST_P(Trouble, AThousandChangesASecondCostLittleAndTheLastOneWins)
     desktop.start();
     desktop.status();
     const long memoryBefore = sumOfThreads("VmRSS:");
-    const auto seconds = rounds("DESKTOP_STORM_SECONDS", 2);
+    const long wakeUpsBefore = wakeUps();
+    // Ten at a time: that is as many, and costs the server a tenth.
+    constexpr int changesAtOnce = 10;
+    constexpr auto interval = std::chrono::milliseconds(changesAtOnce);
+    const int bursts = 100 * rounds("DESKTOP_STORM_SECONDS", 10);
     std::mt19937 dice(7);
     std::uint32_t last = 0;
     auto next = std::chrono::steady_clock::now();
-    for (int i = 0; i < seconds * 1000; ++i) {
-        last = std::uniform_int_distribution<std::uint32_t>(1, fullScale)(dice);
-        person->setVolumeSoon("speaker", last);
+    for (int burst = 0; burst < bursts; ++burst) {
+        for (int change = 0; change < changesAtOnce; ++change) {
+            last = std::uniform_int_distribution<std::uint32_t>(1, fullScale)(dice);
+            person->setVolumeSoon("speaker", last);
+        }
         person->goOn(0);
-        next += std::chrono::milliseconds(1);
+        next += interval;
         std::this_thread::sleep_until(next);
     }
     person->finish();
@@ -138,6 +141,9 @@ TEST_P(Trouble, AThousandChangesASecondCostLittleAndTheLastOneWins)
     EXPECT_EQ(person->volume("speaker"), last);
     const long growth = (sumOfThreads("VmRSS:") - memoryBefore) / 3; // each of its threads tells it
     EXPECT_LT(growth, 2048) << "kilobytes";
+    // The library wakes for each change that it is told of. What comes after that does not follow each of them.
+    constexpr long wakeUpsAChange = 3;
+    EXPECT_LT(wakeUps() - wakeUpsBefore, wakeUpsAChange * changesAtOnce * bursts);
 }
 
 TEST_P(Trouble, WhateverWasRememberedSurvivesADeathAtAnyMoment)
@@ -181,12 +187,12 @@ TEST_P(Trouble, AServerThatDiesAndComesAgainIsPutRight)
     outputSoon("headphone");
     person.reset();
     server.kill();
-    while (desktop.status().facts["Server"] != "none")
+    while (desktop.status(1).facts["Server"] != "none")
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     EXPECT_NE(desktop.complaints().find("the sound server is gone"), std::string::npos);
     server.start();
     person = std::make_unique<SoundClient>();
-    while (desktop.status().facts["Output"] != "speaker")
+    while (desktop.status(1).facts["Output"] != "speaker")
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     // It came up at full volume, and whoever started it set it to that, too: what is heard is what is remembered.
     const auto isRemembered = [this] {
@@ -208,11 +214,11 @@ TEST_P(Trouble, WithoutAServerItSaysSoInOneLineAndWaits)
     ChildProcess process;
     const auto complaints = server.folder() / "waiting";
     process.start({ PANOTRA_PROGRAM, "desktop", "--headless", "--prefs", desktop.preferences().string() }, complaints);
-    while (desktop.status().facts["Route"].empty())
+    while (desktop.status(1).facts["Route"].empty())
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     server.start();
     person = std::make_unique<SoundClient>();
-    while (desktop.status().facts["Server"] == "none")
+    while (desktop.status(1).facts["Server"] == "none")
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     EXPECT_EQ(process.end(SIGTERM), 0);
     std::ostringstream text;
