@@ -125,7 +125,7 @@ std::size_t doAnything(sim::Device& device, int count, const std::function<unsig
     std::size_t announced = 0;
     for (int step = 0; step < count; ++step) {
         NSAutoreleasePool* const pool = [NSAutoreleasePool new];
-        switch (roll(14)) {
+        switch (roll(19)) {
         case 0:
         case 1:
         case 2: {
@@ -191,6 +191,29 @@ std::size_t doAnything(sim::Device& device, int count, const std::function<unsig
             device.home->presentHUD(roll(5));
             device.home->presentVolumeHUD(roll(3), 0.5f);
             break;
+        case 13:
+            device.home->motionBegan(roll(3));
+            break;
+        case 14: {
+            const char* const statusBar = roll(2) == 0 ? "UIStatusBar" : "_UIStatusBar";
+            const unsigned width = roll(400);
+            device.home->setStatusBarFrame(statusBar, 0, 0, width, roll(50));
+            break;
+        }
+        case 15:
+            device.home->getActiveCategoryVolume(roll(2) == 0);
+            break;
+        case 16:
+            device.home->finishLaunching();
+            break;
+        case 17: {
+            const sim::Button button = roll(2) == 0 ? sim::Button::Up : sim::Button::Down;
+            device.home->press(button);
+            ++announced;
+            if (roll(2) == 0)
+                device.home->release(button);
+            break;
+        }
         default:
             device.runLoop->wait(roll(30) / 10.0);
         }
