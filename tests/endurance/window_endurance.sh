@@ -7,7 +7,7 @@
 # takes for each thing are written down twenty times. The last line says both; status 1: it grew, or became slower.
 set -euo pipefail
 panotra=$1 seconds=$2 seed=${3-1}
-case=window-endurance
+case="window-endurance"
 # shellcheck source=tests/window/window_support.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../window/window_support.sh"
 deadline=$((2 * seconds + 150))
