@@ -36,6 +36,7 @@ struct LaunchedProcess {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    NSAutoreleasePool* const pool = [NSAutoreleasePool new]; // or what one input leaves would stay for all others
     static LaunchedProcess process;
     process.announced = 0;
     constexpr std::size_t bytesOfAStep = 6;
@@ -48,6 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     };
     const std::size_t asked = testing::doAnything(process.device, static_cast<int>(1 + size / bytesOfAStep), roll);
     process.device.runLoop->wait(100); // nothing is left of one input for the next
+    [pool drain];
     if (process.announced != asked)
         std::abort();
     return 0;
