@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include <sys/stat.h>
@@ -23,7 +23,9 @@ inline void writeBytes(const std::filesystem::path& file, const std::string& byt
 inline std::string readBytes(const std::filesystem::path& file)
 {
     std::ifstream stream(file, std::ios::binary);
-    return { std::istreambuf_iterator<char>(stream), {} };
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    return bytes.str();
 }
 
 /// A property list in XML with these keys and values in its dictionary.
