@@ -20,7 +20,7 @@ namespace panotra::sim {
 namespace {
 
 /// A place in the queue: when it is due, then when it was asked for.
-using Place = std::pair<double, std::uint64_t>;
+using QueuePlace = std::pair<double, std::uint64_t>;
 /// Target, selector and object of a delayed perform.
 using PerformKey = std::tuple<HostObject*, const HostSelector*, HostObject*>;
 
@@ -43,7 +43,7 @@ void runPerform(HostObject* target, const HostSelector* selector, HostObject* ob
 struct RunLoop::Implementation {
     struct Running {
         std::list<std::shared_ptr<Animation>>::iterator inList;
-        Place end;
+        QueuePlace end;
         std::function<void(bool)> completion;
     };
 
@@ -55,8 +55,8 @@ struct RunLoop::Implementation {
     Device& device;
     double now = 0;
     std::uint64_t asked = 0;
-    std::map<Place, Work> queue;
-    std::multimap<PerformKey, Place> performs;
+    std::map<QueuePlace, Work> queue;
+    std::multimap<PerformKey, QueuePlace> performs;
     std::list<std::shared_ptr<Animation>> animations; ///< oldest first
     std::map<const Animation*, Running> running;
     std::vector<Animation*> blocks; ///< the blocks that run now, outermost first; null: a completion
@@ -66,7 +66,7 @@ struct RunLoop::Implementation {
     std::vector<std::function<void()>> posted;
     std::atomic<bool> hasPosted = false; ///< asked without the lock, at every turn
 
-    Place nextPlace(double delay) { return { now + (delay > 0 ? delay : 0), asked++ }; }
+    QueuePlace nextPlace(double delay) { return { now + (delay > 0 ? delay : 0), asked++ }; }
 
     void addPerform(EventFields& fields, const PerformKey& key) const
     {
@@ -74,7 +74,7 @@ struct RunLoop::Implementation {
         fields.add("selector", selector->name, "object", device.nameOf(object));
     }
 
-    void forgetPerform(const PerformKey& key, const Place& place)
+    void forgetPerform(const PerformKey& key, const QueuePlace& place)
     {
         auto [candidate, end] = performs.equal_range(key);
         while (candidate != end && candidate->second != place)
@@ -198,7 +198,7 @@ void RunLoop::perform(HostObject* target, const HostSelector* selector, HostObje
     });
     retain(target);
     retain(object);
-    const Place place = m_implementation->nextPlace(delay);
+    const QueuePlace place = m_implementation->nextPlace(delay);
     m_implementation->queue.emplace(place, Work { nullptr, key });
     m_implementation->performs.emplace(key, place);
 }
@@ -255,7 +255,7 @@ void RunLoop::animate(double duration, double delay, std::uint64_t options, cons
         "animate", [&](EventFields& fields) { fields.add("duration", duration, "delay", delay, "options", options); });
     const auto animation = std::make_shared<Animation>(loop.now, delay, duration);
     // The end takes its place in the queue before the block can ask for anything.
-    const Place end = loop.nextPlace(delay + duration);
+    const QueuePlace end = loop.nextPlace(delay + duration);
     loop.queue.emplace(end, Work { [&loop, ending = animation.get()] { loop.end(*ending, true); }, std::nullopt });
     const auto inList = loop.animations.insert(loop.animations.end(), animation);
     loop.running.emplace(animation.get(), Implementation::Running { inList, end, std::move(completion) });
