@@ -123,11 +123,13 @@ faults: ## let files be damaged, system calls fail and processes die, FAULT_ROUN
 	@FAULT_ROUNDS=$${FAULT_ROUNDS:-1000} $(build)/tests/faults/fault_tests --gtest_brief=1
 
 .PHONY: bench
-bench: build ## measure: instructions of the logic, time of the pictures
+bench: build ## measure: instructions of the logic, time of saves, scenarios and pictures
 	@scripts/install-dependencies test bench
 	@cmake --preset default -DBUILD_TESTING=ON >/dev/null
-	@cmake --build $(build) --parallel $(jobs) --target instructions panotra-objc objc_tests render_bench -- $(quiet)
+	@cmake --build $(build) --parallel $(jobs) --target instructions panotra-objc objc_tests panotra render_bench stores -- $(quiet)
 	@bench/count-instructions $(build)
+	@$(build)/bench/stores $(build)/bench/kept
+	@bench/scenario-growth $(build)/panotra
 	@$(build)/render_bench
 
 .PHONY: format

@@ -2,7 +2,8 @@
 ///
 /// Processor time of the drawing thread, so that other programs do not count. Each row gives the median and the 99th
 /// percentile over all its frames in milliseconds, and the median as a multiple of the time it takes to copy the
-/// picture once, measured in the same run: that number can be compared between machines.
+/// picture once, and as one of the time it takes cairo to paint it: as it is, see-through where the mixer fades, or
+/// turned where it turns. Both are measured in the same run; the last two numbers can be compared between machines.
 #include "facts/AudioNames.h"
 #include "facts/PublicNames.h"
 #include "simulator/Bundle.h"
@@ -19,6 +20,7 @@
 #include <cstdint>
 #include <ctime>
 #include <functional>
+#include <numbers>
 #include <vector>
 
 namespace {
@@ -64,6 +66,32 @@ double copySeconds()
     return seconds;
 }
 
+/// The time that cairo takes to paint a picture of the screen once: as it is, see-through, or turned halfway.
+enum class Painting { Plain, SeeThrough, Turned };
+double cairoSeconds(Painting painting)
+{
+    render::Bitmap from(
+        750, 1334, painting == Painting::SeeThrough ? render::PixelFormat::Translucent : render::PixelFormat::Opaque);
+    render::Bitmap to(750, 1334, render::PixelFormat::Opaque);
+    const auto ink = from.makeContext(); // what is empty is not painted at all
+    cairo_set_source_rgba(ink.get(), 1, 1, 1, 0.5);
+    cairo_paint(ink.get());
+    std::vector<double> times;
+    for (int i = 0; i < 50; ++i) {
+        times.push_back(secondsFor([&] {
+            const auto context = to.makeContext();
+            if (painting == Painting::Turned) {
+                cairo_translate(context.get(), 375, 667);
+                cairo_rotate(context.get(), std::numbers::pi / 4);
+                cairo_translate(context.get(), -375, -667);
+            }
+            cairo_set_source_surface(context.get(), from.surface(), 0, 0);
+            cairo_paint_with_alpha(context.get(), painting == Painting::SeeThrough ? 0.5 : 1);
+        }));
+    }
+    return percentile(times, 0.5);
+}
+
 /// A phone with the mixer, and the times of the frames drawn of it.
 struct Phone {
     sim::Device device;
@@ -96,7 +124,7 @@ struct Phone {
 };
 
 /// Runs `move` on a phone of its own in each iteration, and reports the frames that it drew.
-void report(benchmark::State& state, std::int64_t style, const std::function<void(Phone&)>& move)
+void report(benchmark::State& state, std::int64_t style, Painting compared, const std::function<void(Phone&)>& move)
 {
     std::vector<double> times;
     for (auto _ : state) {
@@ -113,11 +141,12 @@ void report(benchmark::State& state, std::int64_t style, const std::function<voi
     state.counters["median_ms"] = median * 1000;
     state.counters["p99_ms"] = percentile(times, 0.99) * 1000;
     state.counters["copies"] = median / copySeconds();
+    state.counters["cairo"] = median / cairoSeconds(compared);
 }
 
 void dragging(benchmark::State& state, std::int64_t style)
 {
-    report(state, style, [](Phone& phone) {
+    report(state, style, Painting::Plain, [](Phone& phone) {
         constexpr int slot = 4;
         constexpr int steps = 120;
         sim::finishShowing(phone.device, phone.showing);
@@ -134,12 +163,12 @@ void dragging(benchmark::State& state, std::int64_t style)
 
 void fadingIn(benchmark::State& state, std::int64_t style)
 {
-    report(state, style, [](Phone& phone) { phone.drawFrames(0.3); });
+    report(state, style, Painting::SeeThrough, [](Phone& phone) { phone.drawFrames(0.3); });
 }
 
 void fadingOut(benchmark::State& state, std::int64_t style)
 {
-    report(state, style, [](Phone& phone) {
+    report(state, style, Painting::SeeThrough, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         phone.renderer->draw(phone.device);
         phone.device.home->sendActivatorEvent(listener::dismiss);
@@ -149,7 +178,7 @@ void fadingOut(benchmark::State& state, std::int64_t style)
 
 void focusing(benchmark::State& state, std::int64_t style)
 {
-    report(state, style, [](Phone& phone) {
+    report(state, style, Painting::Plain, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         phone.renderer->draw(phone.device);
         phone.device.home->announce(category::audioVideo, changeReason::explicitChange, 0.75F);
@@ -160,7 +189,7 @@ void focusing(benchmark::State& state, std::int64_t style)
 
 void turning(benchmark::State& state, std::int64_t style)
 {
-    report(state, style, [](Phone& phone) {
+    report(state, style, Painting::Turned, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         phone.renderer->draw(phone.device);
         phone.device.screen->orientation = 3;
@@ -172,7 +201,7 @@ void turning(benchmark::State& state, std::int64_t style)
 
 void nothingMoving(benchmark::State& state, std::int64_t style)
 {
-    report(state, style, [](Phone& phone) {
+    report(state, style, Painting::Plain, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         phone.renderer->draw(phone.device);
         phone.drawFrames(1);
@@ -181,7 +210,7 @@ void nothingMoving(benchmark::State& state, std::int64_t style)
 
 void firstFrame(benchmark::State& state, std::int64_t style)
 {
-    report(state, style, [](Phone& phone) {
+    report(state, style, Painting::Plain, [](Phone& phone) {
         sim::finishShowing(phone.device, phone.showing);
         std::string failure;
         phone.renderer = sim::makeRenderer(

@@ -1,12 +1,16 @@
 #!/usr/bin/env bash
-# What panotra costs as a process: no more instructions than the table says.
+# What a process costs: no more instructions than the table says.
 #
 #   program_cost.sh CASE PROGRAM SOURCES
 #
-# CASE is `start`, what comes before its first word, for which no library that draws may be loaded; or `scenario`, what
-# 1,000 events take whose trace is JSON, counted by a few. SOURCES is the root of the repository, whose bench/README.md
-# has a row for each. How long names and the environment are makes a difference; so does another version of a library: a
-# twentieth is let go for that.
+# SOURCES is the root of the repository, whose bench/README.md has a row for each CASE:
+#
+#   start        what comes before panotra's first word, for which no library that draws may be loaded
+#   scenario     what 1,000 events take whose trace is JSON, counted by a few
+#   constructor  what the library does while it is loaded, in the library's file alone; PROGRAM is panotra-objc
+#
+# How long names and the environment are makes a difference; so does another version of a library: a twentieth is let go
+# for that.
 set -euo pipefail
 case=$1 program=$2 sources=$3
 folder=$(mktemp -d)
@@ -17,11 +21,23 @@ fail() {
     exit 1
 }
 
-instructions_of() { # ARGUMENT...
-    env -i PATH=/usr/bin:/bin valgrind --tool=callgrind --callgrind-out-file="$folder/out" "$program" "$@" \
+under_callgrind() { # OPTION... PROGRAM ARGUMENT...
+    env -i PATH=/usr/bin:/bin valgrind --tool=callgrind --callgrind-out-file="$folder/out" "$@" \
         >"$folder/printed" 2>"$folder/log" || fail "$(cat "$folder/log")"
-    [[ -s $folder/printed ]] || fail "$program $* printed nothing"
+    [[ -s $folder/printed ]] || fail "it printed nothing"
+}
+
+instructions_of() { # ARGUMENT...
+    under_callgrind "$program" "$@"
     sed -n 's/^\(summary\|totals\): //p' "$folder/out" | head -n 1
+}
+
+instructions_of_constructor_in() { # BUNDLE
+    printf 'process %s\nload\n' "$1" >"$folder/scenario"
+    under_callgrind --collect-atstart=no --toggle-collect='panotra::constructor()' \
+        "$program" play --format json "$folder/scenario"
+    callgrind_annotate --threshold=100 "$folder/out" 2>/dev/null |
+        awk '/\[.*\/libPanotra\.so\]$/ { gsub(",", "", $1); own += $1 } END { print own + 0 }'
 }
 
 expect_at_most() { # ROW COUNT
@@ -35,6 +51,7 @@ expect_at_most() { # ROW COUNT
 
 case $case in
 start)
+    # shellcheck disable=SC2016 # the marks are those of the table
     expect_at_most '`panotra --version`' "$(instructions_of --version)"
     loaded=$(ldd "$program" | grep -E 'cairo|pango|rsvg|SDL|pulse' || true)
     [[ -z $loaded ]] || fail "loaded for every command: $loaded"
@@ -46,5 +63,9 @@ scenario)
     many=$(instructions_of play --format json "$folder/many")
     expect_at_most '1,000 events of a scenario, the trace as JSON' $(((many - few) * 10))
     ;;
-*) fail "found '$case', expected start or scenario" ;;
+constructor)
+    expect_at_most 'constructor in the home screen' "$(instructions_of_constructor_in com.apple.springboard)"
+    expect_at_most 'constructor in another process' "$(instructions_of_constructor_in com.example.other)"
+    ;;
+*) fail "found '$case', expected start, scenario or constructor" ;;
 esac
