@@ -64,7 +64,7 @@ void Device::trace(EventName event)
     trace(event, [](const EventFields&) {});
 }
 
-const std::string* Device::nameOf(HostObject* object)
+const std::string* Device::nameOf(HostObject* object) const
 {
     if (object == nullptr)
         return nullptr;

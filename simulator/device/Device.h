@@ -83,7 +83,7 @@ public:
 
     /// The name of a view or other object for the trace: the field that holds it. Null for null, and for an
     /// object that no field has ever held.
-    const std::string* nameOf(HostObject* object);
+    const std::string* nameOf(HostObject* object) const;
 
 private:
     void report(EventName event, void (*addFields)(const void* with, EventFields& to), const void* with);

@@ -281,13 +281,16 @@ void HomeScreen::setRingerMuted(bool muted)
 
 void HomeScreen::playSound(std::optional<std::int64_t> type)
 {
+    HostObject* const player = shared("SBSoundController");
+    if (player != nullptr)
+        banner = { m_implementation->device.runLoop->now() };
     HostObject* sound = nullptr;
     if (type.has_value())
         sound = m_implementation->autoreleased<Sound>("SBUISound", *type);
     else
         sound = m_implementation->autoreleased<HostObject>("NSObject");
     send<bool, HostObject*, std::int64_t, HostObject*>(
-        shared("SBSoundController"), selector("playSound:environments:completion:"), sound, 0, nullptr);
+        player, selector("playSound:environments:completion:"), sound, 0, nullptr);
 }
 
 void HomeScreen::motionBegan(std::int64_t type)

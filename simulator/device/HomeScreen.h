@@ -5,6 +5,7 @@
 #pragma once
 
 #include "simulator/device/Device.h"
+#include "simulator/device/NotificationBanner.h"
 #include "simulator/device/SystemIndicator.h"
 
 namespace panotra::sim {
@@ -30,6 +31,9 @@ public:
     /// The own indicator since it was last asked for, gone or not.
     std::optional<SystemIndicator> indicator;
     void showIndicator(double level, double stay = SystemIndicator::usualStay);
+
+    /// Of the last notification that sounded, gone or not.
+    std::optional<NotificationBanner> banner;
 
     // Events. What they call is looked for under its old name first.
     void finishLaunching();

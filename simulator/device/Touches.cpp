@@ -87,7 +87,7 @@ void Touches::down(double x, double y)
     PanRecognizer* const recognizer = Implementation::recognizerOver(hit);
     retain(recognizer);
     m_implementation->lift();
-    m_implementation->finger = Finger { point, point, recognizer, false };
+    m_implementation->finger = Finger { point, point, recognizer, hit != nullptr };
 }
 
 void Touches::move(double x, double y)
@@ -123,6 +123,12 @@ bool Touches::isDraggingSomething() const
     const auto& finger = m_implementation->finger;
     return finger.has_value() && finger->isDragging && finger->recognizer != nullptr
         && m_implementation->isReachable(*finger->recognizer);
+}
+
+std::optional<Point> Touches::fingerBehindMixer() const
+{
+    const auto& finger = m_implementation->finger;
+    return finger.has_value() && !finger->isOnMixer ? std::optional(finger->down) : std::nullopt;
 }
 
 } // namespace panotra::sim

@@ -18,6 +18,7 @@ public:
         Point down;
         Point now;
         PanRecognizer* recognizer; ///< counted; null: nothing under the finger takes drags
+        bool isOnMixer = false;
         bool isDragging = false;
     };
 
@@ -32,6 +33,9 @@ public:
     const std::optional<Finger>& finger() const;
     /// Whether the finger drags a slider that is still on the screen, not one that was torn down under it.
     bool isDraggingSomething() const;
+
+    /// Where a finger went down on what is behind the mixer; none if it is lifted, or on the mixer.
+    std::optional<Point> fingerBehindMixer() const;
 
 private:
     struct Implementation;

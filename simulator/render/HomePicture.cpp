@@ -3,6 +3,7 @@
 
 #include "simulator/render/Artwork.h"
 #include "simulator/render/Blur.h"
+#include "simulator/render/Orientation.h"
 
 #include <algorithm>
 #include <array>
@@ -10,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 
 namespace panotra::render {
 namespace {
@@ -56,12 +58,14 @@ constexpr std::array dockTiles {
     Tile { "Music", "music", 0xff7f9d, 0xe83e6b },
 };
 
-constexpr int columns = 4;
+constexpr int dockColumns = 4;
+constexpr double tileRoundness = 0.225; ///< of its side
 constexpr double pageDotsHeight = 24;
 constexpr Material dockMaterial { 20, 1.6, 1, { 1, 1, 1, 0.28 } };
 
 /// The measures of a home screen in points.
 struct HomeLayout {
+    int columns; ///< as many as upright, or more where there is room beside
     double tile; ///< side of a tile
     double gap; ///< beside tiles, and outside of the outermost
     double firstRow; ///< top of the first row
@@ -70,7 +74,8 @@ struct HomeLayout {
     double dockTop;
 
     explicit HomeLayout(Size screen)
-        : tile(screen.width >= 700 ? 76 : 60)
+        : columns(columnsOf(screen))
+        , tile(std::min(screen.width, screen.height) >= 700 ? 76 : 60)
         , gap((screen.width - columns * tile) / (columns + 1))
         , firstRow(statusBarHeight + 12)
         , rowPitch(tile + 28)
@@ -78,8 +83,22 @@ struct HomeLayout {
         , dockTop(screen.height - dockHeight())
     {
     }
+    static int columnsOf(Size screen)
+    {
+        constexpr double wide = 560;
+        if (screen.width <= screen.height)
+            return dockColumns;
+        return screen.width < wide ? dockColumns + 2 : dockColumns + 3;
+    }
     double dockHeight() const { return tile + 36; }
     double columnX(int column) const { return gap + column * (tile + gap); }
+    int places() const { return std::clamp(rows * columns, 0, static_cast<int>(pageTiles.size())); }
+    Point placeOf(int place) const { return { columnX(place % columns), firstRow + place / columns * rowPitch }; }
+    Point dockPlaceOf(int place) const
+    {
+        const double left = (columns - dockColumns) * (tile + gap) / 2;
+        return { left + columnX(place), dockTop + (dockHeight() - tile) / 2 };
+    }
 };
 
 void drawTile(cairo_t* context, const Tile& tile, double side, const Drawing& glyphs)
@@ -89,7 +108,6 @@ void drawTile(cairo_t* context, const Tile& tile, double side, const Drawing& gl
         gradient.get(), 0, channel(tile.top, 16), channel(tile.top, 8), channel(tile.top, 0));
     cairo_pattern_add_color_stop_rgb(
         gradient.get(), 1, channel(tile.bottom, 16), channel(tile.bottom, 8), channel(tile.bottom, 0));
-    constexpr double roundness = 0.225;
     cairo_save(context);
     // Through a mask, all rows at once: filled by its outline, cairo would ask for the gradient row by row.
     constexpr double room = 2;
@@ -98,7 +116,7 @@ void drawTile(cairo_t* context, const Tile& tile, double side, const Drawing& gl
     cairo_clip(context);
     cairo_push_group_with_content(context, CAIRO_CONTENT_ALPHA);
     cairo_set_source_rgb(context, 0, 0, 0);
-    addOutline(context, { {}, { side, side }, side * roundness, true });
+    addOutline(context, { {}, { side, side }, side * tileRoundness, true });
     cairo_fill(context);
     const Handle<cairo_pattern_t> outline(cairo_pop_group(context));
     cairo_set_source(context, gradient.get());
@@ -153,17 +171,15 @@ void drawDock(Bitmap& bitmap, Size screen, const HomeLayout& layout, double pixe
 }
 
 /// Places the context's origin at the top left of a tile's place and draws there.
-template <typename Draw> void atTile(cairo_t* context, double x, double y, Draw draw)
+template <typename Draw> void atTile(cairo_t* context, Point place, Draw draw)
 {
     cairo_save(context);
-    cairo_translate(context, x, y);
+    cairo_translate(context, place.x, place.y);
     draw();
     cairo_restore(context);
 }
 
-} // namespace
-
-void drawHomeScreen(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wallpaper, const Typesetter& typesetter)
+void drawUpright(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wallpaper, const Typesetter& typesetter)
 {
     const Size screen { bitmap.width() / pixelsPerPoint, bitmap.height() / pixelsPerPoint };
     const HomeLayout layout(screen);
@@ -177,20 +193,61 @@ void drawHomeScreen(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wall
 
     const auto context = bitmap.makeContext();
     cairo_scale(context.get(), pixelsPerPoint, pixelsPerPoint);
-    const int places = std::clamp(layout.rows * columns, 0, static_cast<int>(pageTiles.size()));
-    for (int i = 0; i < places; ++i) {
+    for (int i = 0; i < layout.places(); ++i) {
         const Tile& tile = pageTiles[static_cast<std::size_t>(i)];
-        const int row = i / columns;
-        atTile(context.get(), layout.columnX(i % columns), layout.firstRow + row * layout.rowPitch, [&] {
+        atTile(context.get(), layout.placeOf(i), [&] {
             drawTile(context.get(), tile, layout.tile, glyphs);
             drawTileName(context.get(), tile, layout, isBlack, typesetter);
         });
     }
     drawPageDots(context.get(), screen, layout, isBlack);
-    for (int i = 0; i < columns; ++i) {
-        atTile(context.get(), layout.columnX(i), layout.dockTop + (layout.dockHeight() - layout.tile) / 2,
+    for (int i = 0; i < dockColumns; ++i) {
+        atTile(context.get(), layout.dockPlaceOf(i),
             [&] { drawTile(context.get(), dockTiles[static_cast<std::size_t>(i)], layout.tile, glyphs); });
     }
+}
+
+} // namespace
+
+void drawHomeScreen(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wallpaper, const Typesetter& typesetter,
+    std::int64_t orientation)
+{
+    const double angle = interfaceAngle(orientation);
+    if (angle == 0)
+        return drawUpright(bitmap, pixelsPerPoint, wallpaper, typesetter);
+    int width = bitmap.width();
+    int height = bitmap.height();
+    if (orientation == 3 || orientation == 4)
+        std::swap(width, height);
+    Bitmap upright(width, height, PixelFormat::Opaque);
+    drawUpright(upright, pixelsPerPoint, wallpaper, typesetter);
+    const auto context = bitmap.makeContext();
+    cairo_translate(context.get(), bitmap.width() / 2.0, bitmap.height() / 2.0);
+    cairo_rotate(context.get(), angle);
+    cairo_set_source_surface(context.get(), upright.surface(), -width / 2.0, -height / 2.0);
+    cairo_pattern_set_filter(cairo_get_source(context.get()), CAIRO_FILTER_NEAREST); // pixel for pixel
+    cairo_paint(context.get());
+}
+
+std::optional<Shape> tileAt(Size interface, Point point)
+{
+    const HomeLayout layout(interface);
+    const auto shapeAt = [&](Point place) -> std::optional<Shape> {
+        const bool isInside = point.x >= place.x && point.x < place.x + layout.tile && point.y >= place.y
+            && point.y < place.y + layout.tile;
+        if (!isInside)
+            return std::nullopt;
+        return Shape { translation(place.x, place.y), { layout.tile, layout.tile }, layout.tile * tileRoundness, true };
+    };
+    for (int i = 0; i < layout.places(); ++i) {
+        if (const auto shape = shapeAt(layout.placeOf(i)))
+            return shape;
+    }
+    for (int i = 0; i < dockColumns; ++i) {
+        if (const auto shape = shapeAt(layout.dockPlaceOf(i)))
+            return shape;
+    }
+    return std::nullopt;
 }
 
 void drawSign(cairo_t* context, Size size, const std::string& name)

@@ -2,16 +2,24 @@
 #pragma once
 
 #include "simulator/render/Bitmap.h"
+#include "simulator/render/Shapes.h"
 #include "simulator/render/Typesetter.h"
 #include "simulator/render/Wallpaper.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace panotra::render {
 
-/// The home screen upright, without status bar, on the whole bitmap (Opaque): wallpaper, tiles with their names, a
-/// dock. It does not turn: on phones of this kind only the status bar follows the orientation.
-void drawHomeScreen(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wallpaper, const Typesetter& typesetter);
+/// The home screen, without status bar, on the whole bitmap (Opaque) of an upright screen: wallpaper, tiles with their
+/// names, a dock. It is turned so that it stands upright for who looks at an interface of that orientation.
+void drawHomeScreen(Bitmap& bitmap, double pixelsPerPoint, const Wallpaper& wallpaper, const Typesetter& typesetter,
+    std::int64_t orientation = 1);
+
+/// The tile at a point of the home screen, without its name; none if there is none. Points from the top left of the
+/// interface as it is turned, whose size is `interface`.
+std::optional<Shape> tileAt(Size interface, Point point);
 
 /// Points; the same at every orientation.
 inline constexpr double statusBarHeight = 20;

@@ -183,7 +183,7 @@ void Painter::paint(const HomeItem& home, const Item& item, Bitmap& product)
     }
     if (product.isEmpty()) {
         product = Bitmap(item.extent.width, item.extent.height, PixelFormat::Opaque);
-        drawHomeScreen(product, m_box.pixelsPerPoint, m_box.wallpaper, m_box.typesetter);
+        drawHomeScreen(product, m_box.pixelsPerPoint, m_box.wallpaper, m_box.typesetter, home.orientation);
     }
     setBitmap(context(), product, item.extent);
     cairo_paint(context());

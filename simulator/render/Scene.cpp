@@ -1,9 +1,11 @@
 /// From the view tree to what is to be drawn.
 #include "simulator/render/Scene.h"
 
+#include "facts/AudioNames.h"
 #include "simulator/device/HomeScreen.h"
 #include "simulator/device/Presentation.h"
 #include "simulator/device/Services.h"
+#include "simulator/device/Touches.h"
 #include "simulator/render/HomePicture.h"
 #include "simulator/render/Orientation.h"
 
@@ -21,6 +23,9 @@ using sim::AnimatedProperty;
 constexpr Rgba black { 0, 0, 0, 1 };
 /// The platform's tint of template images that nobody gave one.
 constexpr Rgba defaultTint { 0, 0.478, 1, 1 };
+/// Behind the status bar while there is a call.
+constexpr Rgba ongoingCall { 0.16, 0.65, 0.29, 1 };
+constexpr Rgba underFinger { 0, 0, 0, 0.4 };
 
 /// What a view shows now of the properties that animations move.
 struct Presented {
@@ -84,6 +89,7 @@ public:
     void addSurroundings();
     void addBareWallpaper();
     void addView(const sim::View& view, const Transform& toPixels);
+    void addBanner();
     void addIndicator();
     Scene take() { return std::move(m_scene); }
 
@@ -95,6 +101,7 @@ private:
         bool isWhole = false; ///< as that of a ClipItem
     };
 
+    void addPressedTile();
     /// From the interface as it is turned, its origin at its top left, to pixels.
     Transform interfaceToPixels() const;
     void add(Item::Content content, const Shape& shape);
@@ -165,15 +172,75 @@ void SceneBuilder::addSurroundings()
 {
     const sim::Screen& screen = *m_device.screen;
     const Transform toPixels = scaling(screen.scale);
-    add(HomeItem {}, { toPixels, { screen.width, screen.height } });
+    add(HomeItem { false, screen.orientation }, { toPixels, { screen.width, screen.height } });
+    addPressedTile();
     if (screen.statusBarHidden)
         return;
     // The bar lies along the top as the interface is turned, its middle where the host says it is.
     const double width = screen.currentSize().first;
     const auto [centerX, centerY] = screen.currentStatusBarCenter();
     const Transform place = translation(centerX - width / 2, centerY - statusBarHeight / 2);
-    add(StatusBarItem { clockText(m_device.runLoop->now()) },
-        { compose(interfaceToPixels(), place), { width, statusBarHeight } });
+    const Shape bar { compose(interfaceToPixels(), place), { width, statusBarHeight } };
+    if (m_device.sound->categoryInUse() == category::phoneCall)
+        add(FillItem { ongoingCall }, bar);
+    add(StatusBarItem { clockText(m_device.runLoop->now()) }, bar);
+}
+
+/// A tile of the home screen gives under the finger.
+void SceneBuilder::addPressedTile()
+{
+    const auto finger = m_device.touches->fingerBehindMixer();
+    if (!finger)
+        return;
+    const sim::Screen& screen = *m_device.screen;
+    const auto [width, height] = screen.currentSize();
+    const auto fromPixels = sim::inverse(interfaceToPixels());
+    if (!fromPixels)
+        return;
+    const Point inPixels { finger->x * screen.scale, finger->y * screen.scale };
+    const auto tile = tileAt({ width, height }, apply(*fromPixels, inPixels));
+    if (!tile)
+        return;
+    Shape shape = *tile;
+    shape.transform = compose(interfaceToPixels(), tile->transform);
+    add(FillItem { underFinger }, shape);
+}
+
+/// What a notification shows of itself, below the mixer: a plate that comes down from above.
+void SceneBuilder::addBanner()
+{
+    const auto& banner = m_device.home->banner;
+    const double descent = banner ? banner->descentAt(m_device.runLoop->now()) : 0;
+    if (!(descent > 0))
+        return;
+    constexpr Material material { 20, 1.8, 1, { 0.97, 0.97, 0.97, 0.72 } };
+    constexpr Rgba ink { 0.05, 0.05, 0.07, 1 };
+    constexpr Rgba dim { 0.3, 0.3, 0.33, 1 };
+    constexpr Rgba sign { 0.95, 0.45, 0.25, 1 };
+    constexpr double rim = 8;
+    constexpr double most = 380;
+    constexpr double height = 60;
+    constexpr double signSide = 36;
+    constexpr double textLeft = 2 * 12 + signSide;
+    constexpr double lineHeight = 18;
+    constexpr double nowWidth = 40;
+
+    const double width = std::min(m_device.screen->currentSize().first - 2 * rim, most);
+    const double left = (m_device.screen->currentSize().first - width) / 2;
+    const double top = -height + (height + rim) * descent;
+    const Transform corner = compose(interfaceToPixels(), translation(left, top));
+    const auto at = [&corner](double x, double y, Size size, double radius) {
+        return Shape { compose(corner, translation(x, y)), size, radius, true };
+    };
+    add(BackdropItem { material, material.blurRadius * m_device.screen->scale, 1 }, at(0, 0, { width, height }, 14));
+    add(FillItem { sign }, at(12, (height - signSide) / 2, { signSide, signSide }, 8));
+    const double textWidth = width - textLeft - 12;
+    add(TextItem { "Reminders", { 13, TextWeight::Medium, TextAlignment::Left }, ink },
+        at(textLeft, 12, { textWidth - nowWidth, lineHeight }, 0));
+    add(TextItem { "now", { 12, TextWeight::Regular, TextAlignment::Right }, dim },
+        at(textLeft + textWidth - nowWidth, 12, { nowWidth, lineHeight }, 0));
+    add(TextItem { "Water the plants", { 13, TextWeight::Regular, TextAlignment::Left }, ink },
+        at(textLeft, 12 + lineHeight, { textWidth, lineHeight }, 0));
 }
 
 void SceneBuilder::addView(const sim::View& view, const Transform& toPixels)
@@ -305,6 +372,7 @@ Scene sceneOf(const sim::Device& device)
 {
     SceneBuilder builder(device, screenPixels(device));
     builder.addSurroundings();
+    builder.addBanner();
     const auto* const window = dynamic_cast<const sim::Window*>(device.home->window());
     if (window != nullptr && window->shown)
         builder.addView(*window, scaling(device.screen->scale));

@@ -18,6 +18,7 @@ using sim::Rgba;
 /// The home screen, over everything.
 struct HomeItem {
     bool isBare = false; ///< nothing but the wallpaper
+    std::int64_t orientation = 1; ///< of the interface; a bare one has none
     friend bool operator==(const HomeItem&, const HomeItem&) = default;
 };
 

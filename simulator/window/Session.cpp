@@ -252,6 +252,8 @@ std::chrono::microseconds Session::untilDue() const
     due = std::min(due, m_device.runLoop->nextDue().value_or(due));
     if (indicator && now < indicator->fadesAt())
         due = std::min(due, indicator->fadesAt());
+    if (const auto& banner = m_device.home->banner; banner && now < banner->leavesAt())
+        due = std::min(due, banner->leavesAt());
     const auto rest = std::chrono::microseconds(std::llround(std::ceil((due - now) * 1e6)));
     return isPlaying() ? std::min(rest, m_playback->untilNextLine().value_or(rest)) : rest;
 }
@@ -261,7 +263,9 @@ bool Session::isMoving() const
     const double now = m_device.runLoop->now();
     const auto& indicator = m_device.home->indicator;
     const bool isFading = indicator && now >= indicator->fadesAt() && now < indicator->goneAt();
-    return isFading || m_device.runLoop->runningAnimations() > 0;
+    const auto& banner = m_device.home->banner;
+    const bool isSliding = banner && banner->isMovingAt(now);
+    return isFading || isSliding || m_device.runLoop->runningAnimations() > 0;
 }
 
 void Session::beginRecording(std::function<void(std::string_view)> record)
