@@ -1,6 +1,8 @@
 /// The mixer's geometry.
 #include "controller/MixerLayout.h"
 
+#include "facts/MixerSize.h"
+
 #include <algorithm>
 #include <numbers>
 
@@ -89,7 +91,8 @@ MixerLayout landscapePanel(CGSize content)
 
 CGSize referenceSizeForScreen(CGSize screen)
 {
-    return { screen.width == 320 ? CGFloat(300) : CGFloat(320), screen.height == 480 ? CGFloat(440) : CGFloat(480) };
+    const MixerSize size = mixerSizeOn(screen.width, screen.height);
+    return { CGFloat(size.width), CGFloat(size.height) };
 }
 
 CGAffineTransform rootTransform(std::int64_t orientation)

@@ -1,6 +1,7 @@
 /// A setting's value by its kind: read as the mixer reads it, written as the settings page writes it.
 #include "simulator/window/SettingValues.h"
 
+#include "facts/MixerSize.h"
 #include "simulator/device/Preferences.h"
 #include "simulator/scenario/TextFormat.h"
 
@@ -8,8 +9,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace panotra::sim {
+
+MixerSetting offered(const MixerSetting& setting, const ScreenSize& screen)
+{
+    MixerSetting cut = setting;
+    if (std::string_view(setting.key) != mixerSetting("scale").key)
+        return cut;
+    const double steps = std::floor(mostMixerScale(screen.width, screen.height) / setting.step + 1e-9);
+    cut.most = std::clamp(steps * setting.step, setting.least, setting.most);
+    return cut;
+}
 
 double valueOf(const Session& session, const MixerSetting& setting)
 {

@@ -8,6 +8,9 @@
 
 namespace panotra::sim {
 
+/// The setting with its range cut to what a phone with that screen has room for: a larger mixer would be cut off.
+MixerSetting offered(const MixerSetting& setting, const ScreenSize& screen);
+
 /// What the mixer makes of what is stored: a choice's number, 0 or 1 of a switch, the value of a range, which is
 /// finite.
 double valueOf(const Session& session, const MixerSetting& setting);

@@ -65,5 +65,15 @@ TEST(SettingValues, StepsOfARangeAreRoundNumbers)
     EXPECT_EQ(textOfValue(row("dismissDelay"), 2.5), "2.5");
 }
 
+TEST(OfferedTest, ASizeIsOfferedUpToWhatTheScreenHolds)
+{
+    const MixerSetting& size = mixerSetting("scale");
+    EXPECT_DOUBLE_EQ(offered(size, { 375, 667, 2 }).most, 1.15);
+    EXPECT_DOUBLE_EQ(offered(size, { 320, 568, 2 }).most, 1.05);
+    EXPECT_DOUBLE_EQ(offered(size, { 414, 736, 3 }).most, size.most);
+    EXPECT_DOUBLE_EQ(offered(size, { 100, 100, 2 }).most, size.least);
+    EXPECT_EQ(offered(mixerSetting("dismissDelay"), { 100, 100, 2 }).most, 10);
+}
+
 } // namespace
 } // namespace panotra::sim
