@@ -19,14 +19,21 @@ void addWindowCommand(CLI::App& app, ExitStatus& status, Work<WindowOptions> ope
             "The folder of the property lists (default $XDG_DATA_HOME/panotra/preferences or "
             "~/.local/share/panotra/preferences)")
         ->type_name("DIR");
-    command->add_option("--screen", options->screen, "The screen in points and pixels a point")
-        ->type_name("WxH@S")
+    command
+        ->add_option("--screen,--device", options->screen,
+            "The phone: 5s, 6, 6-plus, x, or its screen in points and pixels a point")
+        ->type_name("NAME|WxH@S")
         ->capture_default_str();
     command
         ->add_option("--system,--ios", options->system,
             "The system whose home screen the phone has, 9 to 16; without it, all of what 10 to 12 have")
         ->transform(named(systemNames()))
         ->type_name("SYSTEM");
+    command
+        ->add_option("--scale", options->scale,
+            "How many pixels do what one does on a plain display, 0.5 to 4 (default: what the system says)")
+        ->check(CLI::Range(0.5, 4.0))
+        ->type_name("N");
     command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
         ->type_name("FILE.png")
         ->capture_default_str();
@@ -47,10 +54,13 @@ void addWindowCommand(CLI::App& app, ExitStatus& status, Work<WindowOptions> ope
     command->add_option("--shots", options->shotsFolder, "Where the pictures and recordings of F12 and F9 go")
         ->type_name("DIR")
         ->capture_default_str();
+    command->add_flag("--sound", options->isHeard,
+        "Let buttons click, and steps of the volume sound as loud as the level that they leave");
     command->add_flag(
         "--statistics", options->wantsStatistics, "At the end, tell of turns of the loop and frame times");
     command->footer(
-        "Press ? in the window for its keys; I starts the phone anew as one of the next system, unless it is recorded "
+        "Press ? in the window for its keys, F10 for its menu; O starts the phone anew as one of the next system, "
+        "unless it is recorded "
         "or traced.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
         "A mixer that is shown takes another style, skin or size at once, dismissed and presented anew; on a phone it "
         "is "

@@ -77,7 +77,7 @@ ExitStatus openPhoneWindow(const DesktopOptions& options, const Library& library
         return failedWindow(failure);
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-    const auto display = Display::open("Panotra", failure);
+    const auto display = Display::open({ {}, rememberedPlace() }, failure);
     if (display == nullptr)
         return failedWindow("no display to open a window on: " + failure);
     const auto gone = [&folder] {

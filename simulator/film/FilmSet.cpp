@@ -60,7 +60,8 @@ WindowPicture::Frame FilmSet::take()
     const Screen& screen = *m_session.device().screen;
     const auto strip = m_look.captions == Captions::Shown ? Strip::Caption : Strip::None;
     const PixelSize size { m_look.size.width, m_look.size.height };
-    const Layout layout = layOutAlone(size, { screen.width, screen.height, screen.scale }, screen.orientation, strip);
+    Layout layout = layOutAlone(size, { screen.width, screen.height, screen.scale }, screen.orientation, strip);
+    layout.phone = layout.phone.movedBy(m_phone.shakeOffset() * layout.phone.unitsPerPoint(), layout.unit);
     Sheet sheet;
     sheet.add(Box { layout.sheet, palette::surround });
     const Attention nobody;

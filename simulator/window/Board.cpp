@@ -3,6 +3,7 @@
 
 #include "simulator/window/Controls.h"
 #include "simulator/window/Palette.h"
+#include "simulator/window/PhoneLooks.h"
 
 #include <algorithm>
 #include <string>
@@ -28,44 +29,50 @@ bool isOn(const Control& control, const Phone& phone)
     return control.isOn != nullptr && control.isOn(phone);
 }
 
-/// A button of the phone itself, in points of the upright screen.
-struct SideButton {
-    const char* key; ///< of its control
-    double y;
-    double height;
-    bool isAtRight;
-};
-
-constexpr std::array sideButtons {
-    SideButton { "M", 62, 26, false },
-    SideButton { "Up", 116, 46, false },
-    SideButton { "Down", 174, 46, false },
-    SideButton { "L", 116, 60, true },
-};
-
 void addSideButtons(Sheet& sheet, const Subject& subject)
 {
-    constexpr double standsOut = 4;
-    constexpr double underBody = 4;
     constexpr double reach = 8; ///< around it, where a finger still counts as on it
     const PhonePlace& place = subject.layout.phone;
     for (const SideButton& button : sideButtons) {
         const std::size_t index = indexOf(button.key);
         const bool isPressed = isOn(allControls()[index], subject.phone);
-        const double out = isPressed ? standsOut / 2 : standsOut;
-        const double edge = button.isAtRight ? place.screenSize().width + bodyBeside : -bodyBeside;
-        const Area area { button.isAtRight ? edge - underBody : edge - out, button.y, out + underBody, button.height };
+        const Area area = areaOf(button, place, isPressed);
         const Spot spot { place.onSheet(area.inset(-reach, -2)), Purpose::Control, index };
         const bool isHovered = subject.emphasisOf(spot, false) == Emphasis::Hovered;
-        const Rgba& fill = isPressed ? palette::accent : isHovered ? palette::dim : palette::bodyEdge;
-        sheet.add(Box { place.onSheet(area), fill, 2 * place.unitsPerPoint() });
+        addSideButton(sheet, place, area,
+            isPressed       ? SideButtonLooks::Pressed
+                : isHovered ? SideButtonLooks::Hovered
+                            : SideButtonLooks::Plain);
         sheet.spots.push_back(spot);
     }
 }
 
-std::string nameOfSystem(const std::optional<int>& system)
+/// A button of the window itself.
+void addWindowButton(Sheet& sheet, const Subject& subject, const Area& area, WindowAct act)
 {
-    return system ? "iOS " + std::to_string(*system) : "iOS 10\u201312";
+    const bool isRecording = subject.session.isRecording();
+    const char* label = "";
+    bool isOn = false;
+    switch (act) {
+    case WindowAct::Help:
+        label = "All keys";
+        isOn = subject.attention.overlay == Overlaid::Help;
+        break;
+    case WindowAct::Menu:
+        label = "Menu";
+        isOn = subject.attention.overlay == Overlaid::Menu;
+        break;
+    case WindowAct::Recording:
+        label = isRecording ? "End" : "Record";
+        isOn = isRecording;
+        break;
+    default:
+        label = "Picture";
+        break;
+    }
+    const Spot spot { area, Purpose::Act, static_cast<std::size_t>(act) };
+    addButton(sheet, area, keyOf(act).cap, label, "", subject.emphasisOf(spot, isOn));
+    sheet.spots.push_back(spot);
 }
 
 /// A line of the list of keys.
@@ -137,29 +144,28 @@ Emphasis Subject::emphasisOf(const Spot& spot, bool isOn) const
     return attention.hovered && attention.hovered->isSameAs(spot) ? Emphasis::Hovered : Emphasis::None;
 }
 
+bool Subject::isPressed(const Spot& spot) const
+{
+    return attention.pressed && attention.pressed->isSameAs(spot);
+}
+
 void addPhone(Sheet& sheet, const Subject& subject)
 {
-    constexpr double bodyRadius = 38; // points
-    constexpr double homeButton = 32;
-    constexpr double slitWidth = 52;
-    constexpr double slitHeight = 5;
     constexpr double fingerTip = 40;
     const PhonePlace& place = subject.layout.phone;
-    const double points = place.unitsPerPoint();
-    const ScreenSize& screen = place.screenSize();
     addSideButtons(sheet, subject);
-    sheet.add(Box { place.body(), palette::body, bodyRadius * points, palette::bodyEdge });
-    sheet.add(
-        Box { place.onSheet({ (screen.width - slitWidth) / 2, -(bodyAbove + slitHeight) / 2, slitWidth, slitHeight }),
-            palette::hovered, slitHeight / 2 * points });
-    sheet.add(Box { place.onSheet({ (screen.width - homeButton) / 2, screen.height + (bodyAbove - homeButton) / 2,
-                        homeButton, homeButton }),
-        palette::body, homeButton / 2 * points, palette::bodyEdge });
+    addBody(sheet, place);
+    if (const auto area = homeButtonOf(place)) {
+        const Spot home { *area, Purpose::HomeButton };
+        addHomeButton(sheet, place, subject.isPressed(home)); // it gives under the finger
+        sheet.spots.push_back(home);
+    }
     if (!subject.phone.isScreenOn()) {
         sheet.add(Box { place.screen(), palette::black });
         return;
     }
     sheet.add(ScreenPicture { place.screen(), place.orientation() });
+    addRims(sheet, place);
     if (const auto& finger = subject.phone.finger(); finger && subject.session.isPlaying()) {
         const Area tip = place.onSheet({ finger->x - fingerTip / 2, finger->y - fingerTip / 2, fingerTip, fingerTip });
         sheet.add(Box { tip, palette::finger, tip.width / 2, palette::fingerEdge });
@@ -193,28 +199,14 @@ void addControls(Sheet& sheet, const Subject& subject, Area area)
             sheet.spots.push_back(spot);
     }
     area.takeTop(groupGap);
-    Area row = area.takeTop(buttonHeight);
-    const Spot help { row.takeLeft((row.width - gap) / 2), Purpose::Help };
-    addButton(sheet, help.area, "?", "All keys", "", subject.emphasisOf(help, subject.attention.wantsHelp));
-    sheet.spots.push_back(help);
-    row.takeLeft(gap);
-    const Spot system { row, Purpose::System };
-    addButton(
-        sheet, system.area, "I", nameOfSystem(subject.session.device().system), "", subject.emphasisOf(system, false));
-    if (subject.session.canChangeSystem())
-        sheet.spots.push_back(system);
-    area.takeTop(gap);
-    row = area.takeTop(buttonHeight);
-    const bool isRecording = subject.session.isRecording();
-    const Spot record { row.takeLeft((row.width - gap) / 2), Purpose::Act,
-        static_cast<std::size_t>(WindowAct::Recording) };
-    addButton(sheet, record.area, keyOf(WindowAct::Recording).cap, isRecording ? "End" : "Record", "",
-        subject.emphasisOf(record, isRecording));
-    sheet.spots.push_back(record);
-    row.takeLeft(gap);
-    const Spot picture { row, Purpose::Act, static_cast<std::size_t>(WindowAct::Picture) };
-    addButton(sheet, picture.area, keyOf(WindowAct::Picture).cap, "Picture", "", subject.emphasisOf(picture, false));
-    sheet.spots.push_back(picture);
+    for (const auto& [left, right] :
+        { std::pair { WindowAct::Help, WindowAct::Menu }, std::pair { WindowAct::Recording, WindowAct::Picture } }) {
+        Area row = area.takeTop(buttonHeight);
+        addWindowButton(sheet, subject, row.takeLeft((row.width - gap) / 2), left);
+        row.takeLeft(gap);
+        addWindowButton(sheet, subject, row, right);
+        area.takeTop(gap);
+    }
 }
 
 void addHelp(Sheet& sheet, const Subject& subject)
@@ -250,15 +242,22 @@ Sheet makeSheet(const Subject& subject)
     Sheet sheet;
     sheet.add(Box { subject.layout.sheet, palette::surround });
     addPhone(sheet, subject);
+    addInspection(sheet, subject);
     if (subject.layout.controls)
         addControls(sheet, subject, *subject.layout.controls);
     if (subject.layout.panel)
         addPanel(sheet, subject, *subject.layout.panel);
+    if (subject.layout.folded)
+        addFolded(sheet, subject, *subject.layout.folded);
     if (subject.layout.player)
         addPlayer(sheet, subject, *subject.layout.player);
     addNotices(sheet, subject);
-    if (subject.attention.wantsHelp)
+    if (subject.attention.overlay == Overlaid::Help)
         addHelp(sheet, subject);
+    if (subject.attention.overlay == Overlaid::Menu)
+        addMenu(sheet, subject);
+    addFocus(sheet, subject);
+    addTooltip(sheet, subject);
     return sheet;
 }
 

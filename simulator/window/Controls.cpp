@@ -15,7 +15,7 @@ template <Button button> constexpr Control volumeButton(const char* key, const c
 {
     return { "Volume buttons", key, cap, label, [](Phone& phone) { return phone.press(button); },
         [](Phone& phone) { return phone.release(button); }, [](const Phone& phone) { return phone.isHeld(button); },
-        nullptr };
+        nullptr, false, &mixerSetting("replaceHUD") };
 }
 
 // What a control does is a plain function: it knows its name by the place in these tables.
@@ -46,7 +46,8 @@ constexpr std::array controls {
         [](const Phone& phone) -> std::string {
             return phone.isRingerMuted() ? "silent" : "ring";
         } },
-    Control { "Phone", "S", "S", "Shake", [](Phone& phone) { return phone.shake(); }, nullptr, nullptr, nullptr },
+    Control { "Phone", "S", "S", "Shake", [](Phone& phone) { return phone.shake(); }, nullptr, nullptr, nullptr, false,
+        &mixerSetting("handleShake") },
     Control { "Phone", "R", "R", "Rotate", [](Phone& phone) { return phone.turn(); }, nullptr, nullptr,
         [](const Phone& phone) {
             return phone.orientation();

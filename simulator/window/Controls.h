@@ -1,6 +1,7 @@
 /// What a person can do: one table for the keys, for the buttons at the phone's side, and for the list of keys.
 #pragma once
 
+#include "facts/MixerSettings.h"
 #include "simulator/window/Phone.h"
 
 #include <span>
@@ -18,6 +19,8 @@ struct Control {
     bool (*isOn)(const Phone& phone); ///< null: it is never on
     std::string (*state)(const Phone& phone); ///< what stands beside the label; null: nothing
     bool choosesSound = false; ///< where it is heard, or what plays
+    /// The switch without which it does little or nothing; null: it needs none.
+    const MixerSetting* needed = nullptr;
 };
 
 std::span<const Control> allControls();

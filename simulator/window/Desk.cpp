@@ -54,11 +54,26 @@ void Desk::perform(WindowAct act)
     case WindowAct::Recording:
         switchRecording();
         break;
+    case WindowAct::Sound:
+        m_isHeard = !m_isHeard;
+        say(m_isHeard ? "Buttons click, steps sound" : "Silent");
+        break;
     case WindowAct::Help:
+    case WindowAct::Menu:
+    case WindowAct::Inspector:
+    case WindowAct::CopyTrace:
     case WindowAct::OtherSystem:
     case WindowAct::Quit:
         break;
     }
+}
+
+void Desk::hang(const std::string& wallpaper)
+{
+    std::string failure;
+    if (m_means.hang && !m_means.hang(wallpaper, failure))
+        return fail(failure);
+    m_wallpaper = wallpaper;
 }
 
 void Desk::say(std::string text, bool stays)

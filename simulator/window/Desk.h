@@ -29,6 +29,8 @@ public:
         std::string folder = "."; ///< where pictures and recordings go
         /// Writes what the phone shows into the file. Answers why not, or nothing.
         std::function<std::optional<std::string>(const std::string& path)> takePicture {};
+        /// Puts the wallpaper of that name behind the home screen. Answers false and the reason if there is none.
+        std::function<bool(const std::string& wallpaper, std::string& failure)> hang {};
         /// Where a file went, in a line.
         std::function<void(const std::string& message)> tell {};
         /// What went wrong with a file, in a line.
@@ -43,6 +45,11 @@ public:
     /// Those acts that concern the window's own looks, its end and the choice of a system are left to others.
     void perform(WindowAct act);
     void say(std::string text, bool stays = false);
+    void hang(const std::string& wallpaper);
+    /// It hangs there already.
+    void setWallpaperName(const std::string& name) { m_wallpaper = name; }
+    /// As it is called in the menu; empty until one was chosen.
+    const std::string& wallpaperName() const { return m_wallpaper; }
     /// Ends the recording that runs, if one does.
     void endRecording();
     void beSilent() { m_notice.reset(); }
@@ -50,6 +57,9 @@ public:
     Pace& pace() { return m_pace; }
     const Pace& pace() const { return m_pace; }
     const std::optional<Notice>& notice() const { return m_notice; }
+    /// Whether buttons click and steps of the volume sound.
+    bool isHeard() const { return m_isHeard; }
+    void setHeard(bool isHeard) { m_isHeard = isHeard; }
     bool wantsStart() const { return m_wantsStart; }
     bool filesWorked() const { return m_filesWorked; }
 
@@ -69,6 +79,8 @@ private:
     std::size_t m_notices = 0;
     std::unique_ptr<OutputFile> m_recording; ///< null: none runs
     std::string m_recordingName;
+    std::string m_wallpaper;
+    bool m_isHeard = false;
     bool m_wantsStart = false;
     bool m_filesWorked = true;
 };

@@ -3,10 +3,12 @@
 
 #include "simulator/render/Bitmap.h"
 #include "simulator/window/Layout.h"
+#include "simulator/window/WindowPlace.h"
 
 #include <SDL.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,11 +25,23 @@ public:
         Failed, ///< the display does not take it
     };
 
-    /// As large as is pleasant on the display. Null and the reason in `failure` if there is no display.
-    static std::unique_ptr<Display> open(const char* title, std::string& failure);
+    struct Wish {
+        std::optional<double>
+            scale {}; ///< how many pixels do what one does on a plain display; none: the system says it
+        std::optional<WindowPlace> place {}; ///< none, or no part of any display: as large as is pleasant
+    };
+    /// Null and the reason in `failure` if there is no display.
+    static std::unique_ptr<Display> open(const Wish& wish, std::string& failure);
     ~Display();
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
+
+    void setTitle(const std::string& title);
+    /// A hand over what can be pressed.
+    void setPointing(bool isPointing);
+    /// How many pixels do what one does on a plain display.
+    double scale() const;
+    WindowPlace place() const;
 
     /// In pixels, which may be smaller than the units of the pointer.
     PixelSize size() const;
@@ -42,7 +56,14 @@ public:
 private:
     Display() = default;
 
+    void setIcon();
+
     SDL_Window* m_window = nullptr;
+    SDL_Cursor* m_arrow = nullptr;
+    SDL_Cursor* m_hand = nullptr;
+    bool m_isPointing = false;
+    std::optional<double> m_forcedScale;
+    double m_scaleOfX11 = 1;
 };
 
 } // namespace panotra::sim

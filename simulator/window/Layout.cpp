@@ -12,22 +12,24 @@ namespace {
 constexpr double margin = 24;
 constexpr double controlsWidth = 228;
 constexpr double panelWidth = 392;
+constexpr double mostPanelWidth = 640;
+constexpr double foldedWidth = 320;
 constexpr double playerHeight = 124;
 constexpr double sideButtonDepth = 4; ///< of what stands out of the body, points
 
-/// Below this many pixels a unit, text is too small to be read.
+/// Below this many pixels a unit on a plain display, text is too small to be read, above it is larger than anybody
+/// needs.
 constexpr double smallestUnit = 0.65;
+constexpr double largestUnit = 1.5;
 
 struct Arrangement {
     double width;
-    bool hasControls;
-    bool hasPanel;
+    bool isFolded;
 };
 
 constexpr std::array arrangements {
-    Arrangement { sheetWidth, true, true },
-    Arrangement { 720, true, false },
-    Arrangement { 440, false, false },
+    Arrangement { sheetWidth, false },
+    Arrangement { 660, true },
 };
 
 bool isLandscape(std::int64_t orientation)
@@ -54,8 +56,9 @@ Point turnOf(std::int64_t orientation)
 PhonePlace placeIn(const Area& area, double unit, const ScreenSize& screen, std::int64_t orientation)
 {
     // As many pixels a point as fit, and a whole number of them on the screen's long side.
-    const double bodyWidth = screen.width + 2 * (bodyBeside + sideButtonDepth);
-    const double bodyHeight = screen.height + 2 * bodyAbove;
+    const PhoneBody body = bodyOf(screen);
+    const double bodyWidth = screen.width + 2 * (body.beside + sideButtonDepth);
+    const double bodyHeight = screen.height + 2 * body.above;
     const bool lies = isLandscape(orientation);
     const double fitting
         = std::min(area.width / (lies ? bodyHeight : bodyWidth), area.height / (lies ? bodyWidth : bodyHeight));
@@ -105,32 +108,43 @@ Point PhonePlace::onScreen(Point sheetPoint) const
     return { x * turn.x + y * turn.y + m_screen.width / 2, y * turn.x - x * turn.y + m_screen.height / 2 };
 }
 
-Area PhonePlace::body() const
+PhonePlace PhonePlace::movedBy(double right, double unit) const
 {
-    return onSheet(Area { 0, 0, m_screen.width, m_screen.height }.inset(-bodyBeside, -bodyAbove));
+    PhonePlace moved = *this;
+    moved.m_center.x += std::round(right * unit) / unit;
+    return moved;
 }
 
-Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation, Footer footer)
+Area PhonePlace::body() const
+{
+    return onSheet(Area { 0, 0, m_screen.width, m_screen.height }.inset(-shape().beside, -shape().above));
+}
+
+Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation, Footer footer, double scale)
 {
     Layout layout;
     const Arrangement* arrangement = &arrangements.back();
     for (const Arrangement& each : arrangements) {
         layout.unit = std::min(window.width / each.width, window.height / sheetHeight);
-        // A window may be low as well as narrow: then leaving something out helps nothing.
-        if (layout.unit >= std::min(smallestUnit, window.height / sheetHeight)) {
+        // A window may be low as well as narrow: then folding helps nothing.
+        if (layout.unit >= std::min(smallestUnit * scale, window.height / sheetHeight)) {
             arrangement = &each;
             break;
         }
     }
+    layout.unit = std::min(layout.unit, largestUnit * scale);
     layout.sheet = { 0, 0, window.width / layout.unit, window.height / layout.unit };
 
     Area rest = layout.sheet.inset(margin, margin);
-    if (arrangement->hasControls) {
+    if (arrangement->isFolded) {
+        layout.folded = rest.takeRight(foldedWidth);
+        rest.takeRight(margin);
+    } else {
         layout.controls = rest.takeLeft(controlsWidth);
         rest.takeLeft(margin);
-    }
-    if (arrangement->hasPanel) {
-        layout.panel = rest.takeRight(panelWidth);
+        // What is left over is shared: the trace has long lines.
+        const double spare = std::max(layout.sheet.width - sheetWidth, 0.0);
+        layout.panel = rest.takeRight(std::min(panelWidth + spare / 3, mostPanelWidth));
         rest.takeRight(margin);
     }
 

@@ -1,10 +1,12 @@
 /// Where everything is in a window of a given size: pure geometry.
 ///
 /// The whole sheet grows and shrinks with the window, so that a display with more pixels to the inch, whose windows
-/// have more pixels, needs nothing of its own. What finds no room is left out: first the panel, then the buttons.
+/// have more pixels, needs nothing but its scale. In a narrow window buttons and panel share a column, which shows one
+/// of them at a time.
 #pragma once
 
 #include "simulator/picture/ShownMixer.h"
+#include "simulator/window/PhoneModels.h"
 #include "simulator/window/Sheet.h"
 
 #include <cstdint>
@@ -33,8 +35,11 @@ public:
     Area onSheet(const Area& upright) const;
     /// The point of the upright screen, in points.
     Point onScreen(Point sheetPoint) const;
+    PhoneBody shape() const { return bodyOf(m_screen); }
     Area screen() const { return onSheet({ 0, 0, m_screen.width, m_screen.height }); }
     Area body() const;
+    /// Beside its place by so many units, taken to whole pixels.
+    PhonePlace movedBy(double right, double unit) const;
     double unitsPerPoint() const { return m_unitsPerPoint; }
     std::int64_t orientation() const { return m_orientation; }
     const ScreenSize& screenSize() const { return m_screen; }
@@ -46,15 +51,12 @@ private:
     double m_unitsPerPoint = 1;
 };
 
-/// What the body of the phone has around its screen, in points.
-inline constexpr double bodyBeside = 14;
-inline constexpr double bodyAbove = 46;
-
 struct Layout {
     double unit = 1; ///< pixels
     Area sheet;
     std::optional<Area> controls;
     std::optional<Area> panel;
+    std::optional<Area> folded; ///< instead of both: one of them, below tabs
     std::optional<Area> player; ///< below the phone, where a scenario is played
     Area stand; ///< where the phone has room
     PhonePlace phone;
@@ -65,8 +67,9 @@ struct Layout {
 /// What stands below the phone.
 enum class Footer { None, Player };
 
-/// The phone's screen lies on whole pixels.
-Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation, Footer footer = Footer::None);
+/// The phone's screen lies on whole pixels. `scale`: how many pixels of the display do what one does on a plain one.
+Layout layOut(PixelSize window, const ScreenSize& screen, std::int64_t orientation, Footer footer = Footer::None,
+    double scale = 1);
 
 /// Whether there is room for words below a phone that stands alone.
 enum class Strip { None, Caption };

@@ -1,10 +1,15 @@
 /// Everything that can be missing is asked for before the window opens.
 #include "simulator/window/OpenWindow.h"
 
+#include "facts/PublicNames.h"
+#include "simulator/device/Services.h"
 #include "simulator/picture/DrawnScenario.h"
 #include "simulator/picture/LooksOfPhone.h"
 #include "simulator/picture/PictureFolder.h"
+#include "simulator/preferences/DomainNames.h"
 #include "simulator/text/Printable.h"
+#include "simulator/window/Menu.h"
+#include "simulator/window/PhoneModels.h"
 #include "simulator/window/PreferenceWatch.h"
 #include "simulator/window/WindowFiles.h"
 #include "simulator/window/WindowLoop.h"
@@ -44,12 +49,19 @@ std::optional<std::string> mistakeInOptions(const WindowOptions& options)
     return std::nullopt;
 }
 
-/// Null and the reason in `failure` where a picture or a font is missing.
-std::unique_ptr<render::Renderer> makeRendererOf(const WindowOptions& options, std::string& failure)
+std::string titleOf(const Screen& screen, const std::optional<int>& system)
 {
-    auto wallpaper = findWallpaper(options.wallpaper, failure);
+    const std::string name = nameOfPhone({ screen.width, screen.height, screen.scale });
+    // Plain letters: whoever has no locale would be shown no title at all.
+    return "Panotra - " + name + (system ? ", iOS " + std::to_string(*system) : "");
+}
+
+/// Null and the reason in `failure` where a picture or a font is missing.
+std::unique_ptr<render::Renderer> makeRendererOf(const std::string& name, std::string& failure)
+{
+    auto wallpaper = findWallpaper(wallpaperOfMenu(name), failure);
     if (!wallpaper) {
-        failure = printable(options.wallpaper) + ": " + failure;
+        failure = printable(name) + ": " + failure;
         return nullptr;
     }
     return makeRenderer(std::move(*wallpaper), complain, failure);
@@ -98,8 +110,10 @@ public:
             m_setup.scenario = m_scenario != nullptr ? &m_scenario->scenario : nullptr;
             if (!showOne(display, *renderer))
                 return m_status;
+            if (std::exchange(m_forgets, false))
+                forgetEverything();
             std::string failure;
-            renderer = makeRendererOf(m_options, failure); // what it keeps of the views goes with them
+            renderer = makeRendererOf(m_wallpaper, failure); // what it keeps of the views goes with them
             if (renderer == nullptr)
                 return failed(failure);
             if (m_saved != nullptr)
@@ -114,8 +128,11 @@ private:
         Session session(m_setup, m_library);
         Phone phone(session.device());
         session.setWatcher([&phone](const Command& command) { phone.follow(command); });
+        display.setTitle(titleOf(*session.device().screen, session.device().system));
         Desk desk(session, windowMeans(m_options.shotsFolder, session, phone, renderer));
+        desk.setWallpaperName(m_wallpaper);
         desk.pace() = m_pace;
+        desk.setHeard(m_isHeard);
         const auto statistics = m_options.wantsStatistics ? Statistics::Kept : Statistics::None;
         WindowLoop loop(display, session, phone, desk, renderer, statistics);
         loop.onScenarioSaved([&] { takeSaved(session, desk); });
@@ -127,13 +144,31 @@ private:
         if (m_options.wantsStatistics)
             complain(loop.statistics());
         m_pace = desk.pace();
+        m_isHeard = desk.isHeard();
+        m_wallpaper = desk.wallpaperName();
         if (!wasClosed || !session.filesWorked() || !desk.filesWorked())
             m_status = ExitStatus::FileFailed;
         else if (!session.expectationsHeld() && m_status == ExitStatus::AllWell)
             m_status = ExitStatus::NotFulfilled;
-        if (loop.wantsOtherSystem())
-            m_setup.system = nextSystem(m_setup.system);
-        return wasClosed && (loop.wantsOtherSystem() || desk.wantsStart());
+        if (const auto& wish = loop.wantsPhone()) {
+            m_setup.screen = wish->screen.value_or(m_setup.screen);
+            m_setup.system = wish->system.value_or(m_setup.system);
+            m_forgets = wish->forgetsEverything;
+        }
+        return wasClosed && (loop.wantsPhone() || desk.wantsStart());
+    }
+
+    /// The mixer's own settings and levels, and what it shares with its sibling; what other programs keep is theirs.
+    void forgetEverything() const
+    {
+        if (!m_setup.preferencesFolder)
+            return;
+        for (const char* const domain : { ownDomain, siblingDomain }) {
+            const auto file = preferences::fileOfDomain(*m_setup.preferencesFolder, domain);
+            std::error_code error;
+            if (!std::filesystem::remove(file, error) && error)
+                complain(printable(file.string()) + ": " + error.message());
+        }
     }
 
     /// What was saved is played anew, unless it cannot be: then the old play stays.
@@ -157,7 +192,10 @@ private:
     SessionSetup m_setup;
     ScenarioPointer m_scenario; ///< null: a phone as somebody finds it who unpacks it
     ScenarioPointer m_saved; ///< to be played next
+    std::string m_wallpaper = menuNameOf(m_options.wallpaper);
+    bool m_forgets = false;
     Pace m_pace;
+    bool m_isHeard = m_options.isHeard;
     ExitStatus m_status = ExitStatus::AllWell;
 };
 
@@ -167,7 +205,8 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
 {
     if (const auto mistake = mistakeInOptions(options))
         return failed(*mistake, ExitStatus::WrongInput);
-    const auto screen = parseScreen(options.screen);
+    const PhoneModel* const model = findModel(options.screen);
+    const auto screen = model != nullptr ? std::optional(model->screen) : parseScreen(options.screen);
     if (!screen)
         return failed("--screen: " + whyNoScreen(options.screen), ExitStatus::WrongInput);
     if (const auto reason = render::whyTooLargeOrSmall({ screen->width, screen->height }, screen->scale))
@@ -189,12 +228,12 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
         scenario = std::move(std::get<ScenarioPointer>(read));
     }
     std::string failure;
-    auto renderer = makeRendererOf(options, failure);
+    auto renderer = makeRendererOf(menuNameOf(options.wallpaper), failure);
     if (renderer == nullptr)
         return failed(failure);
     if (std::error_code error; folder && !std::filesystem::create_directories(*folder, error) && error)
         return failed(printable(options.preferencesFolder.value_or(*folder)) + ": " + error.message());
-    const auto display = Display::open("Panotra", failure);
+    const auto display = Display::open({ options.scale, rememberedPlace() }, failure);
     if (display == nullptr)
         return failed("no display to open a window on: " + failure);
     const auto preferencesWatch = folder ? watchPreferences(*folder, failure) : nullptr;
@@ -221,6 +260,7 @@ ExitStatus openWindow(const WindowOptions& options, const Library& library)
     setup.fileFailed = complain;
     const ExitStatus status
         = Phones(options, library, std::move(setup), std::move(scenario)).show(*display, std::move(renderer));
+    rememberPlace(display->place());
     const bool isRecorded = recording.close();
     const bool isTraced = trace.close();
     return isRecorded && isTraced ? status : ExitStatus::FileFailed;

@@ -17,8 +17,10 @@ struct WindowOptions {
     std::optional<std::string> traceFile; ///< JSON Lines
     bool mayOverwrite = false; ///< both may be there already
     std::string shotsFolder = "."; ///< of pictures taken and recordings begun in the window
-    std::string screen = "375x667@2"; ///< WxH@S
+    std::string screen = "375x667@2"; ///< WxH@S, or the name of a phone
+    std::optional<double> scale; ///< how many pixels do what one does on a plain display; none: the system says it
     std::optional<int> system; ///< 9 to 16; none: what 10 to 12 have, all of it
+    bool isHeard = false; ///< buttons click, steps of the volume sound
     std::string wallpaper = "dusk"; ///< "dusk", "dawn" or a PNG file
     std::string resourceFolder {};
     bool wantsStatistics = false;

@@ -1,4 +1,5 @@
-/// The panel beside the phone: settings, the system's levels, the remembered ones, the end of the trace.
+/// The panel beside the phone: settings, the system's levels, the remembered ones, and what is below them; or all of it
+/// in one column, below tabs.
 #include "facts/AudioNames.h"
 #include "facts/MixerSettings.h"
 #include "facts/PublicNames.h"
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,8 +31,20 @@ constexpr double cardRim = 40; ///< what a card has around its rows, heading inc
 constexpr double settingHeight = 29;
 constexpr double meterHeight = 18;
 
-/// The remembered levels stand in two columns.
+/// The remembered levels stand in two columns where there is room.
 constexpr std::size_t metersInAColumn = (volumeSlotCount + 1) / 2;
+constexpr double twoColumns = 320;
+
+struct TabName {
+    Tab tab;
+    const char* name;
+};
+/// Of the column of a narrow window.
+constexpr std::array foldedTabs { TabName { Tab::Controls, "Phone" }, TabName { Tab::Settings, "Settings" },
+    TabName { Tab::Levels, "Levels" }, TabName { Tab::Trace, "Trace" }, TabName { Tab::Inspector, "Inspect" } };
+/// Of the panel, whose settings are always there.
+constexpr std::array panelTabs { TabName { Tab::Levels, "Levels" }, TabName { Tab::Trace, "Trace" },
+    TabName { Tab::Inspector, "Inspect" } };
 
 /// As its slider is called; the sliders of a call share their names with those of media.
 std::string labelOf(const VolumeSlot& slot)
@@ -54,7 +68,7 @@ void addSetting(Sheet& sheet, const Subject& subject, std::size_t index, Area ro
     constexpr double labelWidth = 156;
     constexpr double valueWidth = 48;
     constexpr double choiceGap = 4;
-    const MixerSetting& setting = mixerSettings[index];
+    const MixerSetting setting = offered(mixerSettings[index], subject.layout.phone.screenSize());
     const double value = valueOf(subject.session, setting);
     switch (setting.kind) {
     case SettingKind::Choice: {
@@ -111,10 +125,14 @@ void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
     constexpr double labelWidth = 90;
     constexpr double columnGap = 20;
     const SoundService& sound = *subject.session.device().sound;
-    Area column = inside.takeLeft((inside.width - columnGap) / 2);
-    inside.takeLeft(columnGap);
+    const bool isWide = inside.width > twoColumns;
+    Area column = inside;
+    if (isWide) {
+        column = inside.takeLeft((inside.width - columnGap) / 2);
+        inside.takeLeft(columnGap);
+    }
     for (SlotNumber number = 0; number < volumeSlotCount; ++number) {
-        if (number == metersInAColumn)
+        if (isWide && number == metersInAColumn)
             column = inside;
         const VolumeSlot& slot = volumeSlot(number);
         const Json* const stored = subject.session.setting(ownDomain, slot.preferenceKey);
@@ -124,61 +142,79 @@ void addRememberedLevels(Sheet& sheet, const Subject& subject, Area inside)
     }
 }
 
-/// What a line says behind the kind of its event; as much of it is shown as there is room for.
-std::string wordsOf(const TraceLine& line)
+void addTabs(Sheet& sheet, const Subject& subject, Area row, std::span<const TabName> tabs, Tab chosen)
 {
-    std::string words = line.text;
-    for (const std::string& item : line.items)
-        words += (&item == &line.items.front() ? "" : ", ") + item;
-    return line.times > 1 ? words + "  (" + std::to_string(line.times) + " times)" : words;
-}
-
-/// A line of the trace in its columns: when, what, with what. A command begins at the first.
-void addTraceLine(Sheet& sheet, Area row, const TraceLine& line)
-{
-    constexpr double size = 11;
-    constexpr double timeWidth = 44;
-    constexpr double whatWidth = 92;
-    if (line.time.empty()) {
-        addText(sheet, row, line.what, palette::accent, size);
-        return;
+    constexpr double gap = 4;
+    const double count = static_cast<double>(tabs.size());
+    const double width = (row.width - (count - 1) * gap) / count;
+    for (const TabName& each : tabs) {
+        const Spot spot { row.takeLeft(width), Purpose::Tab, static_cast<std::size_t>(each.tab) };
+        row.takeLeft(gap);
+        addChoice(sheet, spot.area, each.name, subject.emphasisOf(spot, each.tab == chosen));
+        sheet.spots.push_back(spot);
     }
-    Area time = row.takeLeft(timeWidth);
-    time.width -= 8;
-    addText(sheet, time, line.time, palette::dim, size, TextAlignment::Right);
-    addText(sheet, row.takeLeft(whatWidth), line.what, palette::text, size);
-    addText(sheet, row, wordsOf(line), palette::dim, size);
 }
 
-void addTrace(Sheet& sheet, const Session& session, Area inside)
-{
-    constexpr double lineHeight = 16;
-    const auto& lines = session.traceLines();
-    const auto room = static_cast<std::size_t>(std::max(inside.height / lineHeight, 0.0));
-    for (std::size_t i = lines.size() - std::min(room, lines.size()); i < lines.size(); ++i)
-        addTraceLine(sheet, inside.takeTop(lineHeight), lines[i]);
-}
-
-} // namespace
-
-void addPanel(Sheet& sheet, const Subject& subject, Area area)
+void addSettings(Sheet& sheet, const Subject& subject, Area& area)
 {
     Area inside
         = addCard(sheet, area.takeTop(cardRim + settingHeight * static_cast<double>(mixerSettings.size())), "Settings");
     for (std::size_t index = 0; index < mixerSettings.size(); ++index)
         addSetting(sheet, subject, index, inside.takeTop(settingHeight));
     area.takeTop(cardGap);
+}
 
+void addLevels(Sheet& sheet, const Subject& subject, Area& area)
+{
     const SoundService& sound = *subject.session.device().sound;
     const Area system = area.takeTop(cardOfMeters(audioCategories.size()));
     addSystemLevels(sheet, sound, addCard(sheet, system, "System levels"), system);
     area.takeTop(cardGap);
-
-    addRememberedLevels(
-        sheet, subject, addCard(sheet, area.takeTop(cardOfMeters(metersInAColumn)), "Remembered levels"));
+    const std::size_t rows = area.width - cardRim > twoColumns ? metersInAColumn : volumeSlotCount;
+    addRememberedLevels(sheet, subject, addCard(sheet, area.takeTop(cardOfMeters(rows)), "Remembered levels"));
     area.takeTop(cardGap);
+}
 
-    addTrace(sheet, subject.session, addCard(sheet, area, "Trace"));
+} // namespace
+
+void addPanel(Sheet& sheet, const Subject& subject, Area area)
+{
+    constexpr double tabsHeight = 24;
+    const Tab tab = subject.attention.tab;
+    const bool hasLevels = tab != Tab::Trace && tab != Tab::Inspector;
+    addSettings(sheet, subject, area);
+    addTabs(sheet, subject, area.takeTop(tabsHeight), panelTabs, hasLevels ? Tab::Levels : tab);
+    area.takeTop(cardGap / 2);
+    if (hasLevels)
+        addLevels(sheet, subject, area);
+    if (tab == Tab::Inspector)
+        addInspector(sheet, subject, area);
+    else
+        addTrace(sheet, subject, area);
+}
+
+void addFolded(Sheet& sheet, const Subject& subject, Area area)
+{
+    constexpr double tabsHeight = 28;
+    addTabs(sheet, subject, area.takeTop(tabsHeight), foldedTabs, subject.attention.tab);
+    area.takeTop(cardGap);
+    switch (subject.attention.tab) {
+    case Tab::Controls:
+        addControls(sheet, subject, area);
+        break;
+    case Tab::Settings:
+        addSettings(sheet, subject, area);
+        break;
+    case Tab::Levels:
+        addLevels(sheet, subject, area);
+        break;
+    case Tab::Trace:
+        addTrace(sheet, subject, area);
+        break;
+    case Tab::Inspector:
+        addInspector(sheet, subject, area);
+        break;
+    }
 }
 
 } // namespace panotra::sim

@@ -1,7 +1,10 @@
 /// From spots and keys to lines.
 #include "simulator/window/Person.h"
 
+#include "simulator/device/HomeScreen.h"
+#include "simulator/device/Services.h"
 #include "simulator/systems/Systems.h"
+#include "simulator/window/Menu.h"
 #include "simulator/window/Numerals.h"
 #include "simulator/window/SettingValues.h"
 
@@ -56,7 +59,8 @@ void Person::keyUp(std::string_view key)
 
 bool Person::isHeld(std::size_t control) const
 {
-    return m_held.contains({ control, Holder::Key }) || m_held.contains({ control, Holder::Pointer });
+    return m_held.contains({ control, Holder::Key }) || m_held.contains({ control, Holder::Pointer })
+        || m_held.contains({ control, Holder::Focus });
 }
 
 void Person::press(std::size_t control, Holder holder)
@@ -67,6 +71,9 @@ void Person::press(std::size_t control, Holder holder)
     const bool isDown = isButton && isHeld(control);
     if (!m_held.emplace(control, holder).second || isDown)
         return;
+    if (const MixerSetting* const needed = allControls()[control].needed)
+        sayIfOff(*needed);
+    ++m_presses;
     m_session.playAll(allControls()[control].press(m_phone));
     if (isButton)
         m_repeat = Repeat { control, repeatDelay };
@@ -87,16 +94,35 @@ void Person::pointerDown(Point point)
 {
     settle();
     pointerMove(point);
+    m_attention.focused.reset();
     if (!m_attention.hovered)
         return;
     const Spot& spot = *m_attention.hovered;
-    m_pressed = spot;
-    switch (spot.purpose) {
-    case Purpose::Screen:
+    m_attention.pressed = spot;
+    if (spot.purpose == Purpose::Screen) {
         touch("down", point);
+        if (isBesideMixer(point))
+            sayIfOff(mixerSetting("dismissOnTouch"));
+    } else if (spot.purpose == Purpose::Range) {
+        dragRange(spot, point);
+    } else {
+        begin(spot, Holder::Pointer);
+    }
+}
+
+/// What a press does wherever in the spot it is.
+void Person::begin(const Spot& spot, Holder holder)
+{
+    if (spot.purpose != Purpose::MenuItem || static_cast<MenuRow>(spot.index) != MenuRow::Forget)
+        m_attention.isForgettingAsked = false;
+    switch (spot.purpose) {
+    case Purpose::HomeButton:
+        // It wakes a phone whose screen is off; to the mixer it means nothing.
+        if (!m_phone.isScreenOn())
+            m_session.playAll(m_phone.switchScreen());
         break;
     case Purpose::Control:
-        press(spot.index, Holder::Pointer);
+        press(spot.index, holder);
         break;
     case Purpose::Choice:
         setValue(m_session, mixerSettings[spot.index], static_cast<double>(spot.choice));
@@ -106,42 +132,54 @@ void Person::pointerDown(Point point)
         setValue(m_session, setting, valueOf(m_session, setting) == 0 ? 1 : 0);
         break;
     }
-    case Purpose::Range:
-        dragRange(spot, point);
-        break;
     case Purpose::Help:
-        switchHelp();
+    case Purpose::Menu:
+        putOverlayAway();
         break;
-    case Purpose::System:
-        chooseNextSystem();
+    case Purpose::MenuItem:
+        chooseInMenu(spot);
+        break;
+    case Purpose::Tab:
+        showTab(static_cast<Tab>(spot.index));
+        break;
+    case Purpose::Trace:
+        useTrace(spot);
+        break;
+    case Purpose::View:
+        if (const auto views = viewsOf(m_session.device()); spot.index < views.size())
+            m_attention.mark = { views[spot.index].view, true };
         break;
     case Purpose::Act:
-        if (m_perform)
-            m_perform(static_cast<WindowAct>(spot.index));
+        if (m_means.perform)
+            m_means.perform(static_cast<WindowAct>(spot.index));
+        break;
+    case Purpose::Screen:
+    case Purpose::Range:
         break;
     }
 }
 
 void Person::pointerMove(Point point)
 {
-    if (m_pressed && m_pressed->purpose == Purpose::Screen) {
+    if (m_attention.pressed && m_attention.pressed->purpose == Purpose::Screen) {
         m_move = point;
-    } else if (m_pressed && m_pressed->purpose == Purpose::Range) {
-        dragRange(*m_pressed, point);
-    } else if (!m_pressed) {
+    } else if (m_attention.pressed && m_attention.pressed->purpose == Purpose::Range) {
+        dragRange(*m_attention.pressed, point);
+    } else if (!m_attention.pressed) {
         const Spot* const spot = m_sheet == nullptr ? nullptr : m_sheet->spotAt(point);
         m_attention.hovered = spot == nullptr ? std::nullopt : std::optional(*spot);
     }
+    inspectAt(point);
 }
 
 void Person::pointerUp(Point point)
 {
-    if (!m_pressed)
+    if (!m_attention.pressed)
         return;
-    const Spot spot = *m_pressed;
+    const Spot spot = *m_attention.pressed;
     pointerMove(point);
     settle();
-    m_pressed.reset();
+    m_attention.pressed.reset();
     if (spot.purpose == Purpose::Screen)
         m_session.play("touch up");
     else if (spot.purpose == Purpose::Control)
@@ -154,20 +192,36 @@ void Person::pointerUp(Point point)
 
 void Person::pointerLeft()
 {
-    if (!m_pressed)
+    if (!m_attention.pressed)
         m_attention.hovered.reset();
 }
 
 /// A range is stored when it is let go, as the settings page does.
 void Person::dragRange(const Spot& range, Point point)
 {
-    m_attention.draggedValue = valueAtFraction(mixerSettings[range.index], (point.x - range.area.x) / range.area.width);
+    const MixerSetting setting = offered(mixerSettings[range.index], m_layout->phone.screenSize());
+    m_attention.draggedValue = valueAtFraction(setting, (point.x - range.area.x) / range.area.width);
 }
 
 void Person::settle()
 {
     if (const auto move = std::exchange(m_move, std::nullopt))
         touch("move", *move);
+}
+
+/// Where a touch would send it away.
+bool Person::isBesideMixer(Point point) const
+{
+    const View* const mixer = viewNamed(m_session.device(), "_containerView");
+    const auto inside = mixer == nullptr ? std::nullopt : mixer->fromScreen(m_layout->phone.onScreen(point));
+    return inside
+        && (inside->x < 0 || inside->y < 0 || inside->x > mixer->bounds.width || inside->y > mixer->bounds.height);
+}
+
+void Person::sayIfOff(const MixerSetting& needed) const
+{
+    if (m_means.say && valueOf(m_session, needed) == 0)
+        m_means.say(std::string(needed.label) + " is off");
 }
 
 void Person::passTime(std::chrono::microseconds time)
@@ -177,6 +231,7 @@ void Person::passTime(std::chrono::microseconds time)
     for (int i = 0; i < mostAtOnce && m_repeat && m_repeat->rest <= time; ++i) {
         m_session.advance(m_repeat->rest);
         time -= std::exchange(m_repeat->rest, repeatInterval);
+        ++m_presses;
         m_session.playAll(allControls()[m_repeat->control].press(m_phone));
     }
     m_session.advance(time);

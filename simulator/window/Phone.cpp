@@ -3,6 +3,7 @@
 
 #include "facts/AudioNames.h"
 #include "facts/PublicNames.h"
+#include "simulator/device/RunLoop.h"
 #include "simulator/device/Services.h"
 #include "simulator/render/HomePicture.h"
 #include "simulator/scenario/Forms.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <string_view>
 
 namespace panotra::sim {
@@ -24,6 +26,8 @@ constexpr auto categories = [] {
         audioCategories, names.begin(), [](std::string_view name) { return name != category::phoneCall; });
     return names;
 }();
+
+constexpr double shakeSeconds = 0.5;
 
 const char* nameOf(Button button)
 {
@@ -51,6 +55,27 @@ Lines Phone::switchRinger()
 {
     m_isRingerMuted = !m_isRingerMuted;
     return { m_isRingerMuted ? "ringer muted" : "ringer unmuted" };
+}
+
+Lines Phone::shake()
+{
+    m_shakenAt = m_device.runLoop->now();
+    return { "shake" };
+}
+
+bool Phone::isShaking() const
+{
+    return m_shakenAt && m_device.runLoop->now() < *m_shakenAt + shakeSeconds;
+}
+
+double Phone::shakeOffset() const
+{
+    constexpr double width = 9; // points
+    constexpr double swings = 5;
+    if (!isShaking())
+        return 0;
+    const double part = (m_device.runLoop->now() - *m_shakenAt) / shakeSeconds;
+    return width * (1 - part) * std::sin(2 * std::numbers::pi * swings * part);
 }
 
 Lines Phone::turn() const
@@ -170,6 +195,8 @@ void Phone::follow(const Command& command)
             m_categoryBeforeCall = category();
     } else if (name == "darwin" && words.text(0) == notification::screenChanged) {
         m_isScreenOn = words.state(1) != 0;
+    } else if (name == "shake") {
+        m_shakenAt = m_device.runLoop->now();
     } else if (name == "touch") {
         if (command.form->syntax.text() == "touch up")
             m_finger.reset();

@@ -34,7 +34,7 @@ public:
     Lines press(Button button) const;
     Lines release(Button button) const;
     Lines switchRinger();
-    Lines shake() const { return { "shake" }; }
+    Lines shake();
     /// A quarter turn to the left.
     Lines turn() const;
     Lines switchScreen();
@@ -53,6 +53,9 @@ public:
     bool isScreenOn() const { return m_isScreenOn; }
     bool isInCall() const;
     bool isSoundChosenHere() const { return m_soundChoice == SoundChoice::Persons; }
+    /// How far the phone is beside its place just now, in points; 0 at rest.
+    double shakeOffset() const;
+    bool isShaking() const;
     /// Where the finger of a scenario is on the screen, in points; none if it is lifted.
     const std::optional<Point>& finger() const { return m_finger; }
     bool isActive(const std::string& route) const;
@@ -70,6 +73,7 @@ private:
     std::vector<std::string> m_accessories; ///< the last one plugged in last
     std::optional<std::string> m_categoryBeforeCall; ///< none: there is no call
     std::optional<Point> m_finger;
+    std::optional<double> m_shakenAt; ///< on the phone's clock
     bool m_isRingerMuted = false;
     bool m_isScreenOn = true;
 };

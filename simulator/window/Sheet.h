@@ -58,6 +58,14 @@ struct Box {
     friend bool operator==(const Box&, const Box&) = default;
 };
 
+/// What is between a rectangle and the same one with round corners.
+struct Rim {
+    Area area;
+    Rgba fill;
+    double radius = 0;
+    friend bool operator==(const Rim&, const Rim&) = default;
+};
+
 /// One line, centred in the height of its area, cut short where it is too long.
 struct Text {
     Area area;
@@ -74,11 +82,25 @@ struct ScreenPicture {
     friend bool operator==(const ScreenPicture&, const ScreenPicture&) = default;
 };
 
-using Element = std::variant<Box, Text, ScreenPicture>;
+using Element = std::variant<Box, Rim, Text, ScreenPicture>;
 
 /// A place that answers to the pointer.
 struct Spot {
-    enum class Purpose { Screen, Control, Choice, Switch, Range, Help, System, Act };
+    enum class Purpose {
+        Screen,
+        HomeButton,
+        Control,
+        Choice,
+        Switch,
+        Range,
+        Help,
+        Menu,
+        MenuItem,
+        Tab,
+        Trace,
+        View,
+        Act
+    };
 
     Area area;
     Purpose purpose;

@@ -19,9 +19,12 @@ constexpr std::array keys {
     WindowKey { WindowAct::Faster, player, "+", "+", "Faster" },
     WindowKey { WindowAct::FromStart, player, "Home", "Home", "From the start" },
     WindowKey { WindowAct::Help, window, "?", "?", "This list" },
-    WindowKey { WindowAct::OtherSystem, window, "I", "I", "Next system" },
+    WindowKey { WindowAct::Menu, window, "F10", "F10", "Menu: device, system" },
+    WindowKey { WindowAct::Inspector, window, "I", "I", "Inspector" },
+    WindowKey { WindowAct::OtherSystem, window, "O", "O", "Next system" },
     WindowKey { WindowAct::Recording, window, "F9", "F9", "Record, or end it" },
     WindowKey { WindowAct::Picture, window, "F12", "F12", "Take a picture" },
+    WindowKey { WindowAct::Sound, window, "K", "K", "Clicks and tones" },
     WindowKey { WindowAct::Quit, window, "Q", "Q", "Quit" },
 };
 

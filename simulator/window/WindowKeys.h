@@ -9,9 +9,13 @@ namespace panotra::sim {
 
 enum class WindowAct {
     Help,
+    Menu,
+    Inspector,
+    CopyTrace,
     OtherSystem,
     Picture,
     Recording,
+    Sound,
     Pause,
     NextLine,
     NextFrame,

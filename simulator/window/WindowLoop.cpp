@@ -2,11 +2,13 @@
 #include "simulator/window/WindowLoop.h"
 
 #include "simulator/device/Services.h"
+#include "simulator/window/Hints.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -51,7 +53,15 @@ WindowLoop::WindowLoop(
     , m_phone(phone)
     , m_desk(desk)
     , m_picture(renderer)
-    , m_person(session, phone, [this](WindowAct act) { perform(act); })
+    , m_person(session, phone,
+          { .perform = [this](WindowAct act) { perform(act); },
+              .say = [this](const std::string& words) { m_desk.say(words); },
+              .hang = [this](const std::string& wallpaper) { m_desk.hang(wallpaper); },
+              .copy =
+                  [](const std::string& text) {
+                      SDL_SetClipboardText(text.c_str());
+                  } })
+    , m_level(*session.device().sound)
     , m_clock(now())
     , m_lastFrame(m_clock - frameInterval)
     , m_statistics(statistics)
@@ -74,6 +84,8 @@ bool WindowLoop::run(std::string& failure)
         for (SDL_Event event; SDL_PollEvent(&event) != 0;)
             handle(event);
         m_person.settle();
+        makeSounds();
+        followPointer();
         m_isOpen = (!m_onTurn || m_onTurn()) && m_isOpen;
     }
     m_session.finish();
@@ -84,7 +96,7 @@ bool WindowLoop::run(std::string& failure)
 /// than a frame: of a hundred moves of the mouse between two frames only the last is to be seen.
 void WindowLoop::waitForSomething()
 {
-    const bool isMoving = m_session.isMoving() && !m_desk.pace().isPaused();
+    const bool isMoving = (m_session.isMoving() || m_phone.isShaking()) && !m_desk.pace().isPaused();
     if (!isMoving && !m_movedLastFrame) {
         constexpr int forEver = -1;
         const auto due = untilDue();
@@ -109,6 +121,10 @@ std::optional<std::chrono::microseconds> WindowLoop::untilDue()
     }
     if (m_desk.notice() && !m_desk.notice()->stays)
         due = std::min(due.value_or(m_noticeEnd), m_noticeEnd);
+    if (m_tooltipAt)
+        due = std::min(due.value_or(*m_tooltipAt), *m_tooltipAt);
+    if (const auto closes = m_speaker.closesAt())
+        due = std::min(due.value_or(*closes), *closes);
     return due ? std::optional(std::max(*due - moment, 0us)) : std::nullopt;
 }
 
@@ -121,6 +137,38 @@ void WindowLoop::letTimePass()
     if (!m_desk.pace().isPaused())
         m_person.passTime(m_desk.pace().pass(moment - m_clock));
     m_clock = moment;
+}
+
+/// A hand over what can be pressed; after a while its name and its key.
+void WindowLoop::followPointer()
+{
+    constexpr auto rest = 600ms;
+    const auto& hovered = m_person.attention().hovered;
+    m_display.setPointing(hovered && hovered->purpose != Spot::Purpose::Screen);
+    const bool isSame = hovered && m_restedAt ? hovered->isSameAs(*m_restedAt) : !hovered && !m_restedAt;
+    if (!isSame || m_person.attention().pressed) {
+        m_restedAt = hovered;
+        m_person.setTooltip(false);
+        m_tooltipAt.reset();
+        if (hovered && !m_person.attention().pressed && !hintOf(*hovered).empty())
+            m_tooltipAt = now() + rest;
+    } else if (m_tooltipAt && now() >= *m_tooltipAt) {
+        m_person.setTooltip(true);
+        m_tooltipAt.reset();
+    }
+}
+
+void WindowLoop::makeSounds()
+{
+    m_speaker.closeIfDue(now());
+    const bool hasClicked = std::exchange(m_pressesHeard, m_person.presses()) != m_pressesHeard;
+    const bool hasStepped = m_level.hasStepped();
+    if (!m_desk.isHeard())
+        return;
+    if (hasStepped)
+        m_speaker.play(tone(m_level.level()), now());
+    else if (hasClicked)
+        m_speaker.play(click(), now());
 }
 
 void WindowLoop::handle(const SDL_Event& event)
@@ -152,6 +200,9 @@ void WindowLoop::handle(const SDL_Event& event)
             m_person.pointerUp(onSheet(event.button.x, event.button.y));
         }
         break;
+    case SDL_MOUSEWHEEL:
+        m_person.wheel(onSheet(event.wheel.mouseX, event.wheel.mouseY), 3 * event.wheel.y);
+        break;
     case SDL_MOUSEMOTION:
         m_person.pointerMove(onSheet(event.motion.x, event.motion.y));
         break;
@@ -176,22 +227,42 @@ void WindowLoop::handleKey(const SDL_KeyboardEvent& event)
 {
     // What is held comes up whatever is held with it; a key with a modifier, though, is somebody else's shortcut.
     if (event.type == SDL_KEYUP) {
+        m_person.steerEnds(SDL_GetKeyName(event.keysym.sym));
         m_person.keyUp(SDL_GetKeyName(event.keysym.sym));
         if (const char* const digit = digitAt(event.keysym.scancode))
             m_person.keyUp(digit);
-    } else if (event.repeat == 0 && (event.keysym.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) == 0) {
-        handleKeyDown(event.keysym);
+    } else if ((event.keysym.mod & (KMOD_ALT | KMOD_GUI)) != 0) {
+        return;
+    } else if ((event.keysym.mod & KMOD_CTRL) != 0) {
+        handleShortcut(event.keysym);
+    } else {
+        handleKeyDown(event);
     }
 }
 
-void WindowLoop::handleKeyDown(const SDL_Keysym& key)
+bool WindowLoop::handleShortcut(const SDL_Keysym& key)
 {
+    if (key.sym == SDLK_q || key.sym == SDLK_w)
+        perform(WindowAct::Quit);
+    else if (key.sym == SDLK_c)
+        perform(WindowAct::CopyTrace);
+    else
+        return false;
+    return true;
+}
+
+void WindowLoop::handleKeyDown(const SDL_KeyboardEvent& event)
+{
+    const SDL_Keysym& key = event.keysym;
+    // Steering goes on as long as a key is down; everything else means the first time alone.
+    if (m_person.steer(SDL_GetKeyName(key.sym), (key.mod & KMOD_SHIFT) != 0) || event.repeat != 0)
+        return;
     const char* const digit = digitAt(key.scancode);
     const WindowKey* const own = findWindowKey(SDL_GetKeyName(key.sym));
     if (own != nullptr && !isTyped(*own))
         perform(own->act);
     else if (key.sym == SDLK_ESCAPE)
-        m_person.putHelpAway();
+        m_person.putOverlayAway();
     else if (!m_person.keyDown(SDL_GetKeyName(key.sym)) && digit != nullptr)
         m_person.keyDown(digit);
 }
@@ -201,12 +272,8 @@ void WindowLoop::perform(WindowAct act)
     m_person.settle();
     if (act == WindowAct::Quit)
         m_isOpen = false;
-    else if (act == WindowAct::Help)
-        m_person.switchHelp();
-    else if (act == WindowAct::OtherSystem)
-        m_person.chooseNextSystem();
-    else
-        m_desk.perform(act);
+    m_person.perform(act);
+    m_desk.perform(act);
 }
 
 Point WindowLoop::onSheet(int x, int y) const
@@ -222,7 +289,8 @@ Display::Shown WindowLoop::draw(std::string& failure)
     const Device& device = m_session.device();
     const PixelSize size = m_display.size();
     m_layout = layOut(size, { device.screen->width, device.screen->height, device.screen->scale },
-        device.screen->orientation, m_session.playback() != nullptr ? Footer::Player : Footer::None);
+        device.screen->orientation, m_session.playback() != nullptr ? Footer::Player : Footer::None, m_display.scale());
+    m_layout.phone = m_layout.phone.movedBy(m_phone.shakeOffset() * m_layout.phone.unitsPerPoint(), m_layout.unit);
     if (m_desk.notice() && m_desk.notice()->number != m_noticeShown) {
         m_noticeShown = m_desk.notice()->number;
         m_noticeEnd = m_lastFrame + noticeTime;

@@ -5,6 +5,7 @@
 #include "simulator/window/Desk.h"
 #include "simulator/window/Display.h"
 #include "simulator/window/Person.h"
+#include "simulator/window/Speaker.h"
 #include "simulator/window/WindowPicture.h"
 
 #include <chrono>
@@ -38,7 +39,8 @@ public:
     /// Until the window is closed or another phone is asked for. Answers false and the reason in
     /// `failure` if the display fails before.
     bool run(std::string& failure);
-    bool wantsOtherSystem() const { return m_person.attention().wantsOtherSystem; }
+    /// Set where another phone is asked for.
+    const std::optional<NewPhone>& wantsPhone() const { return m_person.attention().wantsPhone; }
     /// "turns 12, frames 8, …" where they are kept.
     std::string statistics() const;
 
@@ -51,11 +53,14 @@ private:
     void handle(const SDL_Event& event);
     void handleWindow(const SDL_WindowEvent& event);
     void handleKey(const SDL_KeyboardEvent& event);
-    void handleKeyDown(const SDL_Keysym& key);
+    void handleKeyDown(const SDL_KeyboardEvent& event);
+    bool handleShortcut(const SDL_Keysym& key);
+    void followPointer();
     void perform(WindowAct act);
-    bool isOver() const { return !m_isOpen || wantsOtherSystem() || m_desk.wantsStart(); }
+    bool isOver() const { return !m_isOpen || wantsPhone() || m_desk.wantsStart(); }
     std::optional<std::chrono::microseconds> untilDue();
     void letTimePass();
+    void makeSounds();
     Display::Shown draw(std::string& failure);
     Point onSheet(int x, int y) const;
 
@@ -65,11 +70,16 @@ private:
     Desk& m_desk;
     WindowPicture m_picture;
     Person m_person;
+    Speaker m_speaker;
+    LevelWatch m_level;
+    std::size_t m_pressesHeard = 0;
     Sheet m_sheet;
     Layout m_layout;
     Moment m_clock; ///< up to when the session's time has passed
     Moment m_lastFrame;
     Moment m_noticeEnd; ///< when the notice on the sheet is to go
+    std::optional<Spot> m_restedAt; ///< where the pointer is
+    std::optional<Moment> m_tooltipAt; ///< when it has rested there long enough
     std::size_t m_noticeShown = 0; ///< its number
     std::function<void()> m_scenarioSaved;
     std::function<bool()> m_onTurn;

@@ -3,12 +3,15 @@
 
 #include "simulator/Play.h"
 #include "simulator/device/Services.h"
+#include "simulator/picture/LooksOfPhone.h"
 #include "simulator/render/Bitmap.h"
 #include "simulator/render/Orientation.h"
+#include "simulator/window/Menu.h"
 
 #include <SDL.h>
 
 #include <cstdio>
+#include <utility>
 
 namespace panotra::sim {
 
@@ -21,6 +24,13 @@ Desk::Means windowMeans(const std::string& folder, Session& session, const Phone
                 return writePng(render::Bitmap(screen.width(), screen.height(), render::PixelFormat::Opaque), path);
             return writePng(render::asViewed(screen, session.device().screen->orientation), path);
         },
+        .hang =
+            [&renderer](const std::string& name, std::string& failure) {
+                auto wallpaper = findWallpaper(wallpaperOfMenu(name), failure);
+                if (wallpaper)
+                    renderer.setWallpaper(std::move(*wallpaper));
+                return wallpaper.has_value();
+            },
         .tell =
             [](const std::string& message) {
                 std::fprintf(stdout, "%s\n", message.c_str());

@@ -136,7 +136,7 @@ void WindowPicture::drawElements(const Layout& layout, const Damage& damage)
     cairo_surface_flush(m_canvas.surface());
 }
 
-void WindowPicture::draw(cairo_t* context, const Box& box, double unit) const
+void drawBox(cairo_t* context, const Box& box, double unit)
 {
     const Area area = snapped(box.area, unit);
     const double radius = box.radius * unit;
@@ -155,6 +155,29 @@ void WindowPicture::draw(cairo_t* context, const Box& box, double unit) const
     setColor(context, *box.border);
     outline(width / 2);
     cairo_stroke(context);
+}
+
+void drawRim(cairo_t* context, const Rim& rim, double unit)
+{
+    const Area area = snapped(rim.area, unit);
+    cairo_save(context);
+    cairo_rectangle(context, area.x, area.y, area.width, area.height);
+    render::addOutline(
+        context, { render::translation(area.x, area.y), { area.width, area.height }, rim.radius * unit, true });
+    cairo_set_fill_rule(context, CAIRO_FILL_RULE_EVEN_ODD);
+    setColor(context, rim.fill);
+    cairo_fill(context);
+    cairo_restore(context);
+}
+
+void WindowPicture::draw(cairo_t* context, const Box& box, double unit) const
+{
+    drawBox(context, box, unit);
+}
+
+void WindowPicture::draw(cairo_t* context, const Rim& rim, double unit) const
+{
+    drawRim(context, rim, unit);
 }
 
 void WindowPicture::draw(cairo_t* context, const Text& text, double unit) const

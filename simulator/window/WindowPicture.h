@@ -9,6 +9,10 @@
 
 namespace panotra::sim {
 
+/// An element by itself, `unit` pixels a unit of the sheet.
+void drawBox(cairo_t* context, const Box& box, double unit);
+void drawRim(cairo_t* context, const Rim& rim, double unit);
+
 class WindowPicture {
 public:
     /// `renderer` draws the phone's screen.
@@ -28,6 +32,7 @@ public:
 private:
     void drawElements(const Layout& layout, const render::Damage& damage);
     void draw(cairo_t* context, const Box& box, double unit) const;
+    void draw(cairo_t* context, const Rim& rim, double unit) const;
     void draw(cairo_t* context, const Text& text, double unit) const;
     void draw(cairo_t* context, const ScreenPicture& picture, double unit) const;
 

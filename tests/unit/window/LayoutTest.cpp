@@ -38,6 +38,10 @@ TEST(LayoutTest, EverythingLiesInTheWindowAndNothingOverAnother)
                     expectInside(*layout.controls, layout.sheet);
                     EXPECT_LE(layout.controls->right(), layout.phone.body().x);
                 }
+                if (layout.folded) {
+                    expectInside(*layout.folded, layout.sheet);
+                    EXPECT_GE(layout.folded->x, layout.phone.body().right());
+                }
                 if (layout.panel) {
                     expectInside(*layout.panel, layout.sheet);
                     EXPECT_GE(layout.panel->x, layout.phone.body().right());
@@ -65,26 +69,35 @@ TEST(LayoutTest, TheScreenBeginsOnAWholePixelAndItsLongSideEndsOnOne)
     }
 }
 
-TEST(LayoutTest, WhatFindsNoRoomIsLeftOutThePanelFirst)
+TEST(LayoutTest, WhatFindsNoRoomSharesAColumn)
 {
     EXPECT_TRUE(layOut({ 1200, 800 }, {}, 1).panel);
     EXPECT_TRUE(layOut({ 2400, 1600 }, {}, 1).panel);
-    const Layout narrow = layOut({ 620, 800 }, {}, 1);
-    EXPECT_FALSE(narrow.panel);
-    EXPECT_TRUE(narrow.controls);
-    const Layout narrower = layOut({ 340, 800 }, {}, 1);
-    EXPECT_FALSE(narrower.panel);
-    EXPECT_FALSE(narrower.controls);
-    EXPECT_TRUE(layOut({ 900, 400 }, {}, 1).panel) << "a low window gains nothing from leaving something out";
+    for (const PixelSize narrow : { PixelSize { 480, 640 }, { 620, 800 }, { 340, 800 } }) {
+        const Layout layout = layOut(narrow, {}, 1);
+        EXPECT_FALSE(layout.panel);
+        EXPECT_FALSE(layout.controls);
+        EXPECT_TRUE(layout.folded) << "there is a way to all of it";
+    }
+    EXPECT_TRUE(layOut({ 900, 400 }, {}, 1).panel) << "a low window gains nothing from folding";
 }
 
-TEST(LayoutTest, TwiceThePixelsShowTheSameTwiceAsLarge)
+TEST(LayoutTest, TwiceThePixelsOfADisplayTwiceAsFineShowTheSame)
 {
     const Layout once = layOut({ 1200, 800 }, {}, 1);
-    const Layout twice = layOut({ 2400, 1600 }, {}, 1);
+    const Layout twice = layOut({ 2400, 1600 }, {}, 1, Footer::None, 2);
     EXPECT_DOUBLE_EQ(twice.unit, 2 * once.unit);
     EXPECT_EQ(*twice.controls, *once.controls);
     EXPECT_EQ(*twice.panel, *once.panel);
+    EXPECT_TRUE(layOut({ 1200, 1600 }, {}, 1, Footer::None, 2).folded) << "as wide as 600 plain pixels";
+}
+
+TEST(LayoutTest, ALargeWindowHasMoreRoomNotLargerLetters)
+{
+    const Layout layout = layOut({ 3840, 2160 }, {}, 1);
+    EXPECT_LE(layout.unit, 1.5);
+    EXPECT_GT(layout.panel->width, layOut({ 1200, 800 }, {}, 1).panel->width);
+    EXPECT_GT(layout.phone.body().height, 0.9 * layout.sheet.height);
 }
 
 TEST(PhonePlaceTest, APointGoesToTheSheetAndBackInEveryOrientation)

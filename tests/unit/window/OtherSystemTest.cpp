@@ -1,4 +1,5 @@
 /// The phone of a system, and the choice of the next one.
+#include "simulator/window/Menu.h"
 #include "simulator/window/Person.h"
 #include "tests/unit/window/SessionFixture.h"
 
@@ -27,7 +28,9 @@ protected:
     }
     static const Spot* spotOfSystem(const Sheet& sheet)
     {
-        const auto found = std::ranges::find(sheet.spots, Spot::Purpose::System, &Spot::purpose);
+        const auto found = std::ranges::find_if(sheet.spots, [](const Spot& spot) {
+            return spot.isSameAs({ {}, Spot::Purpose::MenuItem, static_cast<std::size_t>(MenuRow::System), 8 });
+        });
         return found == sheet.spots.end() ? nullptr : &*found;
     }
 };
@@ -54,20 +57,22 @@ TEST_F(OtherSystem, TheSystemIsTheFirstLineOfARecording)
     EXPECT_THAT(recorded, StartsWith("ios 16\nscreen 375 667 2\n"));
 }
 
-TEST_F(OtherSystem, IsAskedForByItsButtonWhichNamesTheOneThatThereIs)
+TEST_F(OtherSystem, IsAskedForInTheMenu)
 {
     startUnwatched(14);
     Phone phone(session->device());
     Person person(*session, phone);
+    person.perform(WindowAct::Menu);
     const Layout layout = layOut({ 1200, 800 }, {}, 1);
     const Sheet sheet = makeSheet({ *session, phone, layout, person.attention() });
     person.see(sheet, layout);
-    EXPECT_TRUE(shows(sheet, "iOS 14"));
+    EXPECT_TRUE(shows(sheet, "14"));
     const Spot* const spot = spotOfSystem(sheet);
     ASSERT_NE(spot, nullptr);
-    EXPECT_FALSE(person.attention().wantsOtherSystem);
+    EXPECT_FALSE(person.attention().wantsPhone);
     person.pointerDown({ spot->area.x + 5, spot->area.y + 5 });
-    EXPECT_TRUE(person.attention().wantsOtherSystem);
+    ASSERT_TRUE(person.attention().wantsPhone);
+    EXPECT_EQ(person.attention().wantsPhone->system, std::optional<int>(16));
 }
 
 TEST_F(OtherSystem, IsTheNextNewerOneAndAfterTheNewestThatOfNoSystem)
@@ -83,12 +88,12 @@ TEST_F(OtherSystem, CannotBeHadWhileThePhoneIsRecorded)
     start();
     Phone phone(session->device());
     Person person(*session, phone);
+    person.perform(WindowAct::Menu);
     const Layout layout = layOut({ 1200, 800 }, {}, 1);
     const Sheet sheet = makeSheet({ *session, phone, layout, person.attention() });
-    EXPECT_TRUE(shows(sheet, "iOS 10\u201312"));
     EXPECT_EQ(spotOfSystem(sheet), nullptr);
-    person.chooseNextSystem();
-    EXPECT_FALSE(person.attention().wantsOtherSystem);
+    person.perform(WindowAct::OtherSystem);
+    EXPECT_FALSE(person.attention().wantsPhone);
 }
 
 } // namespace

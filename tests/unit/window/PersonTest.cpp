@@ -257,9 +257,50 @@ TEST_F(PersonTest, ARangeIsStoredWhenItIsLetGo)
     EXPECT_FALSE(person.attention().hovered);
 }
 
+TEST_F(PersonTest, ASwitchedOffSettingThatStopsAnActSaysSo)
+{
+    std::string said;
+    Person talker(*session, phone, { .say = [&said](const std::string& words) {
+        said += words + '\n';
+    } });
+    talker.see(sheet, layout);
+    talker.keyDown("S");
+    EXPECT_EQ(said, "Shake to Show is off\n");
+    setValue(*session, mixerSetting("handleShake"), 1);
+    talker.keyUp("S");
+    talker.keyDown("S");
+    talker.passTime(2s);
+    talker.pointerDown(onPhone(5, 600));
+    talker.pointerUp(onPhone(5, 600));
+    EXPECT_EQ(said, "Shake to Show is off\nDismiss on Touch is off\n");
+    setValue(*session, mixerSetting("replaceHUD"), 0);
+    talker.keyDown("Up");
+    talker.passTime(1s);
+    EXPECT_EQ(said, "Shake to Show is off\nDismiss on Touch is off\nReplace Volume Indicator is off\n");
+}
+
+TEST_F(PersonTest, TheHomeButtonGivesUnderTheFingerAndWakesTheScreen)
+{
+    const Point home = middleOf(Spot::Purpose::HomeButton);
+    const auto before = sheet.elements;
+    person.pointerDown(home);
+    look();
+    EXPECT_NE(sheet.elements, before);
+    person.pointerUp(home);
+    person.pointerLeft();
+    look();
+    EXPECT_EQ(sheet.elements, before);
+    EXPECT_EQ(newLines(), "");
+    person.keyDown("L");
+    newLines();
+    look();
+    click(home);
+    EXPECT_THAT(newLines(), HasSubstr("screenchanged 1"));
+}
+
 TEST_F(PersonTest, TheListOfKeysCoversEverythingUntilItIsTouched)
 {
-    person.switchHelp();
+    person.perform(WindowAct::Help);
     look();
     std::string texts;
     for (const Element& element : sheet.elements) {
@@ -269,7 +310,7 @@ TEST_F(PersonTest, TheListOfKeysCoversEverythingUntilItIsTouched)
     for (const Control& control : allControls())
         EXPECT_THAT(texts, HasSubstr(std::string(control.cap) + '\n' + control.label)) << control.label;
     click(middleOf(Spot::Purpose::Control, 0));
-    EXPECT_FALSE(person.attention().wantsHelp);
+    EXPECT_EQ(person.attention().overlay, Overlaid::Nothing);
     EXPECT_EQ(newLines(), "");
 }
 

@@ -2,10 +2,13 @@
 #include "simulator/window/Phone.h"
 #include "tests/unit/window/SessionFixture.h"
 
+#include <cmath>
 #include <limits>
 
 namespace panotra::sim {
 namespace {
+
+using namespace std::chrono_literals;
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -113,6 +116,18 @@ TEST_F(PhoneTest, CategoriesGoRound)
         ++steps;
     } while (phone.category() != first && steps < 10);
     EXPECT_EQ(steps, 5);
+}
+
+TEST_F(PhoneTest, AShakenPhoneShakesForHalfASecond)
+{
+    EXPECT_EQ(phone.shakeOffset(), 0);
+    played(phone.shake());
+    session->advance(30ms);
+    EXPECT_TRUE(phone.isShaking());
+    EXPECT_GT(std::abs(phone.shakeOffset()), 1);
+    session->advance(500ms);
+    EXPECT_FALSE(phone.isShaking());
+    EXPECT_EQ(phone.shakeOffset(), 0);
 }
 
 TEST_F(PhoneTest, TheScreenTellsOfItsStateWhenItIsSwitched)

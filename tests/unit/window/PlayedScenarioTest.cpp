@@ -212,7 +212,9 @@ TEST_F(PlayedScenario, ATouchOfThePersonTakesOver)
     session->advance(100ms);
     Phone phone(session->device());
     Desk desk(*session, {});
-    Person person(*session, phone, [&desk](WindowAct act) { desk.perform(act); });
+    Person person(*session, phone, { .perform = [&desk](WindowAct act) {
+        desk.perform(act);
+    } });
     const Layout layout = layOut({ 1200, 800 }, {}, 1, Footer::Player);
     Sheet sheet = makeSheet({ *session, phone, layout, person.attention(), &desk });
     person.see(sheet, layout);

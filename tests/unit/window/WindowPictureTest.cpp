@@ -86,9 +86,9 @@ TEST_F(WindowPictureTest, WhatIsDrawnInPartsIsAsIfDrawnAtOnce)
     const auto expectWhole = [this](const char* what) {
         EXPECT_TRUE(isAsDrawnAfresh(draw().pixels)) << what;
         // The renderer has drawn for another since: what it then calls changed is the other's.
-        attention.wantsHelp = !attention.wantsHelp;
+        attention.overlay = attention.overlay == Overlaid::Help ? Overlaid::Nothing : Overlaid::Help;
         draw();
-        attention.wantsHelp = !attention.wantsHelp;
+        attention.overlay = attention.overlay == Overlaid::Help ? Overlaid::Nothing : Overlaid::Help;
         draw();
     };
     session->play("press up");
