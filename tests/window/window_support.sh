@@ -48,10 +48,10 @@ open_display() {
 in_recording() { grep -qsFx -- "$1" recording; }
 in_trace() { grep -qsF -- "$1" trace.jsonl; }
 
-# Opens the window on a phone whose settings are in the folder `preferences`.
+# Opens the window on a phone whose settings are in the folder `preferences`, with more options if there are any.
 open_window() {
     [[ -n $display_process ]] || open_display
-    "$panotra" window --prefs preferences --record recording --trace trace.jsonl --statistics 2>complaints &
+    "$panotra" window --prefs preferences --record recording --trace trace.jsonl --statistics "$@" 2>complaints &
     window_process=$!
     wait_for "the phone" in_recording launch
     await_window
@@ -69,7 +69,7 @@ await_window() {
 }
 see_window() {
     kill -0 "$window_process" 2>/dev/null || fail "the window is gone"
-    window=$(xdotool search --onlyvisible --name '^Panotra$' 2>/dev/null | head -n 1)
+    window=$(xdotool search --onlyvisible --name '^Panotra' 2>/dev/null | head -n 1)
     [[ -n $window ]]
 }
 # Answers the window's status in `status`.
