@@ -2,8 +2,11 @@
 #include "simulator/gallery/Phones.h"
 
 #include "simulator/render/Blur.h"
+#include "simulator/window/PhoneLooks.h"
+#include "simulator/window/WindowPicture.h"
 
 #include <array>
+#include <variant>
 
 namespace panotra::sim {
 namespace {
@@ -15,31 +18,33 @@ using render::Shape;
 // Pixels of the picture.
 constexpr int width = 1080;
 constexpr int height = 672;
-constexpr double bezel = 10;
-constexpr double screenRoundness = 24;
 constexpr double shadowBlur = 22;
 constexpr double shadowDrop = 16;
 
-struct Phone {
+struct TablePhone {
     MixerShowing showing;
     Light light;
     double x, y; ///< the screen's top left corner
     double size; ///< pixels of the picture a point
 
     render::Size screen() const { return { showing.screen.width * size, showing.screen.height * size }; }
+    PhonePlace place() const
+    {
+        return { showing.screen, 1, { x + screen().width / 2, y + screen().height / 2 }, size };
+    }
     Shape body(double drop = 0) const
     {
-        const auto [screenWidth, screenHeight] = screen();
-        return { render::translation(x - bezel, y - bezel + drop),
-            { screenWidth + 2 * bezel, screenHeight + 2 * bezel }, screenRoundness + bezel, true };
+        const Area area = place().body();
+        return { render::translation(area.x, area.y + drop), { area.width, area.height },
+            bodyOf(showing.screen).radius * size, false };
     }
 };
 
 /// The one in the middle last: it is the largest, and its shadow falls on the others.
-std::array<Phone, 3> phones()
+std::array<TablePhone, 3> phones()
 {
-    std::array<Phone, 3> all;
-    for (Phone& phone : all)
+    std::array<TablePhone, 3> all;
+    for (TablePhone& phone : all)
         phone.showing.screen = { 375, 667, 2 };
     all[0].showing.style = 0;
     all[0].showing.skin = 1;
@@ -51,10 +56,10 @@ std::array<Phone, 3> phones()
     all[2].showing.skin = 0;
     all[2].showing.focusedSlot = 0;
     all[2].light = Light::Dusk;
-    constexpr double besides = 0.775;
-    constexpr double inFront = 0.9;
-    constexpr double fromEdge = 40;
-    for (Phone& phone : all) {
+    constexpr double besides = 0.73;
+    constexpr double inFront = 0.83;
+    constexpr double fromEdge = 48;
+    for (TablePhone& phone : all) {
         phone.size = besides;
         phone.y = (height - phone.screen().height) / 2;
     }
@@ -75,7 +80,7 @@ void drawTable(cairo_t* context)
     cairo_paint(context);
 }
 
-void drawShadow(Bitmap& picture, const Phone& phone)
+void drawShadow(Bitmap& picture, const TablePhone& phone)
 {
     Bitmap shadowed(picture.width(), picture.height(), render::PixelFormat::Opaque);
     const auto inside = shadowed.makeContext();
@@ -91,20 +96,30 @@ void drawShadow(Bitmap& picture, const Phone& phone)
     cairo_paint(context.get());
 }
 
-void drawPhone(Bitmap& picture, const Phone& phone, const Bitmap& screen)
+void draw(cairo_t* context, const Sheet& sheet)
+{
+    for (const Element& element : sheet.elements) {
+        if (const auto* const box = std::get_if<Box>(&element))
+            drawBox(context, *box, 1);
+        else if (const auto* const rim = std::get_if<Rim>(&element))
+            drawRim(context, *rim, 1);
+    }
+}
+
+/// As the window draws it.
+void drawPhone(Bitmap& picture, const TablePhone& phone, const Bitmap& screen)
 {
     const auto context = picture.makeContext();
-    const Shape body = phone.body();
-    cairo_set_source_rgb(context.get(), 0.07, 0.07, 0.08);
-    render::addOutline(context.get(), body);
-    cairo_fill(context.get());
-    // A thin line of light along the edge.
-    cairo_set_source_rgb(context.get(), 0.36, 0.37, 0.4);
-    cairo_set_line_width(context.get(), 1.5);
-    render::addOutline(context.get(), *body.inset(0.75));
-    cairo_stroke(context.get());
+    const PhonePlace place = phone.place();
+    Sheet around;
+    for (const SideButton& button : sideButtons)
+        addSideButton(around, place, areaOf(button, place, false), SideButtonLooks::Plain);
+    addBody(around, place);
+    addHomeButton(around, place, false);
+    draw(context.get(), around);
 
-    render::addOutline(context.get(), { render::translation(phone.x, phone.y), phone.screen(), screenRoundness, true });
+    cairo_save(context.get());
+    cairo_rectangle(context.get(), phone.x, phone.y, phone.screen().width, phone.screen().height);
     cairo_clip(context.get());
     cairo_translate(context.get(), phone.x, phone.y);
     const double factor = phone.screen().width / screen.width();
@@ -112,6 +127,10 @@ void drawPhone(Bitmap& picture, const Phone& phone, const Bitmap& screen)
     cairo_set_source_surface(context.get(), screen.surface(), 0, 0);
     cairo_pattern_set_filter(cairo_get_source(context.get()), CAIRO_FILTER_BEST);
     cairo_paint(context.get());
+    cairo_restore(context.get());
+    Sheet over;
+    addRims(over, place);
+    draw(context.get(), over);
 }
 
 } // namespace
@@ -120,7 +139,7 @@ Bitmap threePhones(Studio& studio)
 {
     Bitmap picture(width, height, render::PixelFormat::Opaque);
     drawTable(picture.makeContext().get());
-    for (const Phone& phone : phones()) {
+    for (const TablePhone& phone : phones()) {
         drawShadow(picture, phone);
         drawPhone(picture, phone, studio.mixer(phone.showing, phone.light));
     }
