@@ -105,7 +105,7 @@ void addMenu(Sheet& sheet, const Subject& subject)
     constexpr double width = 600;
     constexpr double insideRim = 24;
     constexpr double headingHeight = 34;
-    constexpr double rowHeight = 30;
+    constexpr double choiceHeight = 30;
     constexpr double hintHeight = 20;
     constexpr double rowGap = 8;
     constexpr double labelWidth = 130;
@@ -115,7 +115,7 @@ void addMenu(Sheet& sheet, const Subject& subject)
     // Everything is behind the menu now; a touch beside it puts it away.
     sheet.spots.push_back({ all, Purpose::Menu });
     const double height
-        = headingHeight + static_cast<double>(menuRows.size()) * (rowHeight + hintHeight + rowGap) + 2 * insideRim;
+        = headingHeight + static_cast<double>(menuRows.size()) * (choiceHeight + hintHeight + rowGap) + 2 * insideRim;
     const Area card { (all.width - width) / 2, (all.height - height) / 2, width, height };
     sheet.add(Box { card, palette::card, 14, palette::edge });
     Area inside = card.inset(insideRim, insideRim);
@@ -125,7 +125,7 @@ void addMenu(Sheet& sheet, const Subject& subject)
     for (const RowLooks& looks : menuRows) {
         const bool startsAnew = looks.row != MenuRow::Wallpaper && looks.row != MenuRow::Sound;
         const bool isOffered = canStartAnew || !startsAnew;
-        Area row = inside.takeTop(rowHeight);
+        Area row = inside.takeTop(choiceHeight);
         addText(sheet, row.takeLeft(labelWidth), looks.label, isOffered ? palette::text : palette::dim);
         const auto names = choicesOf(looks.row, subject.attention);
         const auto chosen = chosenIn(looks.row, subject);
