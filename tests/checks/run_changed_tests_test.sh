@@ -27,7 +27,7 @@ for place in own other held; do
 done
 add_section other .paths "$scratch/path"
 cat >"$build/both/CTestTestfile.cmake" <<END_OF_TESTS
-add_test(first "$(type -P true)")
+add_test(first "$tree/script.sh")
 add_test(own "$build/own/program")
 add_test(other "$tree/script.sh" "PROGRAM=$build/other/program")
 add_test(sources "$tree/script.sh" "$tree/hooks")
@@ -55,11 +55,11 @@ expect_run() {
 }
 
 touch "$scratch/trouble"
-failing=2
+failing=3
 expect_run "a fresh build" first making other own sources taking
 rm "$scratch/trouble"
 failing=0
-expect_run "two failed, and nothing has changed" other sources
+expect_run "three failed, and nothing has changed" first other sources
 expect_run "all passed, and nothing has changed" first
 grep -q ': 6 of 6; make test ALL=1' "$scratch/said" || { echo "not said how many were left out" >&2; failures=$((failures + 1)); }
 
@@ -71,6 +71,14 @@ add_section held .more
 expect_run "a program has changed that another names" other
 cp "$build/held/program" "$build/other/beside"
 expect_run "a program is new beside one that a script is given" other
+
+touch "$scratch/trouble"
+failing=1
+expect_run "one runs although it passed, and fails" first
+rm "$scratch/trouble"
+failing=0
+add_section own .again
+expect_run "it failed, and another program has changed" first own
 
 echo 'int two;' >>"$tree/hooks/One.cpp"
 expect_run "a source has changed" making sources taking
