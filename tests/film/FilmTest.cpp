@@ -131,13 +131,12 @@ TEST_F(FilmTest, AScenarioWithoutTimeIsOnePicture)
 // `make film` makes it anew.
 TEST_F(FilmTest, TheFilmOfTheReadMeShowsItsScenario)
 {
-    const std::filesystem::path root = PANOTRA_SOURCE;
-    std::ifstream file(root / "docs" / "tour.webp", std::ios::binary);
+    std::ifstream file(PANOTRA_SOURCE "/docs/tour.webp", std::ios::binary);
     const std::string bytes { std::istreambuf_iterator<char>(file), {} };
     EXPECT_LT(bytes.size(), 2'000'000U);
     const auto frames = testing::decodedWebp(bytes);
     ASSERT_GT(frames.size(), 100U);
-    const auto read = readDrawnScenario((root / "examples" / "tour.scenario").string());
+    const auto read = readDrawnScenario(PANOTRA_SOURCE "/examples/tour.scenario");
     const auto* const scenario = std::get_if<std::unique_ptr<const DrawnScenario>>(&read);
     ASSERT_NE(scenario, nullptr);
     look = { .size = { frames.front().pixels.width(), frames.front().pixels.height() }, .captions = Captions::Shown };
