@@ -51,13 +51,39 @@ protected:
     }
 
     /// Whether a pixel's middle lies in the view, in its own coordinates and as far as `margin` from its edges.
-    bool isIn(const sim::View& view, int x, int y, double margin) const
-    {
-        const double scale = device.screen->scale;
-        const auto point = view.fromScreen({ (x + 0.5) / scale, (y + 0.5) / scale });
-        return point && point->x >= margin && point->x < view.bounds.width - margin && point->y >= margin
-            && point->y < view.bounds.height - margin;
-    }
+    /// Where the pixels of a view are, but for a margin. Two steps to the side say where every other pixel leads.
+    class Area {
+    public:
+        Area(const sim::View& view, double scale, double margin)
+            : m_bounds(view.bounds)
+            , m_margin(margin)
+        {
+            const auto at = [&](double x, double y) {
+                return view.fromScreen({ x / scale, y / scale });
+            };
+            const auto origin = at(0.5, 0.5), right = at(1.5, 0.5), down = at(0.5, 1.5);
+            if (!origin || !right || !down)
+                return;
+            m_isThere = true;
+            m_origin = *origin;
+            m_right = { right->x - origin->x, right->y - origin->y };
+            m_down = { down->x - origin->x, down->y - origin->y };
+        }
+        bool holds(int x, int y) const
+        {
+            const double across = m_origin.x + x * m_right.x + y * m_down.x;
+            const double along = m_origin.y + x * m_right.y + y * m_down.y;
+            return m_isThere && across >= m_margin && across < m_bounds.width - m_margin && along >= m_margin
+                && along < m_bounds.height - m_margin;
+        }
+
+    private:
+        sim::Size m_bounds;
+        double m_margin;
+        bool m_isThere = false;
+        sim::Point m_origin {}, m_right {}, m_down {};
+    };
+    Area area(const sim::View& view, double margin) const { return { view, device.screen->scale, margin }; }
 };
 
 /// The fills of all sliders of an upright mixer, seen as what differs from the same mixer with fills of no width.
@@ -107,9 +133,12 @@ TEST_P(BlackPanel, IsOpaqueBlackBehindTheSliders)
     show(showing(GetParam(), blackSkin));
     const sim::View& container = held("_containerView");
     const double cornerRadius = container.layer.cornerRadius * 1.6; // as far as a continuous corner reaches
-    std::vector<const sim::View*> inFront { &held("_groupLabel0"), &held("_groupLabel1"), &held("_groupLabel2") };
+    std::vector<Area> inFront;
+    for (const char* const label : { "_groupLabel0", "_groupLabel1", "_groupLabel2" })
+        inFront.push_back(area(held(label), -1));
     for (int slot = 0; slot < slotCount; ++slot)
-        inFront.push_back(&slider(slot));
+        inFront.push_back(area(slider(slot), -1));
+    const Area inside = area(container, cornerRadius);
     const Bitmap picture = drawn(render::Wallpaper::dawn());
     constexpr int enough = 1000;
     int looked = 0;
@@ -118,10 +147,10 @@ TEST_P(BlackPanel, IsOpaqueBlackBehindTheSliders)
             // To ask where a pixel is takes long, and a black one may be anywhere.
             if (looked > enough && pixel(picture, x, y) == 0)
                 continue;
-            const auto isUnder = [&](const sim::View* view) {
-                return isIn(*view, x, y, -1);
+            const auto isUnder = [&](const Area& view) {
+                return view.holds(x, y);
             };
-            if (!isIn(container, x, y, cornerRadius) || std::ranges::any_of(inFront, isUnder))
+            if (!inside.holds(x, y) || std::ranges::any_of(inFront, isUnder))
                 continue;
             ASSERT_EQ(pixel(picture, x, y), 0U) << "at " << x << ", " << y;
             ++looked;
