@@ -2,6 +2,7 @@
 #include "simulator/preferences/Conversions.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,7 @@
 /// Property lists in memory: what is read from bytes, changed and written again.
 #include "simulator/preferences/PropertyListTree.h"
 
+#include "simulator/preferences/Settings.h"
 #include "tests/unit/preferences/BinaryFile.h"
 #include "tests/unit/preferences/TemporaryFolder.h"
 
