@@ -88,9 +88,9 @@ DesktopLoop::Pause Overlay::turn()
     if (m_stage == nullptr)
         return {};
     const bool isMoving = m_stage->hasMoved || m_phone.device().runLoop->runningAnimations() > 0;
-    constexpr int untilLookedAgain = 500; // in case that the display has told something while it was being drawn on
     const int descriptor = m_stage->window->descriptor();
-    return { isMoving || descriptor < 0 ? static_cast<int>(frameInterval.count()) : untilLookedAgain, descriptor };
+    const bool isToBeLookedAt = isMoving || descriptor < 0 || m_stage->window->hasMore();
+    return { isToBeLookedAt ? static_cast<int>(frameInterval.count()) : -1, descriptor };
 }
 
 void Overlay::giveUp(const std::string& failure)

@@ -110,6 +110,12 @@ std::vector<OverlayWindow::Happening> OverlayWindow::take()
     return happenings;
 }
 
+bool OverlayWindow::hasMore() const
+{
+    SDL_PumpEvents();
+    return SDL_HasEvents(SDL_FIRSTEVENT, SDL_LASTEVENT) == SDL_TRUE;
+}
+
 bool OverlayWindow::show(const render::Bitmap& picture, const std::vector<PixelRect>& changed, std::string& failure)
 {
     SDL_Surface* const surface = SDL_GetWindowSurface(m_window);

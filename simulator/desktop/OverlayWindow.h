@@ -63,6 +63,8 @@ public:
 
     /// Can be read from when something has happened; -1: unknown.
     int descriptor() const { return m_descriptor; }
+    /// Whether there is something to take that came while the display was drawn on: nothing is to be read for it.
+    bool hasMore() const;
 
 private:
     OverlayWindow() = default;

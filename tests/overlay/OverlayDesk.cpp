@@ -148,7 +148,7 @@ void OverlayDesk::goOnUntil(const char* what, const std::function<bool()>& isSo)
 /// Drawn, and nothing moves any more: then the overlay waits for the display.
 bool OverlayDesk::isAtRest()
 {
-    return pause && pause->longest > 100;
+    return pause && pause->longest < 0 && pause->descriptor >= 0;
 }
 
 bool OverlayDesk::isShown()

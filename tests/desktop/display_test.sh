@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# The phone of `panotra desktop --phone`: real keys on a display in memory, and a real sound server.
+# What `panotra desktop` shows on a display in memory, beside a real sound server: its phone, by real keys, and how long
+# it sleeps.
 #
-#   phone_test.sh PANOTRA CASE
+#   display_test.sh PANOTRA CASE
 #
 # CASE is the name of a function below, with hyphens.
 set -euo pipefail
@@ -28,7 +29,7 @@ END
 }
 has_default() { pactl set-default-sink "$1" 2>/dev/null; }
 volume_is() { [[ $(pactl get-sink-volume "$1") == *"left: $2 "* ]]; }
-knows() { "$panotra" desktop --status | grep -qFx -- "$1"; }
+knows() { "$panotra" desktop --status 2>/dev/null | grep -qFx -- "$1"; }
 
 open_phone() {
     open_display
@@ -87,6 +88,54 @@ a_second_start_shows_the_mixer_of_the_phone() {
     "$panotra" desktop --phone || fail "the third start ended with status $?"
     shows_mixer || fail "the third start has sent it away"
     close_window
+}
+
+# The mixer above other windows.
+open_overlay() {
+    open_display
+    "$panotra" desktop --prefs preferences 2>complaints &
+    window_process=$!
+    wait_for "the server" knows "Output: box"
+}
+close_overlay() {
+    kill "$window_process"
+    status=0
+    wait "$window_process" || status=$?
+    window_process=
+    [[ $status -eq 0 && ! -s complaints ]] || fail "it ended with status $status"
+}
+
+another_process_is_obeyed_at_once() {
+    begin_server
+    open_overlay
+    local height
+    for style in 0:420 1:121; do
+        "$panotra" prefs --prefs preferences set $domain activeStyle int "${style%:*}"
+        has_style() {
+            "$panotra" desktop || fail "a start beside it ended with status $?"
+            see_window && height=$(xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p') &&
+                [[ $height -lt ${style#*:}+40 && $height -gt ${style#*:}-40 ]]
+        }
+        wait_for "the style $style" has_style
+    done
+    close_overlay
+}
+
+nothing_wakes_a_mixer_that_nobody_sees() {
+    begin_server
+    open_overlay
+    expect_no_wake_up
+    close_overlay
+}
+
+nothing_wakes_a_mixer_that_stays() {
+    begin_server
+    open_overlay
+    "$panotra" desktop || fail "the second start ended with status $?"
+    wait_for "the mixer" see_window
+    expect_no_wake_up
+    see_window || fail "the mixer is gone"
+    close_overlay
 }
 
 nothing_wakes_an_idle_phone() {
