@@ -30,6 +30,10 @@ runs() {
         "share/doc/panotra/copyright" "share/doc/panotra/README.md" "share/doc/panotra/docs/scenario.md" "$@"; do
         [[ -s $root/$file ]] || fail "$root/$file is missing"
     done
+    # The mixer of the desktop starts with a session where somebody asks for it.
+    local begun
+    begun=$(find "$root" \( -path '*/xdg/autostart/*' -o -path '*.wants/*' -o -name '*.preset' \))
+    [[ -z $begun ]] || fail "it starts with the session by itself: $begun"
 }
 
 the_package_runs_from_an_empty_root() {
