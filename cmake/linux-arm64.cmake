@@ -4,7 +4,9 @@
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
 set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
+find_program(CMAKE_OBJCXX_COMPILER aarch64-linux-gnu-g++ REQUIRED)
 set(CMAKE_CXX_FLAGS_INIT "-Wno-psabi") # speaks of other versions of the compiler
+set(CMAKE_OBJCXX_FLAGS_INIT "-Wno-psabi")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES PANOTRA_ROOT)
 
 # The compiler brings C and C++ libraries to link with; everything else comes from the root.
