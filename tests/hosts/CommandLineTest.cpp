@@ -75,7 +75,7 @@ TEST_F(HostCommandLine, ALibraryThatIsCutOffIsAFileThatFailed)
 
 TEST_F(HostCommandLine, ALibraryWhoseTablesAreOutsideItIsAFileThatFailed)
 {
-    for (const Elf64_Word kind : { SHT_SYMTAB, SHT_STRTAB }) {
+    for (const Elf64_Word kind : { Elf64_Word { SHT_SYMTAB }, Elf64_Word { SHT_STRTAB } }) {
         std::filesystem::copy_file(
             PANOTRA_NATIVE_LIBRARY, folder / "lib.so", std::filesystem::copy_options::overwrite_existing);
         moveTablesOut(kind);
