@@ -69,7 +69,7 @@ test-device-arm64: device ## play every scenario with the phone's own library, o
 	@scripts/test-device-arm64 $(build) $(jobs) $(quiet)
 
 .PHONY: lint
-lint: ## read the sources and the scripts for mistakes: clang-tidy, cppcheck, shellcheck
+lint: ## read the sources and the scripts for mistakes: clang-tidy, cppcheck, gcc, shellcheck
 	@scripts/install-dependencies build lint
 	@scripts/lint $(build)/lint $(jobs)
 

@@ -15,7 +15,7 @@ pretend() {
     chmod +x "$scratch/bin/$1"
 }
 
-# A machine of root's on which g++ alone is installed.
+# A machine of root's on which cmake alone is installed.
 machine() {
     rm -rf "${scratch:?}"/*
     mkdir "$scratch/bin"
@@ -24,7 +24,7 @@ machine() {
         ln -s "$(type -P "$command")" "$scratch/bin/$command"
     done
     pretend id 'echo 0'
-    pretend dpkg-query '[[ ${!#} == g++ ]] && echo -n installed'
+    pretend dpkg-query '[[ ${!#} == cmake ]] && echo -n installed'
     pretend apt-get 'echo "apt-get $*" >>"$scratch/calls"'
     touch "$scratch/calls"
 }
@@ -58,7 +58,7 @@ machine
 run 0 build
 expect output '^  libexpat1-dev +Expat, reads property lists$'
 expect calls '^apt-get .*install --yes --no-install-recommends .*libexpat1-dev'
-grep -q 'g++' "$scratch/calls" && fail "g++ is there already"
+grep -qw cmake "$scratch/calls" && fail "cmake is there already"
 grep -q update "$scratch/calls" && fail "the lists at hand would have done"
 
 what="the lists of packages are old"
@@ -103,7 +103,7 @@ what="a list"
 machine
 run 0 --list fetched-arm64 build
 expect output '^libexpat1$'
-expect output '^g\+\+$'
+expect output '^clang-19$'
 expect_none errors
 expect_none calls
 run 2 --list biuld
