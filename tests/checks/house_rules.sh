@@ -23,7 +23,6 @@ complain() {
 cd "$root"
 allowed_long() { grep -v -e '^#' -e '^$' "$here/long_files.txt" | cut -d: -f1; }
 
-# shellcheck disable=SC2046 # the names of sources hold no blanks
 # FILE FAULT of each source that is not as it should be; one process reads them all.
 while read -r file fault; do
     complain "$file" "$fault"
@@ -53,7 +52,7 @@ done < <(sources . | xargs awk -v most="$most_lines" -v allowed="$(allowed_long)
     END { judge() }')
 while read -r file; do
     complain "$file" "is empty"
-done < <(find $(sources .) -empty) # what is empty has no first line
+done < <(sources . | xargs stat --format='%s %n' | sed -n 's|^0 ||p')
 
 while read -r file; do
     if [[ ! -f $file || $(wc -l <"$file") -le $most_lines ]]; then
