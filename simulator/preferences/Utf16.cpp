@@ -18,29 +18,31 @@ std::uint32_t bitsOf(char byte)
     return static_cast<unsigned char>(byte);
 }
 
-void appendUtf8(std::string& text, std::uint32_t character)
+/// Answers the place behind what it wrote, 1 to 4 bytes.
+char* writeUtf8(char* place, std::uint32_t character)
 {
-    const auto append = [&](std::uint32_t byte) {
-        text.push_back(static_cast<char>(byte));
+    const auto write = [&](std::uint32_t byte) {
+        *place++ = static_cast<char>(byte);
     };
-    const auto appendFollowing = [&](int shift) {
-        append(0x80 | (character >> shift & 0x3F));
+    const auto writeFollowing = [&](int shift) {
+        write(0x80 | (character >> shift & 0x3F));
     };
     if (character < 0x80) {
-        append(character);
+        write(character);
     } else if (character < 0x800) {
-        append(0xC0 | character >> 6);
-        appendFollowing(0);
+        write(0xC0 | character >> 6);
+        writeFollowing(0);
     } else if (character < firstWithPair) {
-        append(0xE0 | character >> 12);
-        appendFollowing(6);
-        appendFollowing(0);
+        write(0xE0 | character >> 12);
+        writeFollowing(6);
+        writeFollowing(0);
     } else {
-        append(0xF0 | character >> 18);
-        appendFollowing(12);
-        appendFollowing(6);
-        appendFollowing(0);
+        write(0xF0 | character >> 18);
+        writeFollowing(12);
+        writeFollowing(6);
+        writeFollowing(0);
     }
+    return place;
 }
 
 void appendUnit(std::string& bytes, std::uint32_t unit)
@@ -53,7 +55,10 @@ void appendUnit(std::string& bytes, std::uint32_t unit)
 
 bool fromUtf16(std::string_view bytes, std::string& utf8)
 {
-    utf8.clear();
+    // Room for the most that it can be, three bytes a unit: a file may ask for one long text again and again, and to
+    // append byte by byte would make it dear.
+    utf8.resize(bytes.size() / 2 * 3);
+    char* end = utf8.data();
     for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
         const auto unit = [&](std::size_t place) {
             return bitsOf(bytes[place]) << 8 | bitsOf(bytes[place + 1]);
@@ -68,8 +73,9 @@ bool fromUtf16(std::string_view bytes, std::string& utf8)
                 return false;
             character = firstWithPair + ((character - firstHighSurrogate) << 10 | (low - firstLowSurrogate));
         }
-        appendUtf8(utf8, character);
+        end = writeUtf8(end, character);
     }
+    utf8.resize(static_cast<std::size_t>(end - utf8.data()));
     return true;
 }
 

@@ -5,6 +5,9 @@
 #include "tests/unit/preferences/ChildProcess.h"
 #include "tests/unit/preferences/TemporaryFolder.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
 #include <functional>
 
 #include <sys/resource.h>
@@ -104,20 +107,24 @@ int statusWithinLimits(const std::function<void()>& work)
     return process.wait();
 }
 
+/// As a home screen uses a domain.
+void useDomainIn(const testing::TemporaryFolder& folder)
+{
+    sim::Device device { folder.path().string() };
+    const std::unique_ptr<sim::PreferenceHandle> handle(device.preferences->open("domain"));
+    handle->synchronize();
+    handle->setFloat("volume0", 0.5f);
+    device.preferences->all();
+}
+
 TEST_P(CostlyFiles, IsReadChangedAndListedWithinTheLimits)
 {
     const testing::TemporaryFolder folder;
     const auto path = folder / "domain.plist";
     testing::writeBytes(path, GetParam().bytes());
     EXPECT_LE(std::filesystem::file_size(path), largestFileBytes) << "too large to be looked at";
-    const auto useIt = [&] {
-        sim::Device device { folder.path().string() };
-        const std::unique_ptr<sim::PreferenceHandle> handle(device.preferences->open("domain"));
-        handle->synchronize();
-        handle->setFloat("volume0", 0.5f);
-        device.preferences->all();
-    };
-    EXPECT_EQ(statusWithinLimits(useIt), 0) << "-1: it took too long; 2: it took too much memory";
+    EXPECT_EQ(statusWithinLimits([&] { useDomainIn(folder); }), 0)
+        << "-1: it took too long; 2: it took too much memory";
     // One or the other; nothing is lost.
     const std::set<std::string> names = folder.names();
     const bool isRead
@@ -307,6 +314,60 @@ const CostlyFile costlyFiles[] = {
             return xmlWith("<key>k</key><integer>" + filled("x") + "</integer>");
         } },
 };
+
+/// Files that nobody made to cost: what a file of their size may have to take.
+const char* const honestFiles[] = { "ManyKeys", "ManyKeysInABinaryFile", "OneLargeText", "LongData", "TheMostValues" };
+
+/// What a use of a file with these contents takes of the processor, in seconds: the least of some tries, as others take
+/// their share of the machine.
+double secondsFor(const std::string& bytes)
+{
+    constexpr int tries = 4;
+    double least = 1000;
+    for (int i = 0; i < tries; ++i) {
+        const testing::TemporaryFolder folder;
+        testing::writeBytes(folder / "domain.plist", bytes);
+        const std::clock_t begin = std::clock();
+        useDomainIn(folder);
+        least = std::min(least, static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC);
+    }
+    return least;
+}
+
+/// Times of the processor: taken by `make faults`, and not where other tests run beside it.
+TEST(CostlyFilesTogether, TakeNoMoreThanTwiceWhatAFileOfTheirSizeMust)
+{
+    const auto isHonest = [](const CostlyFile& file) {
+        return std::ranges::find(honestFiles, file.name) != std::end(honestFiles);
+    };
+    double secondsOfAByte = 0;
+    double secondsOfAllValues = 0;
+    for (const CostlyFile& file : costlyFiles) {
+        if (!isHonest(file))
+            continue;
+        const std::string bytes = file.bytes();
+        const double seconds = secondsFor(bytes);
+        secondsOfAByte = std::max(secondsOfAByte, seconds / static_cast<double>(bytes.size()));
+        if (file.name == "TheMostValues")
+            secondsOfAllValues = seconds;
+    }
+    std::string dearest;
+    double most = 0;
+    for (const CostlyFile& file : costlyFiles) {
+        const std::string bytes = file.bytes();
+        // A small file that refers to its few objects again and again stands for as many values as a file may have.
+        constexpr std::size_t small = 100000;
+        const double must
+            = bytes.size() < small ? secondsOfAllValues : secondsOfAByte * static_cast<double>(bytes.size());
+        const double ratio = secondsFor(bytes) / must;
+        if (ratio > most) {
+            most = ratio;
+            dearest = file.name;
+        }
+        EXPECT_LE(ratio, 2) << file.name;
+    }
+    std::printf("the dearest file, %s, takes %.2f times what one of its size must\n", dearest.c_str(), most);
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Each, CostlyFiles, ::testing::ValuesIn(costlyFiles), [](const auto& suite) { return suite.param.name; });
