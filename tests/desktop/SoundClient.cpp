@@ -125,11 +125,18 @@ void SoundClient::useOutput(const std::string& name)
 {
     int tries = 0;
     std::string what;
+    std::string now;
+    const auto choose = [this](const std::string& output) {
+        waitFor(pa_context_set_default_sink(m_context, output.c_str(), nullptr, nullptr));
+    };
     waitUntil(what, [&] {
-        // A server that has just begun may forget it.
-        if (tries++ % 50 == 0)
-            waitFor(pa_context_set_default_sink(m_context, name.c_str(), nullptr, nullptr));
-        std::string now;
+        // WirePlumber overlooks a choice now and then, and the same one again is no change that it is told of: it is
+        // told of one when what is so now has been chosen in between.
+        if (tries++ % 50 == 0) {
+            if (!now.empty() && now != name)
+                choose(now);
+            choose(name);
+        }
         waitFor(pa_context_get_server_info(m_context, takeServer, &now));
         what = name + " as the default output, with all streams on it; it is " + now;
         return now == name && allIsHeardOn(name);
