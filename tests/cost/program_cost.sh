@@ -34,8 +34,10 @@ instructions_of() { # ARGUMENT...
 
 instructions_of_constructor_in() { # BUNDLE
     printf 'process %s\nload\n' "$1" >"$folder/scenario"
+    # Without what is for debuggers, of which valgrind does not understand all that compilers write.
+    strip --strip-debug -o "$folder/program" "$program"
     under_callgrind --collect-atstart=no --toggle-collect='panotra::constructor()' \
-        "$program" play --format json "$folder/scenario"
+        "$folder/program" play --format json "$folder/scenario"
     callgrind_annotate --threshold=100 "$folder/out" 2>/dev/null |
         awk '/\[.*\/libPanotra\.so\]$/ { gsub(",", "", $1); own += $1 } END { print own + 0 }'
 }
