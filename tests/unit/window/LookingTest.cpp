@@ -230,7 +230,7 @@ TEST_F(LookingTest, TheTraceIsFilteredHeldScrolledAndCopied)
     click(TracePart::Pause);
     EXPECT_GT(shownLines(*session, looks).size(), all);
     const std::string newest = texts();
-    const Spot& lines = *spotOf(Purpose::Trace, 0);
+    const Spot lines = *spotOf(Purpose::Trace, 0);
     person->wheel({ lines.area.x + 1, lines.area.y + 1 }, 5);
     look();
     EXPECT_EQ(looks.back, 5U);
