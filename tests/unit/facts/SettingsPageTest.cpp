@@ -1,5 +1,6 @@
-/// The settings page against the table of settings, row by row.
+/// The settings page against the table of settings, row by row, and the doctor's page against what it listens to.
 #include "facts/MixerSettings.h"
+#include "facts/PublicNames.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -83,15 +84,20 @@ private:
 
 class SettingsPage : public ::testing::Test {
 protected:
+    explicit SettingsPage(const char* page = PANOTRA_SETTINGS_PAGE)
+        : m_path(page)
+    {
+    }
+
     void SetUp() override
     {
-        std::ifstream file(PANOTRA_SETTINGS_PAGE, std::ios::binary);
+        std::ifstream file(m_path, std::ios::binary);
         const std::string bytes { std::istreambuf_iterator<char>(file), {} };
         plist_t page = nullptr;
         plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &page);
         m_page.reset(page);
         const plist_t items = plist_dict_get_item(page, "items");
-        ASSERT_NE(items, nullptr) << PANOTRA_SETTINGS_PAGE;
+        ASSERT_NE(items, nullptr) << m_path;
         std::string heading;
         for (std::uint32_t i = 0; i < plist_array_get_size(items); ++i) {
             const PageCell cell(plist_array_get_item(items, i));
@@ -108,7 +114,16 @@ protected:
     std::map<std::string, std::string> headings; ///< of the group in which each stands
 
 private:
+    const char* m_path;
     std::unique_ptr<void, void (*)(plist_t)> m_page { nullptr, plist_free };
+};
+
+class DoctorsPage : public SettingsPage {
+protected:
+    DoctorsPage()
+        : SettingsPage(PANOTRA_DOCTORS_PAGE)
+    {
+    }
 };
 
 TEST_F(SettingsPage, HasOneControlForEverySettingAndNoOther)
@@ -130,6 +145,12 @@ TEST_F(SettingsPage, StoresWhereTheMixerReadsAndTellsItOfTheChange)
         EXPECT_EQ(cell.text("PostNotification"), setting.changeNotification());
         EXPECT_EQ(cell.number("default"), setting.absentValue);
     }
+}
+
+TEST_F(DoctorsPage, AsksForAReport)
+{
+    ASSERT_EQ(controls.size(), 1U);
+    EXPECT_EQ(controls.begin()->second.text("PostNotification"), notification::doctorAsked);
 }
 
 TEST_F(SettingsPage, OffersWhatMayBeChosen)
