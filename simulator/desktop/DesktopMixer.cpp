@@ -97,6 +97,8 @@ void DesktopMixer::announce(const Announcement& happened)
     m_audio.follow(happened);
     const SlotNumber slot = happened.route.hasSlot ? slotToRead(happened.category, happened.route.name) : noSlot;
     if (happened.reason == Reason::ExplicitVolume) {
+        // Whoever changes the volume while a put-back waits for its turn is obeyed, and that is what is remembered.
+        m_reading.forgetPutBack();
         if (slot != noSlot)
             m_levels.isChosen(slot);
     } else {

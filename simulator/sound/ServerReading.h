@@ -54,6 +54,12 @@ public:
     /// The server is to be told, unless a later wish comes first: only the last one counts.
     void wish(float level, Wish wish);
     void forgetWish() { m_wish.reset(); }
+    /// Unless somebody chose it.
+    void forgetPutBack()
+    {
+        if (m_wish && m_wish->why == Wish::PutBack)
+            m_wish.reset();
+    }
     /// What the server is to be told now: one set at a time, the next after its answer. None: nothing, or not yet.
     std::optional<VolumeSet> nextSet(Serial serial);
     /// Whether all that was to be told is told, and was seen.

@@ -205,6 +205,44 @@ TEST_F(DesktopMixerTest, WhoeverTakesAPushBackIsObeyedAndNotFought)
     EXPECT_THAT(server.told, IsEmpty());
 }
 
+TEST_F(DesktopMixerTest, WhoeverChangesTheVolumeWhileAPutBackWaitsIsObeyed)
+{
+    begin();
+    change(0.25f);
+    play("phone");
+    change(0.75f);
+    play("alarm");
+    change(0.125f);
+    server.told.clear();
+    server.isSlow = true;
+    play("phone");
+    play("music");
+    EXPECT_THAT(server.told, ElementsAre(0.75f)) << "the put-back for music waits for the answer";
+    server.finish();
+    server.isSlow = false;
+    change(0.5f);
+    turn();
+    EXPECT_EQ(heard(), 0.5f);
+    EXPECT_THAT(server.told, ElementsAre(0.75f));
+    EXPECT_EQ(remembered(0), 0.5f);
+    play("phone");
+    EXPECT_EQ(server.told.back(), 0.75f) << "what plays next is put back as ever";
+}
+
+TEST_F(DesktopMixerTest, WhatAPersonChoseInTheMixerMeanwhileIsStillSet)
+{
+    begin();
+    server.isSlow = true;
+    device.home->setVolume("Audio/Video", 0.75f);
+    mixer->send();
+    device.home->setVolume("Audio/Video", 0.875f);
+    mixer->send();
+    EXPECT_THAT(server.told, ElementsAre(0.75f));
+    server.finish();
+    change(0.25f);
+    EXPECT_THAT(server.told, ElementsAre(0.75f, 0.875f));
+}
+
 TEST_F(DesktopMixerTest, NothingIsRememberedForAnOutputWithoutASlotNorSet)
 {
     begin();

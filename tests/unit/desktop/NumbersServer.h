@@ -11,7 +11,7 @@
 
 namespace panotra::testing {
 
-/// Does what it is told at once, and keeps what it was told.
+/// Does what it is told, at once unless it is slow, and keeps what it was told.
 class NumbersServer final : public sound::SoundServer {
 public:
     NumbersServer()
@@ -36,15 +36,19 @@ public:
     sound::Serial nextSerial() override { return ++serial; }
     void set(const sound::VolumeSet& set) override
     {
-        for (sound::Output& output : state.outputs) {
-            if (output.index == set.output)
-                output.volumes = set.volumes;
-        }
-        state.changed = ++serial;
         told.push_back(sound::levelOf(set.volumes));
-        reports.emplace_back(sound::Answer { set.serial, ++serial, true });
+        waiting.push_back(set);
+        if (!isSlow)
+            finish();
     }
     void ask() override { }
+
+    /// Does what waits, and answers it.
+    void finish()
+    {
+        for (const sound::VolumeSet& set : std::exchange(waiting, {}))
+            carryOut(set);
+    }
 
     sound::Output& heard()
     {
@@ -55,9 +59,20 @@ public:
     sound::Snapshot state;
     std::vector<sound::Report> reports;
     std::vector<float> told;
+    std::vector<sound::VolumeSet> waiting;
+    bool isSlow = false; ///< nothing is done before it is told to finish
     sound::Serial serial = 0;
 
 private:
+    void carryOut(const sound::VolumeSet& set)
+    {
+        for (sound::Output& output : state.outputs) {
+            if (output.index == set.output)
+                output.volumes = set.volumes;
+        }
+        state.changed = ++serial;
+        reports.emplace_back(sound::Answer { set.serial, ++serial, true });
+    }
     void add(const char* name, const char* formFactor, const char* bus)
     {
         const auto index = static_cast<std::uint32_t>(state.outputs.size() + 1);
