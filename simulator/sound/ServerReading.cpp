@@ -78,7 +78,7 @@ std::vector<Announcement> ServerReading::see(const Snapshot& snapshot)
     }
     if (std::string category = categoryNow(snapshot); category != m_category) {
         m_category = std::move(category);
-        happened.push_back({ Reason::Category, m_category, m_route, level() });
+        happened.push_back({ Reason::Category, m_category, m_route, levelToCome() });
     }
     return happened;
 }
@@ -150,6 +150,12 @@ void ServerReading::noteBalance(const Output& output)
 {
     if (peakOf(output.volumes) > 0)
         m_balances[output.traits.name] = output.volumes;
+}
+
+/// What the server was told counts, though it is not to be seen yet.
+float ServerReading::levelToCome() const
+{
+    return m_inFlight.empty() ? level() : levelOf(m_inFlight.back().set.volumes);
 }
 
 void ServerReading::hear(const Answer& answer)

@@ -88,6 +88,7 @@ private:
     void noteStreams(const Snapshot& snapshot);
     std::string categoryNow(const Snapshot& snapshot) const;
     void noteBalance(const Output& output);
+    float levelToCome() const;
 
     bool m_isConnected = false;
     std::string m_server;

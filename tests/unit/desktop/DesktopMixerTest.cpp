@@ -205,6 +205,25 @@ TEST_F(DesktopMixerTest, WhoeverTakesAPushBackIsObeyedAndNotFought)
     EXPECT_THAT(server.told, IsEmpty());
 }
 
+TEST_F(DesktopMixerTest, ACallThatEndsBeforeTheServerAnswersLeavesNoLevelBehind)
+{
+    begin();
+    change(0.25f);
+    play("phone");
+    change(0.75f);
+    play("music");
+    server.told.clear();
+    server.isSlow = true;
+    play("phone");
+    play("music");
+    server.finish();
+    server.isSlow = false;
+    turn();
+    EXPECT_THAT(server.told, ElementsAre(0.75f, 0.25f));
+    EXPECT_EQ(heard(), 0.25f);
+    EXPECT_EQ(remembered(0), 0.25f);
+}
+
 TEST_F(DesktopMixerTest, WhoeverChangesTheVolumeWhileAPutBackWaitsIsObeyed)
 {
     begin();
