@@ -170,6 +170,28 @@ TEST_P(Pairs, AboveFullIsLeftAloneUntilItIsBelow)
     person->stop(music);
 }
 
+TEST_P(Pairs, MuteIsLeftAlone)
+{
+    desktop.start();
+    person->setVolume("speaker", 20000);
+    rememberedSoon("Audio/Video, Speaker", 20000);
+    const std::uint32_t call = person->play("phone");
+    categorySoon("PhoneCall");
+    person->setVolume("speaker", 40000);
+    rememberedSoon("PhoneCall, Speaker", 40000);
+    const auto before = desktop.status();
+    tool("pactl set-sink-mute speaker 1");
+    EXPECT_EQ(desktop.status(), before);
+    person->stop(call);
+    const std::uint32_t music = person->play("music");
+    EXPECT_EQ(volumeSoon("speaker", 20000U), 20000U);
+    EXPECT_EQ(tool("pactl get-sink-mute speaker"), "Mute: yes\n") << "after a push";
+    tool("pactl set-sink-mute speaker 0");
+    EXPECT_EQ(desktop.status().remembered, before.remembered);
+    EXPECT_EQ(person->volume("speaker"), 20000U);
+    person->stop(music);
+}
+
 INSTANTIATE_TEST_SUITE_P(Servers, Pairs, ::testing::Values(ServerKind::PulseAudio, ServerKind::PipeWire),
     [](const auto& each) { return each.param == ServerKind::PulseAudio ? "PulseAudio" : "PipeWire"; });
 
