@@ -192,6 +192,38 @@ TEST_P(Pairs, MuteIsLeftAlone)
     person->stop(music);
 }
 
+/// Those that are not there for all tests, each chosen once.
+TEST_P(Pairs, EveryOtherFormFactorHasItsRoute)
+{
+    constexpr KnownOutputKind others[] = {
+        { "plain", "", "", "Speaker" },
+        { "internal", "internal", "", "Speaker" },
+        { "computer", "computer", "", "Speaker" },
+        { "hifi", "hifi", "", "Speaker" },
+        { "hands-free", "hands-free", "", nullptr },
+        { "webcam", "webcam", "", nullptr },
+        { "portable", "portable", "", nullptr },
+        { "car", "car", "", nullptr },
+        { "air-plain", "", "bluetooth", "HeadphonesBT" },
+        { "air-speaker", "speaker", "bluetooth", "HeadphonesBT" },
+        { "air-portable", "portable", "bluetooth", "HeadphonesBT" },
+        { "air-car", "car", "bluetooth", "HeadphonesBT" },
+        { "air-handset", "handset", "bluetooth", "HeadsetBT" },
+        { "air-hands-free", "hands-free", "bluetooth", "HeadsetBT" },
+    };
+    desktop.start();
+    for (const KnownOutputKind& output : others) {
+        person->addOutput(output.name, output.formFactor, output.bus);
+        person->useOutput(output.name);
+        EXPECT_EQ(outputSoon(output.name), output.name);
+        const std::string words
+            = output.route != nullptr ? output.route : std::string(output.name) + " (nothing is remembered for it)";
+        EXPECT_EQ(desktop.status(1).facts["Route"], words) << output.name;
+        person->useOutput("speaker");
+        person->removeLastAdded();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Servers, Pairs, ::testing::Values(ServerKind::PulseAudio, ServerKind::PipeWire),
     [](const auto& each) { return each.param == ServerKind::PulseAudio ? "PulseAudio" : "PipeWire"; });
 

@@ -103,15 +103,24 @@ template <typename Condition> void SoundClient::waitUntil(const std::string& wha
 
 void SoundClient::addOutput(const std::string& name, const std::string& formFactor, const std::string& bus)
 {
-    const std::string properties
-        = "device.form_factor=" + formFactor + (bus.empty() ? std::string() : " device.bus=" + bus);
+    std::string properties = bus.empty() ? "" : " device.bus=" + bus;
+    if (!formFactor.empty())
+        properties += " device.form_factor=" + formFactor;
     const std::string arguments = "sink_name=" + name + " sink_properties=\"" + properties + "\"";
-    waitFor(pa_context_load_module(m_context, "module-null-sink", arguments.c_str(), nullptr, nullptr));
+    const auto take = [](pa_context*, std::uint32_t module, void* self) {
+        *static_cast<std::uint32_t*>(self) = module;
+    };
+    waitFor(pa_context_load_module(m_context, "module-null-sink", arguments.c_str(), take, &m_lastAdded));
     waitUntil("an output", [&] {
         SinkAnswer answer { .name = name };
         waitFor(pa_context_get_sink_info_list(m_context, takeSink, &answer));
         return answer.index != PA_INVALID_INDEX;
     });
+}
+
+void SoundClient::removeLastAdded()
+{
+    waitFor(pa_context_unload_module(m_context, m_lastAdded, nullptr, nullptr));
 }
 
 void SoundClient::useOutputSoon(const std::string& name)

@@ -25,7 +25,9 @@ public:
     SoundClient(const SoundClient&) = delete;
     SoundClient& operator=(const SoundClient&) = delete;
 
+    /// An empty form factor or bus: the output does not say.
     void addOutput(const std::string& name, const std::string& formFactor, const std::string& bus);
+    void removeLastAdded();
     /// Makes it the default; answers once everything that plays is heard there.
     void useOutput(const std::string& name);
     /// Of the first channel; of the second one, if it is another.
@@ -62,6 +64,7 @@ private:
     pa_context* m_context = nullptr;
     std::map<std::uint32_t, pa_stream*> m_streams;
     pa_operation* m_last = nullptr;
+    std::uint32_t m_lastAdded = 0; ///< the module that is the output
 };
 
 } // namespace panotra::testing
