@@ -131,8 +131,15 @@ void Person::wheel(Point point, int lines)
     const Spot* const spot = m_sheet == nullptr ? nullptr : m_sheet->spotAt(point);
     if (spot == nullptr || spot->purpose != Purpose::Trace)
         return;
+    const auto whole = std::ranges::find_if(m_sheet->spots, [](const Spot& each) {
+        return each.purpose == Purpose::Trace && each.index == static_cast<std::size_t>(TracePart::Whole);
+    });
+    if (whole == m_sheet->spots.end())
+        return;
+    // No farther than to where the oldest line is the first that is shown: the way back would begin with nothing.
     TraceLooks& looks = m_attention.trace;
-    const auto most = static_cast<std::ptrdiff_t>(shownLines(m_session, looks).size());
+    const std::size_t all = shownLines(m_session, looks).size();
+    const auto most = static_cast<std::ptrdiff_t>(all - std::min(all, roomForLines(whole->area.height)));
     looks.back = static_cast<std::size_t>(
         std::clamp(static_cast<std::ptrdiff_t>(looks.back) + lines, std::ptrdiff_t { 0 }, most));
 }

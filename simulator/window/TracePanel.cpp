@@ -79,6 +79,11 @@ std::vector<const TraceLine*> shownLines(const Session& session, const TraceLook
     return lines;
 }
 
+std::size_t roomForLines(double height)
+{
+    return static_cast<std::size_t>(std::max(height / lineHeight, 0.0));
+}
+
 std::string nextFilter(const Session& session, const TraceLooks& looks)
 {
     std::set<std::string> kinds;
@@ -114,7 +119,7 @@ void addTrace(Sheet& sheet, const Subject& subject, const Area& card)
     addTools(sheet, subject, { inside.x, card.y + 8, inside.width, toolsHeight });
     const TraceLooks& looks = subject.attention.trace;
     const auto lines = shownLines(subject.session, looks);
-    const auto room = static_cast<std::size_t>(std::max(inside.height / lineHeight, 0.0));
+    const std::size_t room = roomForLines(inside.height);
     const std::size_t last = lines.size() - std::min(looks.back, lines.size() - std::min(room, lines.size()));
     const std::size_t first = last - std::min(room, last);
     const Spot whole { { card.x, inside.y, card.width, inside.height }, Purpose::Trace,

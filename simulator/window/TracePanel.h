@@ -15,6 +15,8 @@ enum class TracePart { Whole, Line, Filter, Copy, Pause };
 /// Those that there are to see, filtered, the newest last. They live as long as the session and the looks are left
 /// alone.
 std::vector<const TraceLine*> shownLines(const Session& session, const TraceLooks& looks);
+/// How many lines are shown at once in the panel's area of lines, which is so high.
+std::size_t roomForLines(double height);
 /// The filter after the present one: each kind of event that there is, then all of them.
 std::string nextFilter(const Session& session, const TraceLooks& looks);
 /// As it is copied.

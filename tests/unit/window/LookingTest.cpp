@@ -239,6 +239,25 @@ TEST_F(LookingTest, TheTraceIsFilteredHeldScrolledAndCopied)
     EXPECT_EQ(looks.back, 0U);
 }
 
+TEST_F(LookingTest, FromTheOldestLineTheWheelLeadsBackAtOnce)
+{
+    click(Purpose::Tab, static_cast<std::size_t>(Tab::Trace));
+    for (int i = 0; i < 80; ++i)
+        session->play("shake");
+    look();
+    const Area lines = spotOf(Purpose::Trace, 0)->area;
+    ASSERT_GT(shownLines(*session, person->attention().trace).size(), roomForLines(lines.height));
+    person->wheel({ lines.x + 1, lines.y + 1 }, 10'000);
+    look();
+    const std::size_t top = person->attention().trace.back;
+    EXPECT_EQ(top, shownLines(*session, person->attention().trace).size() - roomForLines(lines.height));
+    const std::string oldest = texts();
+    person->wheel({ lines.x + 1, lines.y + 1 }, -1);
+    look();
+    EXPECT_EQ(person->attention().trace.back, top - 1);
+    EXPECT_NE(texts(), oldest);
+}
+
 TEST_F(LookingTest, ATimeIsNeverCut)
 {
     session->advance(20min);
