@@ -29,6 +29,23 @@ constinit Selector<id()> allKeys { "allKeys" };
     return reinterpret_cast<::Method>(method);
 }
 
+/// To be freed by whoever asked.
+struct OwnMethods {
+    ::Method* methods = nullptr;
+    unsigned count = 0;
+};
+
+/// Those of the class itself, not what it inherits; none where there is no such class.
+OwnMethods ownMethodsOf(const char* className) noexcept
+{
+    return shielded([=] {
+        OwnMethods own;
+        if (::Class const hostClass = ::objc_getClass(className); hostClass != nullptr)
+            own.methods = class_copyMethodList(hostClass, &own.count);
+        return own;
+    });
+}
+
 } // namespace
 
 NSString systemVersion() noexcept
@@ -67,9 +84,7 @@ const char* typeOfVariable(const char* className, const char* variable) noexcept
 std::vector<std::string> namesOfOwnMethods(const char* className)
 {
     std::vector<std::string> names;
-    ::Class const hostClass = ::objc_getClass(className);
-    unsigned count = 0;
-    ::Method* const methods = hostClass != nullptr ? class_copyMethodList(hostClass, &count) : nullptr;
+    const auto [methods, count] = ownMethodsOf(className);
     for (unsigned index = 0; index < count; ++index)
         names.emplace_back(sel_getName(method_getName(methods[index])));
     std::free(methods);
@@ -79,10 +94,8 @@ std::vector<std::string> namesOfOwnMethods(const char* className)
 
 OwnMethod* ownMethod(const char* className, const char* method) noexcept
 {
-    ::Class const hostClass = ::objc_getClass(className);
     ::SEL const name = sel_registerName(method);
-    unsigned count = 0;
-    ::Method* const methods = hostClass != nullptr ? class_copyMethodList(hostClass, &count) : nullptr;
+    const auto [methods, count] = ownMethodsOf(className);
     ::Method found = nullptr;
     for (unsigned index = 0; index < count; ++index) {
         if (method_getName(methods[index]) == name)
