@@ -240,15 +240,12 @@ void WindowLoop::handleKey(const SDL_KeyboardEvent& event)
     }
 }
 
-bool WindowLoop::handleShortcut(const SDL_Keysym& key)
+void WindowLoop::handleShortcut(const SDL_Keysym& key)
 {
     if (key.sym == SDLK_q || key.sym == SDLK_w)
         perform(WindowAct::Quit);
     else if (key.sym == SDLK_c)
         perform(WindowAct::CopyTrace);
-    else
-        return false;
-    return true;
 }
 
 void WindowLoop::handleKeyDown(const SDL_KeyboardEvent& event)

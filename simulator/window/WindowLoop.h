@@ -54,7 +54,7 @@ private:
     void handleWindow(const SDL_WindowEvent& event);
     void handleKey(const SDL_KeyboardEvent& event);
     void handleKeyDown(const SDL_KeyboardEvent& event);
-    bool handleShortcut(const SDL_Keysym& key);
+    void handleShortcut(const SDL_Keysym& key);
     void followPointer();
     void perform(WindowAct act);
     bool isOver() const { return !m_isOpen || wantsPhone() || m_desk.wantsStart(); }
