@@ -118,10 +118,16 @@ Where the folder of the property lists is kept; ~/.local/share without it.
 .TP
 \fBXDG_RUNTIME_DIR\fR
 The folder of the session, in which \fBpanotra desktop\fR is found by a second one.
+.TP
+\fBXDG_STATE_HOME\fR
+Where the place of the window is kept; ~/.local/state without it.
 .SH FILES
 .TP
 \fI~/.local/share/panotra/preferences\fR
 The property lists of settings and remembered levels, a file a domain.
+.TP
+\fI~/.local/state/panotra/window\fR
+Where the window of \fBpanotra window\fR stood when it was closed last, and how large it was.
 .SH EXAMPLES
 .TP
 \fBpanotra play examples/headphones.scenario\fR

@@ -31,7 +31,7 @@ void addWindowCommand(CLI::App& app, ExitStatus& status, Work<WindowOptions> ope
         ->type_name("SYSTEM");
     command
         ->add_option("--scale", options->scale,
-            "How many pixels do what one does on a plain display, 0.5 to 4 (default: what the system says)")
+            "How much larger than usual everything is, 0.5 to 4 (default: what the system says)")
         ->check(CLI::Range(0.5, 4.0))
         ->type_name("N");
     command->add_option("--wallpaper", options->wallpaper, "dusk, dawn or a PNG file")
@@ -60,11 +60,9 @@ void addWindowCommand(CLI::App& app, ExitStatus& status, Work<WindowOptions> ope
         "--statistics", options->wantsStatistics, "At the end, tell of turns of the loop and frame times");
     command->footer(
         "Press ? in the window for its keys, F10 for its menu; O starts the phone anew as one of the next system, "
-        "unless it is recorded "
-        "or traced.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
+        "unless it is recorded or traced.\nWhat `panotra prefs set` changes meanwhile is obeyed at once.\n"
         "A mixer that is shown takes another style, skin or size at once, dismissed and presented anew; on a phone it "
-        "is "
-        "at the next showing.\n"
+        "is at the next showing.\n"
         "A scenario keeps its settings in memory unless --prefs names a folder, and its `shot` leaves no picture. It "
         "plays until\nit is over or somebody touches the phone, who has it from then on. What it does is recorded and "
         "traced like everything else.\n"
