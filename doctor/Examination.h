@@ -1,4 +1,5 @@
-/// What the report says, a part a function. Nothing is hooked, and nothing of the process is changed. Main thread.
+/// What the report says, a part a function. Two methods are stood in front of for a minute at most (PassingCall.h) and
+/// put back; nothing else of the process is changed. Main thread.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,5 @@
 /// Feeds command lines to `panotra prefs` and `panotra picture`, a word a line. Each ends with a documented status; a
-/// wrong one is told in one line, and one that did what it was asked to without a word.
+/// wrong one is told in one line.
 ///
 /// Files are named in a folder of its own: a word with a slash in it is not tried.
 #include "simulator/LinkedLibrary.h"

@@ -74,7 +74,7 @@ inline constexpr std::array hookRows {
 };
 // clang-format on
 
-/// A row for whoever looks for the method without hooking it: the library's functions stay behind.
+/// A row without the library's functions: for the doctor, which must not link the hooks.
 struct HostMethod {
     Turn turn;
     const char* className;

@@ -1,4 +1,4 @@
-/// One process: whoever started it, a service manager for one, watches the same one on.
+/// It replaces this process, so that whoever started it, a service manager for one, still watches the right one.
 #include "simulator/commands/OtherProgram.h"
 
 #include "simulator/Play.h"

@@ -50,7 +50,7 @@ public:
 
     /// Who gets the trace: called with {"t": …, "event": …, fields…}.
     std::function<void(const Json&)> traceSink;
-    /// Who gets it as text: the same, a line of JSON an event. With neither of the two events cost nothing.
+    /// Who gets it as text: the same, a line of JSON an event. Without either, events cost nothing.
     std::function<void(std::string_view)> traceLines;
     /// Reports an event; `addFields(fields)` adds what it has besides its name, and is called once for each who
     /// listens.

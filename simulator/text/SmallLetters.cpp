@@ -1,4 +1,4 @@
-/// Whatever the locale.
+/// Makes the capitals of ASCII small, whatever the locale.
 #include "simulator/text/SmallLetters.h"
 
 #include <algorithm>

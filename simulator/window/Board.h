@@ -18,7 +18,7 @@ namespace panotra::sim {
 /// What lies over everything else.
 enum class Overlaid { Nothing, Help, Menu };
 
-/// Of a narrow window's column.
+/// What the column of a narrow window shows, and below the settings the panel of a wide one.
 enum class Tab { Controls, Settings, Levels, Trace, Inspector };
 
 /// Another phone, as far as it differs from the one that there is.
@@ -45,7 +45,7 @@ struct Attention {
     Overlaid overlay = Overlaid::Nothing;
     bool isForgettingAsked = false; ///< one more click forgets everything
     std::optional<NewPhone> wantsPhone {}; ///< the phone is to start anew
-    Tab tab = Tab::Controls; ///< of the folded column; the panel shows the inspector for its own, else the trace
+    Tab tab = Tab::Controls; ///< Controls and Settings count as Levels in the panel
     TraceLooks trace {};
     ViewMark mark {}; ///< what the inspector is about
 };

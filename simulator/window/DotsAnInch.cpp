@@ -1,4 +1,4 @@
-/// Reading resources as text.
+/// Reads the dots an inch from the text of an X server's resources.
 #include "simulator/window/X11Scale.h"
 
 #include <algorithm>

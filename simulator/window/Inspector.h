@@ -17,7 +17,7 @@ class Device;
 /// The view that is looked at: by its address alone, which is never followed, for it may be gone.
 struct ViewMark {
     const void* view = nullptr;
-    bool isChosen = false; ///< in the tree or the trace: the pointer does not change it before it moves over the phone
+    bool isChosen = false; ///< in the tree or the trace: it stays until the pointer moves over the phone
 };
 
 struct InspectedView {

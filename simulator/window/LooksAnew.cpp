@@ -1,4 +1,4 @@
-/// Waiting for the right moments.
+/// Dismisses a shown mixer once nothing moves, and presents it with its new looks once it is gone.
 #include "simulator/window/LooksAnew.h"
 
 #include "facts/AudioNames.h"

@@ -1,4 +1,4 @@
-/// Names and bodies.
+/// Finds a phone by its name or its screen, and says what is around the screen.
 #include "simulator/window/PhoneModels.h"
 
 #include "simulator/scenario/TextFormat.h"

@@ -1,4 +1,4 @@
-/// A line of four numbers.
+/// Reads and writes the window's place and size, a line of four numbers in a file.
 #include "simulator/window/WindowPlace.h"
 
 #include <array>

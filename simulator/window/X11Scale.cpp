@@ -1,4 +1,4 @@
-/// A property of the root window.
+/// Asks the X server for its resources, a property of the root window, and makes a scale of them.
 #include "simulator/window/X11Scale.h"
 
 #include <xcb/xcb.h>

@@ -1,4 +1,4 @@
-/// The rules.
+/// The rules by which the levels must change, an event at a time.
 #include "tests/endurance/LevelModel.h"
 
 #include <algorithm>

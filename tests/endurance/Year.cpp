@@ -1,4 +1,4 @@
-/// The days.
+/// What happens on the days of a life with the mixer, and what is compared after each event.
 #include "tests/endurance/Year.h"
 
 #include "simulator/LinkedLibrary.h"

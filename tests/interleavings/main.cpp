@@ -2,7 +2,7 @@
 ///
 ///     interleavings [--depth N] [--seconds S] [--processes P] [--allowed FOLDER]
 ///
-/// Without --depth it goes as deep as S seconds allow, 600 unless said otherwise: no depth is begun after that.
+/// Without --depth it goes as deep as S seconds allow, 600 unless said otherwise, and ends then, wherever it is.
 /// --allowed writes the shortest scenario of everything that is allowed though it looks wrong into the folder. Status
 /// 1: something did not hold, and a scenario that shows it is on standard output; 2: the command line is wrong.
 #include "tests/interleavings/Explorer.h"

@@ -1,4 +1,4 @@
-/// Two sets of names.
+/// Finds the methods under their names on earlier and on later systems.
 #include "tests/threads/Methods.h"
 
 #include "simulator/systems/Systems.h"
