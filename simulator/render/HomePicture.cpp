@@ -93,7 +93,11 @@ struct HomeLayout {
     double dockHeight() const { return tile + 36; }
     double columnX(int column) const { return gap + column * (tile + gap); }
     int places() const { return std::clamp(rows * columns, 0, static_cast<int>(pageTiles.size())); }
-    Point placeOf(int place) const { return { columnX(place % columns), firstRow + place / columns * rowPitch }; }
+    Point placeOf(int place) const
+    {
+        const int row = place / columns;
+        return { columnX(place % columns), firstRow + row * rowPitch };
+    }
     Point dockPlaceOf(int place) const
     {
         const double left = (columns - dockColumns) * (tile + gap) / 2;

@@ -5,7 +5,7 @@
 
 #include <string>
 
-struct pa_sink_info;
+struct pa_sink_info; // NOLINT: the name is libpulse's
 
 namespace panotra::sound {
 

@@ -51,7 +51,7 @@ void addSideButtons(Sheet& sheet, const Subject& subject)
 void addWindowButton(Sheet& sheet, const Subject& subject, const Area& area, WindowAct act)
 {
     const bool isRecording = subject.session.isRecording();
-    const char* label = "";
+    const char* label = "Picture";
     bool isOn = false;
     switch (act) {
     case WindowAct::Help:
@@ -67,7 +67,6 @@ void addWindowButton(Sheet& sheet, const Subject& subject, const Area& area, Win
         isOn = isRecording;
         break;
     default:
-        label = "Picture";
         break;
     }
     const Spot spot { area, Purpose::Act, static_cast<std::size_t>(act) };
